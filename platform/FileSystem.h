@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace qv {
+
+/// How a file is opened. Reading and writing are shared with other processes.
+enum class OpenMode {
+  Read,   ///< an existing file
+  Write,  ///< created, or emptied when it exists
+};
+
+/// One open file. Bytes go through as they are; line ends are the caller's business.
+class OpenFile {
+ public:
+  virtual ~OpenFile() = default;
+
+  /// Reads up to `capacity` bytes into `buffer`. Returns the count, 0 at the end of the file, -1 on failure.
+  virtual std::ptrdiff_t Read(char* buffer, std::size_t capacity) = 0;
+
+  /// Writes all of `bytes`; false when not all of them could be written.
+  virtual bool Write(std::string_view bytes) = 0;
+
+  /// Makes what was written durable; false on failure.
+  virtual bool Flush() = 0;
+
+  /// Closes; false when the system reports a late write failure. The destructor closes silently.
+  virtual bool Close() = 0;
+};
+
+/// The file operations of the library. Paths are narrow text in the platform's code page. Every failing call
+/// leaves the system's reason for a person in `reason` ("No such file or directory").
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  /// Null on failure. A directory is not a file: opening one fails.
+  virtual std::unique_ptr<OpenFile> Open(const std::string& path, OpenMode mode, std::string& reason) = 0;
+
+  /// Puts `from` in the place of `to` in one step: whoever opens `to` sees the old file or the new one.
+  virtual bool Replace(const std::string& from, const std::string& to, std::string& reason) = 0;
+
+  virtual bool Remove(const std::string& path, std::string& reason) = 0;
+  virtual bool Exists(const std::string& path) = 0;
+
+  /// Creates the folder with any missing parents; true also when it is there already.
+  virtual bool CreateFolders(const std::string& path, std::string& reason) = 0;
+  virtual bool RemoveFolder(const std::string& path, std::string& reason) = 0;
+};
+
+/// The file system in use: the platform's, unless a test has set another.
+FileSystem& Files();
+
+/// Puts `files` in the platform's place; null brings it back. For tests.
+void SetFileSystem(FileSystem* files);
+
+/// The platform's file system itself.
+FileSystem& PlatformFiles();
+
+/// How the platform's text files look: written lines end with kLineEnd, and a kEndOfText byte (if not -1)
+/// ends a read.
+extern const std::string_view kLineEnd;
+extern const int kEndOfText;
+
+/// Full path of the running program.
+std::string ProgramPath();
+
+}  // namespace qv

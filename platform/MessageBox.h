@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QVAssemblyFile/Export.h>
+
+/// Receives the text of a message box instead of the user.
+using MessageBoxHandler = void (*)(const char* text, void* context);
+
+/// Replaces the message box (Windows: a modal box with an OK button, owned by the active window; elsewhere: a
+/// line on standard error) by a handler of the host's own. Null brings the message box back. Not to be called
+/// while another thread is inside the library.
+QVASSEMBLY_API void SetMessageBoxHandler(MessageBoxHandler handler, void* context);
+
+namespace qv {
+
+/// Shows `text` through the handler or the platform's message box.
+void ShowMessage(const char* text);
+
+/// The platform's own message box, whatever handler is set.
+void ShowPlatformMessage(const char* text);
+
+}  // namespace qv

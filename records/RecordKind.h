@@ -1,0 +1,18 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+/// The kinds of record that an assembly file may list. The order is that of the engine's flags and lists.
+enum class RecordKind {
+  Parts,
+  Tools,
+  Materials,
+  Sheets,
+  PartPrograms,
+  MaterialInventory,  ///< import only
+  MaterialLibrary,    ///< import only
+  JobProgress,        ///< export only
+};
+
+inline constexpr std::size_t kRecordKindCount = 8;
