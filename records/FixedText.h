@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QVAssemblyFile/Export.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
@@ -10,7 +12,7 @@ namespace qv {
 /// Text in a buffer of its own, of at most Capacity - 1 characters, always terminated. Only the bytes of the
 /// text are ever written; what lies behind the terminator is left as it is, for records hold dozens of these.
 template <std::size_t Capacity>
-class FixedText {
+class QVASSEMBLY_API FixedText {
  public:
   FixedText() { text_[0] = '\0'; }
 

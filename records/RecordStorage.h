@@ -7,21 +7,37 @@
 
 namespace qv {
 
-/// Storage for records, shared by host and library so that either may delete what the other created. Throws
-/// std::bad_alloc. Safe to call from any thread.
+/// Storage for records, shared by host and library so that either may delete what the other created, one by
+/// one, from any thread and as late as the destruction of static objects. Throws std::bad_alloc. Free ignores
+/// null.
 QVASSEMBLY_API void* AllocateRecord(std::size_t size);
 QVASSEMBLY_API void FreeRecord(void* record) noexcept;
 
+/// The same without an exception: null when memory runs out.
+QVASSEMBLY_API void* AllocateRecord(std::size_t size, const std::nothrow_t&) noexcept;
+
 }  // namespace qv
 
-/// Gives a record class the library's storage whoever says new or delete. The placement form stays usable.
-#define QVASSEMBLY_RECORD_STORAGE                                                      \
-  static void* operator new(std::size_t size) { return ::qv::AllocateRecord(size); }   \
-  static void* operator new[](std::size_t size) { return ::qv::AllocateRecord(size); } \
-  static void* operator new(std::size_t, void* place) noexcept { return place; }       \
-  static void operator delete(void* record) noexcept { ::qv::FreeRecord(record); }     \
-  static void operator delete[](void* records) noexcept { ::qv::FreeRecord(records); } \
-  static void operator delete(void*, void*) noexcept {}
+/// Gives a record class the library's storage whoever says new or delete. The other forms of new stay usable.
+#define QVASSEMBLY_RECORD_STORAGE                                                                         \
+  static void* operator new(std::size_t size) { return ::qv::AllocateRecord(size); }                      \
+  static void* operator new[](std::size_t size) { return ::qv::AllocateRecord(size); }                    \
+  static void* operator new(std::size_t size, const std::nothrow_t& quietly) noexcept {                   \
+    return ::qv::AllocateRecord(size, quietly);                                                           \
+  }                                                                                                       \
+  static void* operator new[](std::size_t size, const std::nothrow_t& quietly) noexcept {                 \
+    return ::qv::AllocateRecord(size, quietly);                                                           \
+  }                                                                                                       \
+  static void* operator new(std::size_t, void* place) noexcept { return place; }                          \
+  static void* operator new[](std::size_t, void* place) noexcept { return place; }                        \
+  static void operator delete(void* record) noexcept { ::qv::FreeRecord(record); }                        \
+  static void operator delete[](void* records) noexcept { ::qv::FreeRecord(records); }                    \
+  static void operator delete(void* record, const std::nothrow_t&) noexcept { ::qv::FreeRecord(record); } \
+  static void operator delete[](void* records, const std::nothrow_t&) noexcept {                          \
+    ::qv::FreeRecord(records);                                                                            \
+  }                                                                                                       \
+  static void operator delete(void*, void*) noexcept {}                                                   \
+  static void operator delete[](void*, void*) noexcept {}
 
 namespace qv {
 

@@ -1,0 +1,153 @@
+#pragma once
+
+#include <QVAssemblyFile/Export.h>
+#include <QVAssemblyFile/FixedText.h>
+#include <QVAssemblyFile/RecordStorage.h>
+
+#include <vector>
+
+/// A tool that a part program uses. Like all elements of a part program's lists it is a plain structure that
+/// the host fills itself, with terminated narrow texts of at most 259 characters. A fresh one is empty.
+struct QVASSEMBLY_API UsedToolInfo {
+  int ToolShape = 0;
+  char ToolType[260] = "";
+  char ToolDescription[260] = "";
+  char StaSize[260] = "";
+  char ToolSta[260] = "";
+};
+
+/// A hole of a part program.
+struct QVASSEMBLY_API HoleInfo {
+  char HoleType[260] = "";
+  char HoleDimX[260] = "";
+  char HoleDimY[260] = "";
+  char HoleDimR[260] = "";
+  char HoleQuantity[260] = "";
+};
+
+/// A bend of a part program.
+struct QVASSEMBLY_API BendInfo {
+  char BendAngle[260] = "";
+  char BendRadius[260] = "";
+  char BendDeduction[260] = "";
+  char BendType[260] = "";
+  char BendComments[260] = "";
+};
+
+/// One part program with its used tools, holes and bends: one row of a part-programs file.
+///
+/// Texts are narrow, in the system's code page. Units and codes are the host's; nothing is checked.
+/// Everything in a fresh record is empty or 0. A copy has lists of its own. A record belongs to one thread at
+/// a time.
+class QVASSEMBLY_API PrtInfo {
+ public:
+  PrtInfo();
+  PrtInfo(const PrtInfo& other);
+  PrtInfo& operator=(const PrtInfo& other);
+  ~PrtInfo();
+
+  /// A text setter keeps the first 259 characters and ignores null. A text getter needs a buffer of 260
+  /// bytes, writes the text with its terminator and a NUL into the last byte, and ignores null.
+  void GetPartName(char* buffer);
+  void SetPartName(const char* text);
+  void GetCustomer(char* buffer);
+  void SetCustomer(const char* text);
+  void GetPartNumber(char* buffer);
+  void SetPartNumber(const char* text);
+  void GetProgrammerName(char* buffer);
+  void SetProgrammerName(const char* text);
+  void GetRevision(char* buffer);
+  void SetRevision(const char* text);
+  void GetComments(char* buffer);
+  void SetComments(const char* text);
+  void GetMachine(char* buffer);
+  void SetMachine(const char* text);
+  void GetToolInventory(char* buffer);
+  void SetToolInventory(const char* text);
+  void GetMaterialFile(char* buffer);
+  void SetMaterialFile(const char* text);
+  void GetMaterialGroup(char* buffer);
+  void SetMaterialGroup(const char* text);
+  void GetMaterialType(char* buffer);
+  void SetMaterialType(const char* text);
+  void GetClampPosition(char* buffer);
+  void SetClampPosition(const char* text);
+
+  /// Numbers.
+  float GetPartSizeX();
+  void SetPartSizeX(float value);
+  float GetPartSizeY();
+  void SetPartSizeY(float value);
+  float GetDefaultRotation();
+  void SetDefaultRotation(float value);
+  double GetEstimateTime();
+  void SetEstimateTime(double value);
+  int GetPartDefaultPosition();
+  void SetPartDefaultPosition(int value);
+  double GetAverProcessTime();
+  void SetAverProcessTime(double value);
+  float GetGridSpacingH();
+  void SetGridSpacingH(float value);
+  float GetGridSpacingV();
+  void SetGridSpacingV(float value);
+  float GetMarginTop();
+  void SetMarginTop(float value);
+  float GetMarginBottom();
+  void SetMarginBottom(float value);
+  float GetMarginLeft();
+  void SetMarginLeft(float value);
+  float GetMarginRight();
+  void SetMarginRight(float value);
+  float GetSheetSizeX();
+  void SetSheetSizeX(float value);
+  float GetSheetSizeY();
+  void SetSheetSizeY(float value);
+  float GetMaterialThickness();
+  void SetMaterialThickness(float value);
+
+  /// Lists. The getter replaces what the caller's list holds by copies of the record's elements, the setter
+  /// the record's elements by copies of the caller's. Both throw std::bad_alloc, leaving the record as it
+  /// was.
+  void GetUsedToolInfo(std::vector<UsedToolInfo>& list);
+  void SetUsedToolInfo(std::vector<UsedToolInfo>& list);
+  void GetHoleInfo(std::vector<HoleInfo>& list);
+  void SetHoleInfo(std::vector<HoleInfo>& list);
+  void GetBendInfo(std::vector<BendInfo>& list);
+  void SetBendInfo(std::vector<BendInfo>& list);
+
+  QVASSEMBLY_RECORD_STORAGE
+
+ private:
+  friend struct qv::ColumnTable<PrtInfo>;
+
+  qv::FixedText<260> partName_;
+  qv::FixedText<260> customer_;
+  qv::FixedText<260> partNumber_;
+  float partSizeX_ = 0.0f;
+  float partSizeY_ = 0.0f;
+  qv::FixedText<260> programmerName_;
+  float defaultRotation_ = 0.0f;
+  qv::FixedText<260> revision_;
+  double estimateTime_ = 0.0;
+  qv::FixedText<260> comments_;
+  int partDefaultPosition_ = 0;
+  double averProcessTime_ = 0.0;
+  float gridSpacingH_ = 0.0f;
+  float gridSpacingV_ = 0.0f;
+  float marginTop_ = 0.0f;
+  float marginBottom_ = 0.0f;
+  float marginLeft_ = 0.0f;
+  float marginRight_ = 0.0f;
+  qv::FixedText<260> machine_;
+  qv::FixedText<260> toolInventory_;
+  qv::FixedText<260> materialFile_;
+  qv::FixedText<260> materialGroup_;
+  qv::FixedText<260> materialType_;
+  float sheetSizeX_ = 0.0f;
+  float sheetSizeY_ = 0.0f;
+  float materialThickness_ = 0.0f;
+  qv::FixedText<260> clampPosition_;
+  std::vector<UsedToolInfo> usedToolInfo_;
+  std::vector<HoleInfo> holeInfo_;
+  std::vector<BendInfo> bendInfo_;
+};
