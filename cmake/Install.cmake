@@ -1,0 +1,41 @@
+# What an installation holds: the library with its headers and package files, the command line with its manual and
+# completion, and the documentation with the examples.
+
+include(CMakePackageConfigHelpers)
+
+get_property(public_headers GLOBAL PROPERTY QV_PUBLIC_HEADERS)
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/QVAssemblyFile)
+
+install(TARGETS QVAssemblyFile
+        EXPORT QVAssemblyFileTargets
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(FILES ${public_headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/QVAssemblyFile)
+
+install(EXPORT QVAssemblyFileTargets
+        NAMESPACE QVAssemblyFile::
+        DESTINATION ${package_dir})
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/QVAssemblyFileConfig.cmake.in
+                              ${PROJECT_BINARY_DIR}/QVAssemblyFileConfig.cmake
+                              INSTALL_DESTINATION ${package_dir})
+# Before 1.0 a new minor version may break hosts.
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/QVAssemblyFileConfigVersion.cmake
+                                 COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/QVAssemblyFileConfig.cmake
+              ${PROJECT_BINARY_DIR}/QVAssemblyFileConfigVersion.cmake
+        DESTINATION ${package_dir})
+
+# The pkg-config file finds its prefix from where it stands, so that an installation may be moved.
+file(RELATIVE_PATH pkgconfig_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+configure_file(${PROJECT_SOURCE_DIR}/cmake/QVAssemblyFile.pc.in ${PROJECT_BINARY_DIR}/QVAssemblyFile.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/QVAssemblyFile.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+if(TARGET qvassembly)
+  file(RELATIVE_PATH library_from_program ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+  set_target_properties(qvassembly PROPERTIES INSTALL_RPATH "$ORIGIN/${library_from_program}")
+  install(TARGETS qvassembly RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
+
+install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR})

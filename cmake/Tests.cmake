@@ -1,0 +1,27 @@
+# How tests are added. A test bears the name of its build tree, so that one run over several trees tells them apart, and
+# has a temporary folder of its own, so that tests may run side by side.
+
+get_filename_component(QV_TREE ${PROJECT_BINARY_DIR} NAME)
+
+# qv_test(NAME SOURCES file... [LIBRARIES target...]): a program of GoogleTest cases that looks inside the library.
+function(qv_test name)
+  cmake_parse_arguments(TEST "" "" "SOURCES;LIBRARIES" ${ARGN})
+  add_executable(${name}_tests ${TEST_SOURCES})
+  target_link_libraries(${name}_tests PRIVATE qv_core GTest::gtest_main ${TEST_LIBRARIES})
+  qv_warnings(${name}_tests)
+  add_test(NAME ${QV_TREE}.${name} COMMAND ${name}_tests)
+  qv_give_temporary_folder(${name})
+endfunction()
+
+# qv_script_test(NAME script [argument...]): a bash script; 77 means that it cannot be run here.
+function(qv_script_test name script)
+  add_test(NAME ${QV_TREE}.${name} COMMAND bash ${CMAKE_CURRENT_SOURCE_DIR}/${script} ${ARGN})
+  set_tests_properties(${QV_TREE}.${name} PROPERTIES SKIP_RETURN_CODE 77)
+  qv_give_temporary_folder(${name})
+endfunction()
+
+function(qv_give_temporary_folder name)
+  set(folder ${PROJECT_BINARY_DIR}/tmp/${name})
+  file(MAKE_DIRECTORY ${folder})
+  set_property(TEST ${QV_TREE}.${name} APPEND PROPERTY ENVIRONMENT TMPDIR=${folder} TEST_TMPDIR=${folder})
+endfunction()

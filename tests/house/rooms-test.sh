@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# A room includes only what stands below it, and only the rooms that meet the platform ask which one it is.
+set -euo pipefail
+here=$(dirname "${BASH_SOURCE[0]}")
+# shellcheck source=tests/house/expect.sh
+. "$here/expect.sh"
+cd "$here/../.."
+
+# What a room may include besides itself. Everyone may mark what is exported (module/Export.h).
+declare -A sees=(
+  [platform]=""
+  [records]=""
+  [format]="platform"
+  [engines]="platform records format"
+  [manager]="platform records format engines"
+  [dialogs]="platform records format engines manager"
+  [cli]="platform records format manager dialogs"
+)
+
+# The room in which the public header NAME stands.
+room_of_public() {
+  local found=(*/"$1")
+  printf '%s\n' "${found[0]%%/*}"
+}
+
+check_include() {
+  local file=$1 header=$2 room=${1%%/*} target
+  case $header in
+    QVAssemblyFile/Export.h) return 0 ;;
+    QVAssemblyFile/QVAssemblyFile.h) [ "$room" = cli ] && return 0; target=module ;;
+    QVAssemblyFile/*) target=$(room_of_public "${header#*/}") ;;
+    *) target=${header%%/*} ;;
+  esac
+  [ -d "$target" ] || return 0
+  [[ " $room ${sees[$room]} " == *" $target "* ]] || miss "$file includes $header, which stands in $target/"
+}
+
+checked=0
+while IFS=: read -r file line; do
+  header=$(sed -E 's/^[[:space:]]*#[[:space:]]*include[[:space:]]*["<]([^">]*)[">].*/\1/' <<<"$line")
+  case $header in */*) check_include "$file" "$header" ;; esac
+  checked=$((checked + 1))
+done < <(grep -rE --include='*.h' --include='*.cpp' '^[[:space:]]*#[[:space:]]*include' "${!sees[@]}")
+[ "$checked" -gt 100 ] || miss "only $checked includes were found; this test looks in the wrong place"
+
+platform_macros='_WIN32|_WIN64|WIN32|__MINGW|_MSC_VER|__linux__|__unix__'
+while IFS=: read -r file line; do
+  case $file in platform/* | module/* | dialogs/windows/*) ;; *) miss "$file asks for the platform: $line" ;; esac
+done < <(grep -rE --include='*.h' --include='*.cpp' "^[[:space:]]*#.*\b($platform_macros)" "${!sees[@]}" module bench tests fuzz examples 2>/dev/null || true)

@@ -1,0 +1,56 @@
+#!/usr/bin/env bash
+# Installs a built tree into a scratch prefix and embeds it as a host would: by find_package and by pkg-config, after
+# the prefix has been moved. Every installed header must also stand on its own.
+set -euo pipefail
+# shellcheck source=tests/house/expect.sh
+. "$(dirname "${BASH_SOURCE[0]}")/../house/expect.sh"
+
+[ $# -eq 4 ] || { echo "usage: $0 SOURCE-TREE BUILD-TREE COMPILER COMPILER-FLAGS" >&2; exit 2; }
+source=$1 build=$2 compiler=$3
+read -ra flags <<<"$4"
+scratch=$build/embed-test
+prefix="$scratch/moved prefix"
+rm -rf "$scratch"
+
+installed=$scratch/prefix
+cmake --install "$build" --prefix "$installed" >/dev/null
+mv "$installed" "$prefix"
+library=$(dirname "$(find "$prefix" -name 'libQVAssemblyFile.so')")
+
+run_host() {
+  local lasers
+  lasers=$(grep -c 'Laser 3015' "$source/examples/parts.csv")
+  "$1" "$source/examples/AssemblyFormats.xml" "$source/examples/parts.csv" "$scratch/laser.txt" >"$scratch/output"
+  expect "what was read" "$(head -n 1 "$scratch/output" | cut -d. -f1)" "48 parts, 17 columns in the file"
+  expect "what was written" "$(tail -n 1 "$scratch/output")" "$lasers parts written to $scratch/laser.txt"
+  expect "the name line" "$(head -n 1 "$scratch/laser.txt")" '[FMT_Name=laser-list]'
+  expect "the rows below line 3" "$(tail -n +4 "$scratch/laser.txt" | grep -c 'Laser 3015')" "$lasers"
+}
+
+echo "by find_package"
+cmake -S "$source/examples/host" -B "$scratch/host" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" \
+  -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="${flags[*]}" >/dev/null
+cmake --build "$scratch/host" >/dev/null
+run_host "$scratch/host/host"
+
+echo "by pkg-config"
+pc="$library/pkgconfig/QVAssemblyFile.pc"
+expect "the version" "$(pkg-config --modversion "$pc")" \
+  "$(sed -n 's/.*PACKAGE_VERSION "\(.*\)"/\1/p' "$library"/cmake/*/*ConfigVersion.cmake | head -n 1)"
+eval "package=($(pkg-config --cflags --libs "$pc"))"
+# shellcheck disable=SC2154  # package is set by the line above
+"$compiler" -std=c++20 "${flags[@]}" "$source/examples/host/main.cpp" "${package[@]}" -Wl,-rpath,"$library" -o "$scratch/host-pc"
+run_host "$scratch/host-pc"
+
+echo "each header on its own"
+for header in "$prefix"/include/QVAssemblyFile/*.h; do
+  printf '#include <QVAssemblyFile/%s>\n' "$(basename "$header")" |
+    "$compiler" -std=c++20 -Wall -Wextra -Wpedantic -Werror -I"$prefix/include" -fsyntax-only -x c++ - ||
+    miss "$(basename "$header")"
+done
+
+if [ -x "$prefix/bin/qvassembly" ]; then
+  echo "the installed command line"
+  "$prefix/bin/qvassembly" import --kind parts --format orders --as jsonl "$source/examples/parts.csv" >"$scratch/parts.jsonl"
+  expect "the records" "$(wc -l <"$scratch/parts.jsonl")" 48
+fi
