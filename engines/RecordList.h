@@ -24,7 +24,7 @@ template <class Record>
 class RecordList {
  public:
   RecordList() = default;
-  ~RecordList() { Clear(); }
+  ~RecordList();
   RecordList(const RecordList&) = delete;
   RecordList& operator=(const RecordList&) = delete;
 
@@ -35,7 +35,6 @@ class RecordList {
   void Stage(std::shared_ptr<qv::AttachedRecord> record);
 
   std::size_t Size() const { return records_.size(); }
-  bool IsEmpty() const { return records_.empty(); }
   Record* operator[](std::size_t rank) const { return records_[rank]; }
   auto begin() const { return records_.begin(); }
   auto end() const { return records_.end(); }
@@ -43,8 +42,8 @@ class RecordList {
 
  private:
   std::vector<Record*> records_;
-  std::vector<std::shared_ptr<qv::AttachedRecord>> staged_;  // the owners of the staged ones among them
-  std::size_t built_ = 0;                                    // how many at the front are the engine's own
+  std::vector<std::unique_ptr<Record>> built_;
+  std::vector<std::shared_ptr<qv::AttachedRecord>> staged_;
 };
 
 /// One list per kind, found by record class.

@@ -1,0 +1,52 @@
+#include "engines/FileReport.h"
+
+#include <array>
+
+namespace qv {
+namespace {
+
+struct CellRemark {
+  Remark remark;
+  DiagnosticCode code;
+  const char* what;
+};
+
+constexpr std::array kCellRemarks = {
+    CellRemark{Remark::NotANumber, DiagnosticCode::NotANumber, "is not a number"},
+    CellRemark{Remark::TrailingText, DiagnosticCode::TrailingText, "has text after the number"},
+    CellRemark{Remark::NumberOutOfRange, DiagnosticCode::NumberOutOfRange, "is too large a number"},
+    CellRemark{Remark::EmptyValue, DiagnosticCode::EmptyValue, "the cell is empty"},
+    CellRemark{Remark::UnknownWord, DiagnosticCode::UnknownWord, "is none of the words for this column"},
+    CellRemark{Remark::TextCut, DiagnosticCode::TextCut, "is longer than the field"},
+};
+
+constexpr std::size_t kLongestQuote = 60;
+
+}  // namespace
+
+std::string Quoted(std::string_view text) {
+  std::string quoted = "\"";
+  quoted += text.substr(0, kLongestQuote);
+  if (text.size() > kLongestQuote) quoted += "…";
+  quoted += '"';
+  return quoted;
+}
+
+void FileReport::Tell(DiagnosticCode code, std::int64_t line, std::string_view column, std::string_view text,
+                      std::string_view stored, std::string message) const {
+  if (!wanted_) return;
+  Report({file_, line, std::string(column), code, std::string(text), std::string(stored), std::move(message)});
+}
+
+void FileReport::TellCell(Remark remark, std::int64_t line, std::string_view column, std::string_view text,
+                          std::string_view stored) const {
+  for (const CellRemark& entry : kCellRemarks) {
+    if (entry.remark != remark) continue;
+    std::string message = text.empty() ? std::string() : Quoted(text) + " ";
+    message += entry.what;
+    message += "; stored as " + Quoted(stored);
+    Tell(entry.code, line, column, text, stored, std::move(message));
+  }
+}
+
+}  // namespace qv

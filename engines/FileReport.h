@@ -1,0 +1,35 @@
+#pragma once
+
+#include "engines/columns/Remark.h"
+#include "platform/Diagnostics.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace qv {
+
+/// Tells the diagnostic handler what an import or export of one file did not take as it stood. Costs nothing while
+/// nobody listens.
+class FileReport {
+ public:
+  explicit FileReport(std::string_view file) : file_(file), wanted_(DiagnosticsWanted()) {}
+
+  bool IsWanted() const { return wanted_; }
+
+  void Tell(DiagnosticCode code, std::int64_t line, std::string_view column, std::string_view text,
+            std::string_view stored, std::string message) const;
+
+  /// What a column's reader noticed about a cell.
+  void TellCell(Remark remark, std::int64_t line, std::string_view column, std::string_view text,
+                std::string_view stored) const;
+
+ private:
+  std::string file_;
+  bool wanted_;
+};
+
+/// `text` in quotes for a sentence, cut when it is long.
+std::string Quoted(std::string_view text);
+
+}  // namespace qv

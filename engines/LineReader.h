@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace qv {
+
+/// Hands out the lines of a text file as views of a block of it. A line ends with LF or CR LF, on every platform; a
+/// CR anywhere else is a character. The last line needs no line end.
+class LineReader {
+ public:
+  explicit LineReader(OpenFile& file);
+
+  /// The next line without its line end, valid until the next call; false at the end of the file or on failure.
+  bool Next(std::string_view& line);
+
+  /// The 1-based number of the line last handed out.
+  std::int64_t LineNumber() const { return lineNumber_; }
+
+  /// True when reading stopped because the system reported an error.
+  bool HasFailed() const { return failed_; }
+
+ private:
+  bool Refill();
+
+  OpenFile& file_;
+  std::vector<char> block_;
+  std::size_t begin_ = 0;    // of what has not been handed out
+  std::size_t scanned_ = 0;  // how far that has been searched for a line end
+  std::size_t end_ = 0;
+  std::int64_t lineNumber_ = 0;
+  bool atEnd_ = false;
+  bool failed_ = false;
+};
+
+}  // namespace qv

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "engines/FieldSplitter.h"
+#include "engines/FileReport.h"
+#include "engines/columns/ColumnTables.h"
+#include "engines/columns/ResolvedColumns.h"
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace qv {
+
+/// Builds records from rows: the n-th field of a row belongs to the n-th keyword of the format's column list.
+template <class Record>
+class RecordBuilder {
+ public:
+  /// Keywords that the kind does not know are told once, as of `headerLine`.
+  RecordBuilder(const std::vector<std::string>& keywords, const FileReport& report, std::int64_t headerLine)
+      : keywords_(keywords), columns_(ResolveForReading<Record>(keywords)), report_(report) {
+    for (const Column<Record>* column : columns_)
+      if (column != nullptr && column->flag != nullptr) flags_.push_back(column->flag);
+    if (report_.IsWanted()) TellUnknownColumns(headerLine);
+  }
+
+  std::size_t ColumnCount() const { return columns_.size(); }
+
+  /// Null when the row gives no record. `text` is the row as it stands in the file, for remarks.
+  std::unique_ptr<Record> Build(const FieldViews& row, std::int64_t line, std::string_view text) const {
+    if (KindTraits<Record>::kSkipsEmptyRows && row.total == 0) {
+      TellLeftOut(line, text, "the row is empty");
+      return nullptr;
+    }
+    auto record = std::make_unique<Record>();
+    const std::size_t count = std::min(columns_.size(), row.fields.size());
+    for (std::size_t rank = 0; rank < count; ++rank)
+      if (!ReadCell(*record, rank, row.fields[rank], line)) {
+        TellLeftOut(line, text, "the cell " + keywords_[rank] + " is empty");
+        return nullptr;
+      }
+    for (bool Record::* flag : flags_) (*record).*flag = true;
+    if (report_.IsWanted()) TellLength(row, line, text);
+    return record;
+  }
+
+ private:
+  bool ReadCell(Record& record, std::size_t rank, std::string_view field, std::int64_t line) const {
+    const Column<Record>* const column = columns_[rank];
+    if (column == nullptr) return true;
+    if (!report_.IsWanted()) return column->read(record, field, nullptr) != Remark::AbandonRow;
+    std::string stored;
+    const Remark remark = column->read(record, field, &stored);
+    if (remark != Remark::None && remark != Remark::AbandonRow)
+      report_.TellCell(remark, line, keywords_[rank], field, stored);
+    return remark != Remark::AbandonRow;
+  }
+
+  void TellUnknownColumns(std::int64_t headerLine) const {
+    if (keywords_.empty())
+      report_.Tell(DiagnosticCode::NoColumns, headerLine, {}, {}, {}, "the format has no columns; nothing is read");
+    for (std::size_t rank = 0; rank < columns_.size(); ++rank)
+      if (columns_[rank] == nullptr && !Matches(KindTraits<Record>::kImportMatch, "Ignore", keywords_[rank]))
+        report_.Tell(DiagnosticCode::UnknownColumn, headerLine, keywords_[rank], {}, {},
+                     "no such column in a list of this kind; its cells are ignored");
+  }
+
+  void TellLeftOut(std::int64_t line, std::string_view text, const std::string& reason) const {
+    if (report_.IsWanted()) report_.Tell(DiagnosticCode::RowLeftOut, line, {}, text, {}, "row left out: " + reason);
+  }
+
+  void TellLength(const FieldViews& row, std::int64_t line, std::string_view text) const {
+    if (columns_.empty()) return;
+    const std::string counts =
+        std::to_string(row.total) + " fields for " + std::to_string(columns_.size()) + " columns";
+    if (row.total > columns_.size())
+      report_.Tell(DiagnosticCode::RowTooLong, line, {}, text, {}, counts + "; the surplus is ignored");
+    // A last cell that is empty looks like no cell at all.
+    const bool lastIsEmpty = row.endsWithDelimiter && row.total + 1 == columns_.size();
+    if (row.total < columns_.size() && !lastIsEmpty)
+      report_.Tell(DiagnosticCode::RowTooShort, line, {}, text, {}, counts + "; the missing ones keep their defaults");
+  }
+
+  const std::vector<std::string>& keywords_;
+  ResolvedColumns<Record> columns_;
+  std::vector<bool Record::*> flags_;
+  const FileReport& report_;
+};
+
+}  // namespace qv

@@ -1,0 +1,135 @@
+#include "engines/TextExport.h"
+
+#include "engines/CAssemblyFile.h"
+#include "engines/FileReport.h"
+#include "engines/FormatNameLine.h"
+#include "engines/SkippedColumns.h"
+#include "engines/TextFileWriter.h"
+#include "engines/WrittenCellRemarks.h"
+#include "engines/columns/ColumnTables.h"
+#include "engines/columns/ResolvedColumns.h"
+
+#include <algorithm>
+
+namespace qv {
+namespace {
+
+/// What the engine puts around and after each cell, asked once instead of once a cell.
+struct CellDress {
+  explicit CellDress(const CAssemblyFile& engine) {
+    std::string around;
+    engine.QualifyField(around);
+    before = around.substr(0, around.size() / 2);
+    after = around.substr(around.size() / 2);
+    engine.AppendDelimiter(delimiter);
+  }
+
+  std::string before;
+  std::string after;
+  std::string delimiter;
+};
+
+/// Name line and filler lines, so that the header row comes to stand on the start line.
+void WritePreamble(const CAssemblyFile& engine, TextFileWriter& file) {
+  if (engine.StartLine <= 1) return;
+  file.Pending() += FormatNameLine(engine.FormatName);
+  file.EndLine();
+  for (int line = 2; line < engine.StartLine; ++line) file.EndLine();
+}
+
+template <class Record>
+class RowWriter {
+ public:
+  RowWriter(const CAssemblyFile& engine, TextFileWriter& file, const FileReport& report)
+      : keywords_(engine.Columns(KindTraits<Record>::kKind)),
+        columns_(ResolveForWriting<Record>(keywords_)),
+        dress_(engine),
+        file_(file),
+        remarks_(report, dress_.delimiter, dress_.after) {
+    line_ = std::max(engine.StartLine, 1);
+  }
+
+  // Every keyword gets its header, known or not, and every header a delimiter.
+  void WriteHeader() {
+    for (std::size_t rank = 0; rank < keywords_.size(); ++rank) {
+      if (IsSkippedColumn(KindTraits<Record>::kKind, keywords_[rank])) continue;
+      if (columns_[rank] == nullptr) remarks_.TellUnknownColumn(line_, keywords_[rank]);
+      file_.Pending() += dress_.before + keywords_[rank] + dress_.after + dress_.delimiter;
+    }
+    EndLine();
+  }
+
+  void Write(const Record& record) {
+    std::size_t rows = 1;
+    for (const Column<Record>* column : columns_)
+      if (column != nullptr && column->count != nullptr) rows = std::max(rows, column->count(record));
+    for (std::size_t row = 0; row < rows; ++row) WriteRow(record, row);
+  }
+
+ private:
+  // A keyword that the kind does not know writes no cell at all, so that later cells move left under its header.
+  void WriteRow(const Record& record, std::size_t row) {
+    for (std::size_t rank = 0; rank < columns_.size(); ++rank) {
+      if (columns_[rank] == nullptr || IsSkippedColumn(KindTraits<Record>::kKind, keywords_[rank])) continue;
+      WriteCell(*columns_[rank], record, row, keywords_[rank]);
+      if (rank + 1 != columns_.size()) file_.Pending() += dress_.delimiter;
+    }
+    EndLine();
+  }
+
+  void WriteCell(const Column<Record>& column, const Record& record, std::size_t row, std::string_view keyword) {
+    std::string& out = file_.Pending();
+    out += dress_.before;
+    const std::size_t start = out.size();
+    const bool isWhole = row != 0 && column.count == nullptr ? true : column.write(record, row, out);
+    if (remarks_.AreWanted()) remarks_.Tell(line_, keyword, std::string_view(out).substr(start), isWhole);
+    out += dress_.after;
+  }
+
+  void EndLine() {
+    file_.EndLine();
+    ++line_;
+  }
+
+  const std::vector<std::string>& keywords_;
+  const ResolvedColumns<Record> columns_;
+  const CellDress dress_;
+  TextFileWriter& file_;
+  const WrittenCellRemarks remarks_;
+  std::int64_t line_ = 1;
+};
+
+/// Writes the kind if it has columns.
+template <class Record>
+bool WriteKind(const CAssemblyFile& engine, TextFileWriter& file, const FileReport& report) {
+  if (engine.Columns(KindTraits<Record>::kKind).empty()) return false;
+  RowWriter<Record> writer(engine, file, report);
+  writer.WriteHeader();
+  for (const Record* record : engine.StagedRecords.Of<Record>()) writer.Write(*record);
+  return true;
+}
+
+void WriteFirstKind(const CAssemblyFile& engine, TextFileWriter& file, const FileReport& report) {
+  const bool written =
+      WriteKind<PartInformation>(engine, file, report) || WriteKind<ToolInformation>(engine, file, report) ||
+      WriteKind<MaterialInfomation>(engine, file, report) || WriteKind<ShtInfo>(engine, file, report) ||
+      WriteKind<PrtInfo>(engine, file, report) || WriteKind<JobProgressInfo>(engine, file, report);
+  if (!written)
+    report.Tell(DiagnosticCode::NoColumns, 0, {}, {}, {}, "the format has no columns; no header and no rows written");
+}
+
+}  // namespace
+
+bool ExportRows(CAssemblyFile& engine, const char* path) {
+  const FileReport report(path);
+  TextFileWriter file(path, WorkingPlace::BesideTarget);
+  if (file.IsOpen()) {
+    WritePreamble(engine, file);
+    WriteFirstKind(engine, file, report);
+  }
+  if (!file.Commit())
+    report.Tell(DiagnosticCode::FileNotWritten, 0, {}, {}, {}, "cannot be written: " + file.Reason());
+  return true;
+}
+
+}  // namespace qv

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/ReplacingFile.h"
+
+#include <string>
+
+namespace qv {
+
+/// Writes a text file in large blocks and puts it in its target's place when it is whole.
+class TextFileWriter {
+ public:
+  TextFileWriter(const char* path, WorkingPlace place) : file_(path, place), open_(file_.Open()) {}
+
+  bool IsOpen() const { return open_; }
+
+  /// The text that has not been written yet; append to it, then end the line.
+  std::string& Pending() { return pending_; }
+
+  void EndLine() {
+    pending_ += kLineEnd;
+    if (pending_.size() >= kBlockSize) WritePending();
+  }
+
+  /// False, with Reason() set, when the target stands as it was.
+  bool Commit() {
+    WritePending();
+    return open_ && file_.Commit();
+  }
+
+  const std::string& Reason() const { return file_.Reason(); }
+
+ private:
+  static constexpr std::size_t kBlockSize = std::size_t{1} << 18;
+
+  void WritePending() {
+    if (open_) file_.Write(pending_);
+    pending_.clear();
+  }
+
+  ReplacingFile file_;
+  bool open_;
+  std::string pending_;
+};
+
+}  // namespace qv

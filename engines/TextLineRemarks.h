@@ -1,0 +1,26 @@
+#pragma once
+
+#include "engines/FieldSplitter.h"
+#include "engines/FileReport.h"
+
+#include <cstdint>
+#include <string_view>
+
+namespace qv {
+
+/// Remarks on the lines of a text file that do not concern a single column.
+class TextLineRemarks {
+ public:
+  explicit TextLineRemarks(const FileReport& report) : report_(report) {}
+
+  /// For every line that is split.
+  void Tell(std::string_view line, std::int64_t number, const FieldViews& row) const;
+
+  /// For the lines before the header row.
+  void TellStart(std::string_view line, std::int64_t number) const;
+
+ private:
+  const FileReport& report_;
+};
+
+}  // namespace qv

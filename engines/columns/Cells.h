@@ -1,0 +1,191 @@
+#pragma once
+
+#include "engines/columns/Column.h"
+#include "engines/columns/Numbers.h"
+#include "engines/columns/Words.h"
+
+#include <QVAssemblyFile/CString.h>
+#include <QVAssemblyFile/FixedText.h>
+
+#include <algorithm>
+#include <limits>
+#include <type_traits>
+
+/// What the rows of the column tables are made of: one function template per way of reading or writing a
+/// field.
+namespace qv {
+
+inline constexpr std::size_t kWidestText = 259;  ///< the most characters of a text that an export writes
+
+template <class Member>
+struct MemberTraits;
+template <class Owner, class Type>
+struct MemberTraits<Type Owner::*> {
+  using Record = Owner;
+  using Value = Type;
+};
+template <auto Field>
+using RecordOf = typename MemberTraits<decltype(Field)>::Record;
+template <auto Field>
+using ValueOf = typename MemberTraits<decltype(Field)>::Value;
+
+inline std::string_view UpToNul(std::string_view text) { return text.substr(0, text.find('\0')); }
+
+/// Appends at most kWidestText characters; false when there were more.
+inline bool AppendText(std::string& out, std::string_view text) {
+  out.append(text.substr(0, kWidestText));
+  return text.size() <= kWidestText;
+}
+
+template <std::size_t Capacity>
+std::string_view ViewOf(const FixedText<Capacity>& text) {
+  return text.View();
+}
+inline std::string_view ViewOf(const CString& text) {
+  return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
+}
+template <std::size_t Capacity>
+std::string_view ViewOf(const char (&text)[Capacity]) {
+  return {text, ::strnlen(text, Capacity)};
+}
+
+template <std::size_t Capacity>
+bool StoreText(FixedText<Capacity>& field, std::string_view text) {
+  return field.Assign(text);
+}
+inline bool StoreText(CString& field, std::string_view text) {
+  text = UpToNul(text);
+  if (ViewOf(field) != text) field = CString(text);
+  return true;
+}
+
+template <auto Field>
+Remark ReadText(RecordOf<Field>& record, std::string_view text, std::string* stored) {
+  if (StoreText(record.*Field, text)) return Remark::None;
+  if (stored != nullptr) *stored = ViewOf(record.*Field);
+  return Remark::TextCut;
+}
+
+/// Stores a number or choice. An empty cell is worth a remark only where it changes what a fresh record
+/// holds.
+template <auto Field, class Value>
+Remark StoreValue(RecordOf<Field>& record, Value value, Remark remark) {
+  if (remark == Remark::EmptyValue && record.*Field == value) remark = Remark::None;
+  record.*Field = value;
+  return remark;
+}
+
+template <auto Field>
+Remark ReadInt(RecordOf<Field>& record, std::string_view text, std::string* stored) {
+  const Parsed<int> parsed = ParseInt(text);
+  if (stored != nullptr) AppendInt(*stored, parsed.value);
+  return StoreValue<Field>(record, parsed.value, parsed.remark);
+}
+
+/// The shortest text that reads back as the same number.
+void AppendReal(std::string& out, float value);
+void AppendReal(std::string& out, double value);
+
+template <auto Field>
+Remark ReadReal(RecordOf<Field>& record, std::string_view text, std::string* stored) {
+  using Value = ValueOf<Field>;
+  Parsed<double> parsed = ParseReal(text);
+  const auto value = static_cast<Value>(parsed.value);
+  if (parsed.value <= std::numeric_limits<double>::max() && value > std::numeric_limits<Value>::max())
+    parsed.remark = Remark::NumberOutOfRange;
+  if (stored != nullptr) AppendReal(*stored, value);
+  return StoreValue<Field>(record, value, parsed.remark);
+}
+
+template <auto Field, const WordTable& Words>
+Remark ReadWord(RecordOf<Field>& record, std::string_view text, std::string* stored) {
+  const Word* const word = FindWord(Words, text);
+  const int number = word != nullptr ? word->value : Words.otherValue;
+  if (stored != nullptr) *stored = TextOf(Words, number);
+  const Remark remark = word != nullptr ? Remark::None
+                        : text.empty()  ? Remark::EmptyValue
+                                        : Remark::UnknownWord;
+  return StoreValue<Field>(record, static_cast<ValueOf<Field>>(number), remark);
+}
+
+template <auto Field>
+bool WriteText(const RecordOf<Field>& record, std::size_t, std::string& out) {
+  return AppendText(out, ViewOf(record.*Field));
+}
+
+template <auto Field>
+bool WriteInt(const RecordOf<Field>& record, std::size_t, std::string& out) {
+  AppendInt(out, record.*Field);
+  return true;
+}
+
+template <auto Field, int Decimals>
+bool WriteReal(const RecordOf<Field>& record, std::size_t, std::string& out) {
+  AppendFixed(out, static_cast<double>(record.*Field), Decimals);
+  return true;
+}
+
+template <auto Field, const WordTable& Words>
+bool WriteWord(const RecordOf<Field>& record, std::size_t, std::string& out) {
+  out += TextOf(Words, static_cast<int>(record.*Field));
+  return true;
+}
+
+template <class Record>
+bool WriteNothing(const Record&, std::size_t, std::string&) {
+  return true;
+}
+
+// The rows themselves.
+
+template <auto Field>
+constexpr Column<RecordOf<Field>> Text(std::string_view keyword, bool RecordOf<Field>::*flag = nullptr) {
+  return {keyword, ReadText<Field>, WriteText<Field>, flag};
+}
+
+template <auto Field>
+constexpr Column<RecordOf<Field>> TextRead(std::string_view keyword) {
+  return {keyword, ReadText<Field>};
+}
+
+template <auto Field>
+constexpr Column<RecordOf<Field>> TextWritten(std::string_view keyword) {
+  return {keyword, nullptr, WriteText<Field>};
+}
+
+template <auto Field>
+constexpr Column<RecordOf<Field>> Int(std::string_view keyword, bool RecordOf<Field>::*flag = nullptr) {
+  return {keyword, ReadInt<Field>, WriteInt<Field>, flag};
+}
+
+template <auto Field>
+constexpr Column<RecordOf<Field>> IntRead(std::string_view keyword) {
+  return {keyword, ReadInt<Field>};
+}
+
+template <auto Field>
+constexpr Column<RecordOf<Field>> IntWritten(std::string_view keyword) {
+  return {keyword, nullptr, WriteInt<Field>};
+}
+
+template <auto Field, int Decimals = 6>
+constexpr Column<RecordOf<Field>> Real(std::string_view keyword, bool RecordOf<Field>::*flag = nullptr) {
+  return {keyword, ReadReal<Field>, WriteReal<Field, Decimals>, flag};
+}
+
+template <auto Field>
+constexpr Column<RecordOf<Field>> RealRead(std::string_view keyword) {
+  return {keyword, ReadReal<Field>};
+}
+
+template <auto Field, int Decimals = 6>
+constexpr Column<RecordOf<Field>> RealWritten(std::string_view keyword) {
+  return {keyword, nullptr, WriteReal<Field, Decimals>};
+}
+
+template <auto Field, const WordTable& Read, const WordTable& Written = Read>
+constexpr Column<RecordOf<Field>> Words(std::string_view keyword) {
+  return {keyword, ReadWord<Field, Read>, WriteWord<Field, Written>};
+}
+
+}  // namespace qv

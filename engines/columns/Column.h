@@ -1,0 +1,57 @@
+#pragma once
+
+#include "engines/columns/Remark.h"
+#include "records/RecordKind.h"
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace qv {
+
+/// Whether a column belongs to the record itself or to one of a part program's lists.
+enum class ColumnLevel : unsigned char { Record, UsedTools, Holes, Bends };
+
+/// One column of a kind of record: its keyword and what reading and writing a cell under it means. The
+/// keyword of a column that is only read may differ from that of the column that is only written.
+template <class Record>
+struct Column {
+  std::string_view keyword;
+
+  /// Puts the cell's text into the record. When `stored` is given, it receives what was stored if that
+  /// differs from the text. Null: the column is not read.
+  Remark (*read)(Record& record, std::string_view text, std::string* stored) = nullptr;
+
+  /// Appends the cell's text. `element` counts the elements of the column's list; 0 for the record itself.
+  /// Returns false when the value had to be cut. Null: the column is not written.
+  bool (*write)(const Record& record, std::size_t element, std::string& out) = nullptr;
+
+  /// Raised in every record of a file that has the column; may be null.
+  bool Record::*flag = nullptr;
+
+  ColumnLevel level = ColumnLevel::Record;
+
+  /// The length of the column's list; null for the record itself.
+  std::size_t (*count)(const Record& record) = nullptr;
+};
+
+/// How keywords of a format are compared with a table's.
+enum class KeywordMatch { Exact, IgnoringCase };
+
+/// What holds for a whole kind; specialised beside each table. The table itself is
+/// ColumnTable<Record>::Columns().
+template <class Record>
+struct KindTraits;
+
+/// The shape of every KindTraits.
+template <RecordKind KindValue, KeywordMatch ImportMatchValue, bool SkipsEmptyRowsValue = false>
+struct KindTraitsOf {
+  static constexpr RecordKind kKind = KindValue;
+  /// Exports always ignore case.
+  static constexpr KeywordMatch kImportMatch = ImportMatchValue;
+  /// Whether a row without any field gives no record.
+  static constexpr bool kSkipsEmptyRows = SkipsEmptyRowsValue;
+};
+
+}  // namespace qv
