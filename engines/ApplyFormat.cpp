@@ -31,7 +31,8 @@ class PositionMap {
 
   void Tell(DiagnosticCode code, const FormatItem& item, const std::string& what) const {
     if (report_.IsWanted())
-      report_.Tell(code, 0, item.Name, item.Order, {}, "in the format " + qv::Quoted(form_.Name) + ", " + what);
+      report_.Tell(code, 0, item.Name, item.Order, {},
+                   "in the format " + qv::Quoted(form_.Name) + ", " + what);
   }
 
   auto begin() const { return keywords_.begin(); }
@@ -43,8 +44,8 @@ class PositionMap {
   std::map<int, std::string_view> keywords_;
 };
 
-// The order of an ignored column lists all its positions, each with a comma behind it; what follows the last comma
-// is no position.
+// The order of an ignored column lists all its positions, each with a comma behind it; what follows the last
+// comma is no position.
 void ClaimIgnored(PositionMap& positions, const FormatItem& item) {
   std::string_view rest = item.Order;
   for (std::size_t comma; (comma = rest.find(',')) != std::string_view::npos; rest.remove_prefix(comma + 1))

@@ -39,7 +39,12 @@ std::unique_ptr<CAssemblyFile> CreateAssemblyEngine(const char* path) {
   for (const FileType& type : kFileTypes)
     if (qv::EqualsIgnoringCase(ExtensionOf(name), type.extension)) return type.make();
   if (qv::DiagnosticsWanted())
-    qv::Report({std::string(name), 0, {}, DiagnosticCode::UnsupportedFileType, std::string(ExtensionOf(name)), {},
+    qv::Report({std::string(name),
+                0,
+                {},
+                DiagnosticCode::UnsupportedFileType,
+                std::string(ExtensionOf(name)),
+                {},
                 "the file type is none of .txt, .csv and .xls"});
   qv::ShowMessage("File Format Error!");
   return nullptr;

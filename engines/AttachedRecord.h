@@ -4,8 +4,9 @@
 
 namespace qv {
 
-/// One record that a host attached for export. It is the host's until TakeOver(); from then on it is deleted with the
-/// last share in it. The same record attached twice, to one manager or to several, is one AttachedRecord.
+/// One record that a host attached for export. It is the host's until TakeOver(); from then on it is deleted
+/// with the last share in it. The same record attached twice, to one manager or to several, is one
+/// AttachedRecord.
 class AttachedRecord {
  public:
   template <class Record>

@@ -76,6 +76,6 @@ class CAssemblyFile {
 /// Format Error!", for any other.
 std::unique_ptr<CAssemblyFile> CreateAssemblyEngine(const char* path);
 
-/// Configures the engine from a format: delimiters, qualifier, start line, and the column keywords of the flagged kind.
-/// Remarks on the format name `path` as their file.
+/// Configures the engine from a format: delimiters, qualifier, start line, and the column keywords of the
+/// flagged kind. Remarks on the format name `path` as their file.
 void ApplyFormat(CAssemblyFile& engine, const OptionForm& form, const char* path);

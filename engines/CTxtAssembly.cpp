@@ -14,22 +14,33 @@ bool CTxtAssembly::Export(const char* path) { return qv::ExportRows(*this, path)
 
 bool CTxtAssembly::ImportTools(const char* path) { return qv::ImportRows<ToolInformation>(*this, path); }
 
-bool CTxtAssembly::ImportMaterials(const char* path) { return qv::ImportRows<MaterialInfomation>(*this, path); }
+bool CTxtAssembly::ImportMaterials(const char* path) {
+  return qv::ImportRows<MaterialInfomation>(*this, path);
+}
 
 bool CTxtAssembly::ImportSheets(const char* path) { return qv::ImportRows<ShtInfo>(*this, path); }
 
 bool CTxtAssembly::ImportPartPrograms(const char* path) { return qv::ImportRows<PrtInfo>(*this, path); }
 
-bool CTxtAssembly::ImportMaterialInventory(const char* path) { return qv::ImportRows<MatAmncITInfo>(*this, path); }
+bool CTxtAssembly::ImportMaterialInventory(const char* path) {
+  return qv::ImportRows<MatAmncITInfo>(*this, path);
+}
 
-bool CTxtAssembly::ImportMaterialLibrary(const char* path) { return qv::ImportRows<MatLibraryInfo>(*this, path); }
+bool CTxtAssembly::ImportMaterialLibrary(const char* path) {
+  return qv::ImportRows<MatLibraryInfo>(*this, path);
+}
 
-void CTxtAssembly::ReadFormatName(std::string& name, const char* path) { qv::ReadStoredFormatName(name, path); }
+void CTxtAssembly::ReadFormatName(std::string& name, const char* path) {
+  qv::ReadStoredFormatName(name, path);
+}
 
-void CTxtAssembly::WriteFormatName(const char* name, const char* path) { qv::WriteStoredFormatName(name, path); }
+void CTxtAssembly::WriteFormatName(const char* name, const char* path) {
+  qv::WriteStoredFormatName(name, path);
+}
 
 bool CTxtAssembly::SplitLine(std::string line, std::vector<std::string>& fields) {
-  return Qualifier == 2 ? SplitUnqualifiedLine(std::move(line), fields) : SplitQualifiedLine(std::move(line), fields);
+  return Qualifier == 2 ? SplitUnqualifiedLine(std::move(line), fields)
+                        : SplitQualifiedLine(std::move(line), fields);
 }
 
 bool CTxtAssembly::SplitQualifiedLine(std::string line, std::vector<std::string>& fields) {

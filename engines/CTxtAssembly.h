@@ -26,7 +26,7 @@ class CTxtAssembly : public CAssemblyFile {
   virtual bool SplitQualifiedLine(std::string line, std::vector<std::string>& fields);
   virtual bool SplitUnqualifiedLine(std::string line, std::vector<std::string>& fields);
 
-  /// A splitter that gives the fields of SplitLine() without copying them; none for an engine with splitting rules
-  /// of its own.
+  /// A splitter that gives the fields of SplitLine() without copying them; none for an engine with splitting
+  /// rules of its own.
   std::optional<qv::FieldSplitter> ViewSplitter() const;
 };

@@ -58,13 +58,17 @@ void FieldSplitter::Split(std::string_view line, FieldViews& out) {
   const char* const begin = line.data();
   const char* const end = begin + line.size();
   switch (rule_) {
-    case Rule::Qualified: return SplitQualified(begin, end);
-    case Rule::Unqualified: return SplitUnqualified(begin, end);
-    case Rule::Csv: return SplitCsv(begin, end);
+    case Rule::Qualified:
+      return SplitQualified(begin, end);
+    case Rule::Unqualified:
+      return SplitUnqualified(begin, end);
+    case Rule::Csv:
+      return SplitCsv(begin, end);
   }
 }
 
-// Adds characters to the field. As long as they stand side by side in the line, the field is a view of the line.
+// Adds characters to the field. As long as they stand side by side in the line, the field is a view of the
+// line.
 void FieldSplitter::Take(const char* from, const char* to) {
   const auto count = static_cast<std::size_t>(to - from);
   if (count == 0) return;
@@ -73,7 +77,8 @@ void FieldSplitter::Take(const char* from, const char* to) {
   } else if (start_ + size_ != from) {
     const bool inScratch = start_ >= scratch_.data() && start_ <= scratch_.data() + scratch_.size();
     if (!inScratch) {
-      // All fields of a line together are no longer than the line, so the buffer never moves under earlier views.
+      // All fields of a line together are no longer than the line, so the buffer never moves under earlier
+      // views.
       if (scratch_.empty()) scratch_.reserve(lineSize_);
       const std::size_t place = scratch_.size();
       scratch_.append(start_, size_);
@@ -95,8 +100,8 @@ void FieldSplitter::EmitUnlessQuote(std::string_view field) {
   if (field != kQuote) Emit(field);
 }
 
-// A qualifier closes its field before a delimiter, at the end of the line, and before another qualifier: doubling is
-// no escape here.
+// A qualifier closes its field before a delimiter, at the end of the line, and before another qualifier:
+// doubling is no escape here.
 bool FieldSplitter::ClosesQualified(const char* next, const char* end) const {
   return next == end || *next == '\0' || ClassOf(*next) != kOrdinary;
 }
@@ -109,8 +114,10 @@ void FieldSplitter::SplitQualified(const char* at, const char* end) {
     Take(run, at);
     if (at == end) break;
     if (!inside && ClassOf(*at) == kDelimiter) {
-      if (size_ != 0) EmitUnlessQuote(Trimmed());
-      else if (!treatAsOne_) Emit({});
+      if (size_ != 0)
+        EmitUnlessQuote(Trimmed());
+      else if (!treatAsOne_)
+        Emit({});
       Clear();
       ++at;
     } else if (!inside) {
@@ -136,8 +143,10 @@ void FieldSplitter::SplitUnqualified(const char* at, const char* end) {
     while (at < end && ClassOf(*at) == kOrdinary) ++at;
     Take(run, at);
     if (at == end) break;
-    if (size_ != 0) EmitUnlessQuote(Trimmed());
-    else if (!treatAsOne_) Emit({});
+    if (size_ != 0)
+      EmitUnlessQuote(Trimmed());
+    else if (!treatAsOne_)
+      Emit({});
     Clear();
     ++at;
   }

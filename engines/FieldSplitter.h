@@ -19,8 +19,8 @@ struct FieldViews {
   bool endsWithDelimiter = false;        ///< an empty field after the last delimiter was dropped
 };
 
-/// Splits lines into fields. Fields are views of the line wherever their characters stand together in it, which is
-/// nearly always; the others are put together in a buffer of the splitter's.
+/// Splits lines into fields. Fields are views of the line wherever their characters stand together in it,
+/// which is nearly always; the others are put together in a buffer of the splitter's.
 class FieldSplitter {
  public:
   enum class Rule {

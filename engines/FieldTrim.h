@@ -4,8 +4,8 @@
 
 namespace qv {
 
-/// Without the spaces at both ends, then without one leading and one trailing double quote. Tabs and single quotes
-/// stay.
+/// Without the spaces at both ends, then without one leading and one trailing double quote. Tabs and single
+/// quotes stay.
 std::string_view TrimField(std::string_view field);
 
 }  // namespace qv

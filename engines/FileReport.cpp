@@ -35,7 +35,8 @@ std::string Quoted(std::string_view text) {
 void FileReport::Tell(DiagnosticCode code, std::int64_t line, std::string_view column, std::string_view text,
                       std::string_view stored, std::string message) const {
   if (!wanted_) return;
-  Report({file_, line, std::string(column), code, std::string(text), std::string(stored), std::move(message)});
+  Report(
+      {file_, line, std::string(column), code, std::string(text), std::string(stored), std::move(message)});
 }
 
 void FileReport::TellCell(Remark remark, std::int64_t line, std::string_view column, std::string_view text,

@@ -9,8 +9,8 @@
 
 namespace qv {
 
-/// Tells the diagnostic handler what an import or export of one file did not take as it stood. Costs nothing while
-/// nobody listens.
+/// Tells the diagnostic handler what an import or export of one file did not take as it stood. Costs nothing
+/// while nobody listens.
 class FileReport {
  public:
   explicit FileReport(std::string_view file) : file_(file), wanted_(DiagnosticsWanted()) {}

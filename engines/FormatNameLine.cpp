@@ -58,7 +58,8 @@ void WriteStoredFormatName(const char* name, const char* path) {
   const bool copied = target.IsOpen() && CopyLines(*source, target);
   source.reset();  // a file that is still open cannot be replaced everywhere
   if (!copied || !target.Commit())
-    report.Tell(DiagnosticCode::FileNotWritten, 0, {}, {}, {}, "cannot be rewritten, left as it was: " + target.Reason());
+    report.Tell(DiagnosticCode::FileNotWritten, 0, {}, {}, {},
+                "cannot be rewritten, left as it was: " + target.Reason());
 }
 
 }  // namespace qv

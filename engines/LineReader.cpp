@@ -35,7 +35,8 @@ bool LineReader::Next(std::string_view& line) {
   return true;
 }
 
-// Moves what is left of the block to its front and fills the rest; a line longer than the block makes it grow.
+// Moves what is left of the block to its front and fills the rest; a line longer than the block makes it
+// grow.
 bool LineReader::Refill() {
   if (atEnd_) return false;
   std::memmove(block_.data(), block_.data() + begin_, end_ - begin_);

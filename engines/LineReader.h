@@ -8,13 +8,14 @@
 
 namespace qv {
 
-/// Hands out the lines of a text file as views of a block of it. A line ends with LF or CR LF, on every platform; a
-/// CR anywhere else is a character. The last line needs no line end.
+/// Hands out the lines of a text file as views of a block of it. A line ends with LF or CR LF, on every
+/// platform; a CR anywhere else is a character. The last line needs no line end.
 class LineReader {
  public:
   explicit LineReader(OpenFile& file);
 
-  /// The next line without its line end, valid until the next call; false at the end of the file or on failure.
+  /// The next line without its line end, valid until the next call; false at the end of the file or on
+  /// failure.
   bool Next(std::string_view& line);
 
   /// The 1-based number of the line last handed out.

@@ -39,7 +39,7 @@ class RecordBuilder {
         TellLeftOut(line, text, "the cell " + keywords_[rank] + " is empty");
         return nullptr;
       }
-    for (bool Record::* flag : flags_) (*record).*flag = true;
+    for (bool Record::*flag : flags_) (*record).*flag = true;
     if (report_.IsWanted()) TellLength(row, line, text);
     return record;
   }
@@ -58,7 +58,8 @@ class RecordBuilder {
 
   void TellUnknownColumns(std::int64_t headerLine) const {
     if (keywords_.empty())
-      report_.Tell(DiagnosticCode::NoColumns, headerLine, {}, {}, {}, "the format has no columns; nothing is read");
+      report_.Tell(DiagnosticCode::NoColumns, headerLine, {}, {}, {},
+                   "the format has no columns; nothing is read");
     for (std::size_t rank = 0; rank < columns_.size(); ++rank)
       if (columns_[rank] == nullptr && !Matches(KindTraits<Record>::kImportMatch, "Ignore", keywords_[rank]))
         report_.Tell(DiagnosticCode::UnknownColumn, headerLine, keywords_[rank], {}, {},
@@ -66,7 +67,8 @@ class RecordBuilder {
   }
 
   void TellLeftOut(std::int64_t line, std::string_view text, const std::string& reason) const {
-    if (report_.IsWanted()) report_.Tell(DiagnosticCode::RowLeftOut, line, {}, text, {}, "row left out: " + reason);
+    if (report_.IsWanted())
+      report_.Tell(DiagnosticCode::RowLeftOut, line, {}, text, {}, "row left out: " + reason);
   }
 
   void TellLength(const FieldViews& row, std::int64_t line, std::string_view text) const {
@@ -78,7 +80,8 @@ class RecordBuilder {
     // A last cell that is empty looks like no cell at all.
     const bool lastIsEmpty = row.endsWithDelimiter && row.total + 1 == columns_.size();
     if (row.total < columns_.size() && !lastIsEmpty)
-      report_.Tell(DiagnosticCode::RowTooShort, line, {}, text, {}, counts + "; the missing ones keep their defaults");
+      report_.Tell(DiagnosticCode::RowTooShort, line, {}, text, {},
+                   counts + "; the missing ones keep their defaults");
   }
 
   const std::vector<std::string>& keywords_;

@@ -25,6 +25,9 @@ void RecordList<Record>::Stage(std::shared_ptr<qv::AttachedRecord> record) {
 }
 
 template <class Record>
+RecordList<Record>::RecordList() = default;
+
+template <class Record>
 RecordList<Record>::~RecordList() = default;
 
 template <class Record>

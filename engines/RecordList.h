@@ -23,7 +23,7 @@ class AttachedRecord;
 template <class Record>
 class RecordList {
  public:
-  RecordList() = default;
+  RecordList();
   ~RecordList();
   RecordList(const RecordList&) = delete;
   RecordList& operator=(const RecordList&) = delete;

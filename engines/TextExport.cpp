@@ -67,7 +67,8 @@ class RowWriter {
   }
 
  private:
-  // A keyword that the kind does not know writes no cell at all, so that later cells move left under its header.
+  // A keyword that the kind does not know writes no cell at all, so that later cells move left under its
+  // header.
   void WriteRow(const Record& record, std::size_t row) {
     for (std::size_t rank = 0; rank < columns_.size(); ++rank) {
       if (columns_[rank] == nullptr || IsSkippedColumn(KindTraits<Record>::kKind, keywords_[rank])) continue;
@@ -77,7 +78,8 @@ class RowWriter {
     EndLine();
   }
 
-  void WriteCell(const Column<Record>& column, const Record& record, std::size_t row, std::string_view keyword) {
+  void WriteCell(const Column<Record>& column, const Record& record, std::size_t row,
+                 std::string_view keyword) {
     std::string& out = file_.Pending();
     out += dress_.before;
     const std::size_t start = out.size();
@@ -115,7 +117,8 @@ void WriteFirstKind(const CAssemblyFile& engine, TextFileWriter& file, const Fil
       WriteKind<MaterialInfomation>(engine, file, report) || WriteKind<ShtInfo>(engine, file, report) ||
       WriteKind<PrtInfo>(engine, file, report) || WriteKind<JobProgressInfo>(engine, file, report);
   if (!written)
-    report.Tell(DiagnosticCode::NoColumns, 0, {}, {}, {}, "the format has no columns; no header and no rows written");
+    report.Tell(DiagnosticCode::NoColumns, 0, {}, {}, {},
+                "the format has no columns; no header and no rows written");
 }
 
 }  // namespace

@@ -12,8 +12,8 @@
 namespace qv {
 namespace {
 
-/// Splits lines as the engine does: without copies where the engine uses the rules of this library, through its
-/// virtual operation where it has rules of its own.
+/// Splits lines as the engine does: without copies where the engine uses the rules of this library, through
+/// its virtual operation where it has rules of its own.
 class RowSplitter {
  public:
   explicit RowSplitter(CTxtAssembly& engine) : engine_(engine), splitter_(engine.ViewSplitter()) {}
@@ -81,13 +81,15 @@ bool ImportRows(CTxtAssembly& engine, const char* path) {
   RowSplitter splitter(engine);
   TextLineRemarks remarks(report);
   std::string_view skipped;
-  for (int number = 1; number < engine.StartLine && lines.Next(skipped); ++number) remarks.TellStart(skipped, number);
+  for (int number = 1; number < engine.StartLine && lines.Next(skipped); ++number)
+    remarks.TellStart(skipped, number);
   if (ReadHeader(engine, lines, splitter, remarks)) {
     if (!engine.ReadHeaderOnly) ReadRows<Record>(engine, lines, splitter, report, remarks);
     engine.ReadHeaderOnly = false;
   }
   if (lines.HasFailed())
-    report.Tell(DiagnosticCode::FileNotOpened, lines.LineNumber(), {}, {}, {}, "reading stopped here: the system reports an error");
+    report.Tell(DiagnosticCode::FileNotOpened, lines.LineNumber(), {}, {}, {},
+                "reading stopped here: the system reports an error");
   return true;
 }
 

@@ -19,7 +19,8 @@ void TextLineRemarks::Tell(std::string_view line, std::int64_t number, const Fie
   if (!report_.IsWanted()) return;
   TellStart(line, number);
   if (line.find('\0') != std::string_view::npos)
-    report_.Tell(DiagnosticCode::NulByte, number, {}, line, {}, "the line holds NUL bytes; a text ends at the first");
+    report_.Tell(DiagnosticCode::NulByte, number, {}, line, {},
+                 "the line holds NUL bytes; a text ends at the first");
   if (row.openQualifier)
     report_.Tell(DiagnosticCode::OpenQualifier, number, {}, line, {},
                  "a text qualifier is still open at the end of the line; it took the delimiters after it");

@@ -1,0 +1,8 @@
+#include "manager/FormatOptionDialog.h"
+
+#include "platform/MessageBox.h"
+
+bool ShowFormatOptionDialog(const FormatOptionRequest&) {
+  qv::ShowMessage("This build has no format option dialog.");
+  return false;
+}

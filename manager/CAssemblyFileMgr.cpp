@@ -1,0 +1,321 @@
+#include "manager/CAssemblyFileMgr.h"
+
+#include "engines/CAssemblyFile.h"
+#include "engines/columns/ColumnTables.h"
+#include "format/FormatConfiguration.h"
+#include "manager/FormatNameText.h"
+#include "manager/FormatOptionDialog.h"
+#include "manager/ManagerState.h"
+#include "platform/InvalidParameter.h"
+#include "platform/MessageBox.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+namespace {
+
+constexpr std::size_t kNameCapacity = 100;        // of the buffers for format names
+constexpr std::size_t kLongNameCapacity = 256;    // of those for headers and stored format names
+constexpr std::size_t kStoredNameCapacity = 255;  // what a stored name may fill of such a buffer
+
+// A name that does not fit is the caller's error: cut, it would name another format.
+void CopyName(const std::string& name, char* buffer) {
+  if (name.size() >= kNameCapacity)
+    qv::InvalidParameter("a format name does not fit the caller's 100 characters");
+  std::memcpy(buffer, name.c_str(), name.size() + 1);
+}
+
+void CopyCut(std::string_view text, std::size_t capacity, char* buffer) {
+  text = text.substr(0, std::min(text.find('\0'), capacity - 1));
+  std::memcpy(buffer, text.data(), text.size());
+  buffer[text.size()] = '\0';
+  buffer[kLongNameCapacity - 1] = '\0';
+}
+
+bool HasConfiguration(const std::shared_ptr<FormatConfiguration>& configuration) {
+  if (configuration != nullptr) return true;
+  qv::ShowMessage("Please Load Format Configuration!");
+  return false;
+}
+
+const FormatList& FormatsOf(const std::shared_ptr<FormatConfiguration>& configuration) {
+  static const FormatList kNone;
+  return configuration != nullptr && configuration->Formats ? *configuration->Formats : kNone;
+}
+
+/// The current format; an empty one when no format bears the current name.
+OptionForm CurrentForm(const FormatList& formats) {
+  OptionForm form;
+  FindFormat(formats, formats.CurrentFormat, form);
+  return form;
+}
+
+/// Raises the engine's flag of a kind for the duration of one operation.
+class KindFlag {
+ public:
+  KindFlag(CAssemblyFile& engine, RecordKind kind) : flag_(engine.KindFlags[static_cast<std::size_t>(kind)]) {
+    flag_ = true;
+  }
+  ~KindFlag() { flag_ = false; }
+  KindFlag(const KindFlag&) = delete;
+  KindFlag& operator=(const KindFlag&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+using Configuration = std::shared_ptr<FormatConfiguration>;
+using Engine = std::shared_ptr<CAssemblyFile>;
+
+/// What every import and export starts with; false when there is nothing to go on with.
+bool RenewEngine(const Configuration& configuration, Engine& engine, const char* path) {
+  if (!HasConfiguration(configuration)) return false;
+  engine.reset();
+  engine = CreateAssemblyEngine(path);
+  return engine != nullptr;
+}
+
+template <class Record>
+bool Import(const Configuration& configuration, Engine& engine, const char* path,
+            bool (CAssemblyFile::*operation)(const char*)) {
+  if (!RenewEngine(configuration, engine, path)) return false;
+  const KindFlag flag(*engine, qv::KindTraits<Record>::kKind);
+  ApplyFormat(*engine, CurrentForm(FormatsOf(configuration)), path);
+  (engine.get()->*operation)(path);
+  return true;
+}
+
+template <class Record>
+bool Export(const Configuration& configuration, Engine& engine, const char* path,
+            const std::vector<std::shared_ptr<qv::AttachedRecord>>& attached) {
+  if (!RenewEngine(configuration, engine, path)) return false;
+  const KindFlag flag(*engine, qv::KindTraits<Record>::kKind);
+  const FormatList& formats = FormatsOf(configuration);
+  ApplyFormat(*engine, CurrentForm(formats), path);
+  for (const auto& record : attached) engine->StagedRecords.Of<Record>().Stage(record);
+  engine->FormatName = formats.CurrentFormat;
+  engine->Export(path);
+  return true;
+}
+
+template <class Record>
+int Count(const Engine& engine) {
+  return engine == nullptr ? 0 : static_cast<int>(engine->StagedRecords.Of<Record>().Size());
+}
+
+template <class Record>
+Record* AtRank(const Engine& engine, int rank) {
+  if (rank < 0 || rank >= Count<Record>(engine)) return nullptr;
+  return engine->StagedRecords.Of<Record>()[static_cast<std::size_t>(rank)];
+}
+
+template <class Record>
+void Attach(std::vector<std::shared_ptr<qv::AttachedRecord>>& list, Record* record) {
+  if (record != nullptr) list.push_back(qv::AttachedRecord::Of(record));
+}
+
+template <class Record>
+void ClearRecords(const Engine& engine) {
+  if (engine != nullptr) engine->StagedRecords.Of<Record>().Clear();
+}
+
+}  // namespace
+
+CAssemblyFileMgr::CAssemblyFileMgr()
+    : configuration_(std::make_shared<FormatConfiguration>()), state_(std::make_unique<State>()) {}
+
+CAssemblyFileMgr::CAssemblyFileMgr(const CAssemblyFileMgr& other)
+    : configuration_(other.configuration_),
+      engine_(other.engine_),
+      state_(std::make_unique<State>(*other.state_)) {}
+
+CAssemblyFileMgr& CAssemblyFileMgr::operator=(const CAssemblyFileMgr& other) {
+  configuration_ = other.configuration_;
+  engine_ = other.engine_;
+  *state_ = *other.state_;
+  return *this;
+}
+
+CAssemblyFileMgr::~CAssemblyFileMgr() = default;
+
+bool CAssemblyFileMgr::LoadFormatConfiguration(const char* path) {
+  return configuration_ != nullptr && LoadFromFile(*configuration_, path);
+}
+
+void CAssemblyFileMgr::ASSOptionDlgShow(bool mode, char* text, HWND parent, const char* configPath,
+                                        const char* secondPath, int option) {
+  const auto textOf = [](const char* given) { return std::string(given == nullptr ? "" : given); };
+  const FormatOptionRequest request{mode,  textOf(text), parent, textOf(configPath), textOf(secondPath),
+                                    option};
+  if (ShowFormatOptionDialog(request)) LoadFormatConfiguration(configPath);
+}
+
+int CAssemblyFileMgr::GetFormatsCount() {
+  return HasConfiguration(configuration_) ? static_cast<int>(FormatsOf(configuration_).Formats.size()) : 0;
+}
+
+void CAssemblyFileMgr::GetFormatAtRank(int rank, char* name) {
+  if (!HasConfiguration(configuration_) || name == nullptr) return;
+  const auto& formats = FormatsOf(configuration_).Formats;
+  if (rank < 0 || static_cast<std::size_t>(rank) >= formats.size())
+    qv::InvalidParameter("a format rank is outside the list");
+  CopyName(formats[static_cast<std::size_t>(rank)].Name, name);
+}
+
+void CAssemblyFileMgr::GetCurrentFormat(char* name) {
+  if (HasConfiguration(configuration_) && name != nullptr)
+    CopyName(FormatsOf(configuration_).CurrentFormat, name);
+}
+
+void CAssemblyFileMgr::SetCurrentFormat(const char* name) {
+  if (!HasConfiguration(configuration_) || name == nullptr) return;
+  if (!configuration_->Formats) configuration_->Formats.emplace();
+  configuration_->Formats->CurrentFormat = name;
+}
+
+int CAssemblyFileMgr::GetStartLine() {
+  HasConfiguration(configuration_);
+  char name[kNameCapacity];
+  CopyName(FormatsOf(configuration_).CurrentFormat, name);
+  return CurrentForm(FormatsOf(configuration_)).StartLine;
+}
+
+bool CAssemblyFileMgr::IsPartNameOnly() { return CurrentForm(FormatsOf(configuration_)).PartKey == "Name"; }
+
+bool CAssemblyFileMgr::ImportAssemblyFile(char* path) {
+  return Import<PartInformation>(configuration_, engine_, path, &CAssemblyFile::ImportParts);
+}
+
+bool CAssemblyFileMgr::ImportToolsAssemblyFile(char* path) {
+  return Import<ToolInformation>(configuration_, engine_, path, &CAssemblyFile::ImportTools);
+}
+
+bool CAssemblyFileMgr::ImportMatsAssemblyFile(char* path) {
+  return Import<MaterialInfomation>(configuration_, engine_, path, &CAssemblyFile::ImportMaterials);
+}
+
+bool CAssemblyFileMgr::ImportShtInfoAssemblyFile(char* path) {
+  return Import<ShtInfo>(configuration_, engine_, path, &CAssemblyFile::ImportSheets);
+}
+
+bool CAssemblyFileMgr::ImportPrtInfoAssemblyFile(char* path) {
+  return Import<PrtInfo>(configuration_, engine_, path, &CAssemblyFile::ImportPartPrograms);
+}
+
+bool CAssemblyFileMgr::ImportMatAmncITAssemblyFile(char* path) {
+  return Import<MatAmncITInfo>(configuration_, engine_, path, &CAssemblyFile::ImportMaterialInventory);
+}
+
+bool CAssemblyFileMgr::ImportMatLibraryAssemblyFile(char* path) {
+  return Import<MatLibraryInfo>(configuration_, engine_, path, &CAssemblyFile::ImportMaterialLibrary);
+}
+
+bool CAssemblyFileMgr::ExportAssemblyFile(char* path) {
+  return Export<PartInformation>(configuration_, engine_, path, state_->Of<PartInformation>());
+}
+
+bool CAssemblyFileMgr::ExportToolsInfoAssemblyFile(char* path) {
+  return Export<ToolInformation>(configuration_, engine_, path, state_->Of<ToolInformation>());
+}
+
+bool CAssemblyFileMgr::ExportMatsInfoAssemblyFile(char* path) {
+  return Export<MaterialInfomation>(configuration_, engine_, path, state_->Of<MaterialInfomation>());
+}
+
+bool CAssemblyFileMgr::ExportShtInfoAssemblyFile(char* path) {
+  return Export<ShtInfo>(configuration_, engine_, path, state_->Of<ShtInfo>());
+}
+
+bool CAssemblyFileMgr::ExportPrtInfoAssemblyFile(char* path) {
+  return Export<PrtInfo>(configuration_, engine_, path, state_->Of<PrtInfo>());
+}
+
+bool CAssemblyFileMgr::ExportJobProgressAssemblyFile(char* path) {
+  return Export<JobProgressInfo>(configuration_, engine_, path, state_->Of<JobProgressInfo>());
+}
+
+int CAssemblyFileMgr::GetPartsCount() { return Count<PartInformation>(engine_); }
+PartInformation* CAssemblyFileMgr::GetPartInfoAtRank(int rank) {
+  return AtRank<PartInformation>(engine_, rank);
+}
+
+int CAssemblyFileMgr::GetToolsCount() { return Count<ToolInformation>(engine_); }
+ToolInformation* CAssemblyFileMgr::GetToolInfoAtRank(int rank) {
+  return AtRank<ToolInformation>(engine_, rank);
+}
+
+int CAssemblyFileMgr::GetMatsCount() { return Count<MaterialInfomation>(engine_); }
+MaterialInfomation* CAssemblyFileMgr::GetMatInfoAtRank(int rank) {
+  return AtRank<MaterialInfomation>(engine_, rank);
+}
+
+int CAssemblyFileMgr::GetShtCount() { return Count<ShtInfo>(engine_); }
+ShtInfo* CAssemblyFileMgr::GetShtInfoAtRank(int rank) { return AtRank<ShtInfo>(engine_, rank); }
+
+int CAssemblyFileMgr::GetPrtCountInMenu() { return Count<PrtInfo>(engine_); }
+PrtInfo* CAssemblyFileMgr::GetPrtInfoInMenuAtRank(int rank) { return AtRank<PrtInfo>(engine_, rank); }
+
+int CAssemblyFileMgr::GetMatAmncITCount() { return Count<MatAmncITInfo>(engine_); }
+MatAmncITInfo* CAssemblyFileMgr::GetMatAmncITInfoAtRank(int rank) {
+  return AtRank<MatAmncITInfo>(engine_, rank);
+}
+
+int CAssemblyFileMgr::GetMatLibraryInfoCount() { return Count<MatLibraryInfo>(engine_); }
+MatLibraryInfo* CAssemblyFileMgr::GetMatLibraryInfoAtRank(int rank) {
+  return AtRank<MatLibraryInfo>(engine_, rank);
+}
+
+void CAssemblyFileMgr::ClearParts() { ClearRecords<PartInformation>(engine_); }
+void CAssemblyFileMgr::ClearTools() { ClearRecords<ToolInformation>(engine_); }
+
+int CAssemblyFileMgr::GetHeaderCount() {
+  return engine_ == nullptr ? 0 : static_cast<int>(engine_->HeaderFields.Size());
+}
+
+void CAssemblyFileMgr::GetHeaderAtRank(int rank, char* header) {
+  if (rank < 0 || rank >= GetHeaderCount()) qv::InvalidParameter("a header rank is outside the list");
+  if (header != nullptr)
+    CopyCut(engine_->HeaderFields[static_cast<std::size_t>(rank)], kLongNameCapacity, header);
+}
+
+void CAssemblyFileMgr::GetPartHeaders(std::vector<std::string>& headers) {
+  headers.clear();
+  if (engine_ == nullptr) return;
+  for (std::size_t rank = 0; rank < engine_->HeaderFields.Size(); ++rank)
+    headers.emplace_back(engine_->HeaderFields[rank]);
+}
+
+void CAssemblyFileMgr::AddAndAttachPart(PartInformation* part) {
+  Attach(state_->Of<PartInformation>(), part);
+}
+void CAssemblyFileMgr::AddAndAttachTool(ToolInformation* tool) {
+  Attach(state_->Of<ToolInformation>(), tool);
+}
+void CAssemblyFileMgr::AddAndAttachMat(MaterialInfomation* material) {
+  Attach(state_->Of<MaterialInfomation>(), material);
+}
+void CAssemblyFileMgr::AddAndAttachShtInfo(ShtInfo* sheet) { Attach(state_->Of<ShtInfo>(), sheet); }
+void CAssemblyFileMgr::AddAndAttachPrtInfo(PrtInfo* program) { Attach(state_->Of<PrtInfo>(), program); }
+void CAssemblyFileMgr::AddAndAttachJobProgress(JobProgressInfo* progress) {
+  Attach(state_->Of<JobProgressInfo>(), progress);
+}
+
+bool CAssemblyFileMgr::OpenAssemblyFile() { return true; }
+
+void CAssemblyFileMgr::GetCurrentFormatFromFile(char* name, char* path) {
+  engine_.reset();
+  engine_ = CreateAssemblyEngine(path);
+  if (engine_ == nullptr) return;
+  std::string stored;
+  engine_->ReadFormatName(stored, path);
+  OptionForm form;
+  if (!FindFormat(FormatsOf(configuration_), stored, form) || name == nullptr) return;
+  CopyCut(qv::ExpandFormatName(stored), kStoredNameCapacity, name);
+}
+
+void CAssemblyFileMgr::SetCurrentFormatToFile(const char* name, const char* path) {
+  engine_.reset();
+  engine_ = CreateAssemblyEngine(path);
+  if (engine_ != nullptr) engine_->WriteFormatName(name == nullptr ? "" : name, path);
+}
