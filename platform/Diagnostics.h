@@ -20,7 +20,7 @@ enum class DiagnosticCode {
   InvalidPosition,       ///< the Order text of a format's item is no column position
   RowLeftOut,            ///< a row gave no record
   RowTooShort,           ///< a row has fewer fields than the format has columns
-  NoColumns,            ///< the format has no columns for this kind of record
+  NoColumns,             ///< the format has no columns for this kind of record
   RowTooLong,            ///< a row has more fields than the format has columns; the surplus was ignored
   NotANumber,            ///< no digits; stored as 0
   TrailingText,          ///< text after a number; ignored

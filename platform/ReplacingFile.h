@@ -8,19 +8,13 @@
 
 namespace qv {
 
-/// Where the working file stands while the new content is written.
-enum class WorkingPlace {
-  BesideTarget,   ///< in the target's folder
-  WorkingFolder,  ///< Windows: a folder named after the current second at the root of the target's drive;
-                  ///< elsewhere the same as BesideTarget
-};
-
 /// A file that is written beside its target and takes the target's place in one step. Until Commit() has
 /// succeeded the target stands as it was; the destructor removes the working file. What a killed run left
-/// behind is taken over by the next run on the same target.
+/// behind is taken over by the next run on the same target. A target that is no regular file (a pipe, a
+/// terminal) is written as it stands.
 class ReplacingFile {
  public:
-  ReplacingFile(std::string target, WorkingPlace place);
+  ReplacingFile(const std::string& target, WorkingPlace place);
   ~ReplacingFile();
   ReplacingFile(const ReplacingFile&) = delete;
   ReplacingFile& operator=(const ReplacingFile&) = delete;
@@ -35,14 +29,17 @@ class ReplacingFile {
   /// Flushes, closes and replaces the target. False on failure, with Reason() set and the target untouched.
   bool Commit();
 
-  const std::string& WorkingPath() const { return workingPath_; }
+  /// Where to write; empty when there is no place for it, with Reason() set.
+  const std::string& WorkingPath() const;
+
+  /// Why the last call failed, for a person.
   const std::string& Reason() const { return reason_; }
 
  private:
-  std::string target_;
-  std::string workingFolder_;  // empty when the working file lies beside the target
-  std::string workingPath_;
+  bool Fail(const std::string& reason);
+
   std::string reason_;
+  std::unique_ptr<WorkingFile> working_;  // null when there is no place to write to
   std::unique_ptr<OpenFile> file_;
   bool failed_ = false;
   bool committed_ = false;

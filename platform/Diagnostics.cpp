@@ -1,0 +1,64 @@
+#include <QVAssemblyFile/Diagnostics.h>
+
+namespace {
+
+DiagnosticHandler currentHandler = nullptr;
+void* currentContext = nullptr;
+
+struct CodeName {
+  DiagnosticCode code;
+  const char* name;
+};
+
+constexpr CodeName kCodeNames[] = {
+    {DiagnosticCode::FileNotOpened, "file-not-opened"},
+    {DiagnosticCode::FileNotWritten, "file-not-written"},
+    {DiagnosticCode::ConfigurationInvalid, "configuration-invalid"},
+    {DiagnosticCode::ConfigurationMissing, "configuration-missing"},
+    {DiagnosticCode::UnsupportedFileType, "unsupported-file-type"},
+    {DiagnosticCode::NoSpreadsheet, "no-spreadsheet"},
+    {DiagnosticCode::SpreadsheetFailed, "spreadsheet-failed"},
+    {DiagnosticCode::UnknownColumn, "unknown-column"},
+    {DiagnosticCode::PositionTaken, "position-taken"},
+    {DiagnosticCode::InvalidPosition, "invalid-position"},
+    {DiagnosticCode::RowLeftOut, "row-left-out"},
+    {DiagnosticCode::RowTooShort, "row-too-short"},
+    {DiagnosticCode::NoColumns, "no-columns"},
+    {DiagnosticCode::RowTooLong, "row-too-long"},
+    {DiagnosticCode::NotANumber, "not-a-number"},
+    {DiagnosticCode::TrailingText, "trailing-text"},
+    {DiagnosticCode::NumberOutOfRange, "number-out-of-range"},
+    {DiagnosticCode::EmptyValue, "empty-value"},
+    {DiagnosticCode::UnknownWord, "unknown-word"},
+    {DiagnosticCode::TextCut, "text-cut"},
+    {DiagnosticCode::OpenQualifier, "open-qualifier"},
+    {DiagnosticCode::ByteOrderMark, "byte-order-mark"},
+    {DiagnosticCode::NulByte, "nul-byte"},
+    {DiagnosticCode::FormulaLike, "formula-like"},
+    {DiagnosticCode::ValueTooWide, "value-too-wide"},
+    {DiagnosticCode::DelimiterInValue, "delimiter-in-value"},
+};
+
+}  // namespace
+
+const char* DiagnosticCodeName(DiagnosticCode code) {
+  for (const CodeName& row : kCodeNames) {
+    if (row.code == code) return row.name;
+  }
+  return "unknown";
+}
+
+void SetDiagnosticHandler(DiagnosticHandler handler, void* context) {
+  currentHandler = handler;
+  currentContext = context;
+}
+
+namespace qv {
+
+bool DiagnosticsWanted() { return currentHandler != nullptr; }
+
+void Report(const Diagnostic& diagnostic) {
+  if (currentHandler != nullptr) currentHandler(diagnostic, currentContext);
+}
+
+}  // namespace qv

@@ -1,0 +1,9 @@
+#include <QVAssemblyFile/MessageBox.h>
+
+#include <cstdio>
+
+namespace qv {
+
+void ShowPlatformMessage(const char* text) { std::fprintf(stderr, "%s\n", text); }
+
+}  // namespace qv
