@@ -1,0 +1,75 @@
+#include "engines/LineReader.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace {
+
+/// Hands out a text a few bytes at a time and may fail at its end.
+class Trickle : public qv::OpenFile {
+ public:
+  Trickle(std::string text, std::size_t step, bool fails = false)
+      : text_(std::move(text)), step_(step), fails_(fails) {}
+
+  std::ptrdiff_t Read(char* buffer, std::size_t capacity) override {
+    const std::size_t count = std::min({step_, capacity, text_.size() - at_});
+    if (count == 0 && fails_) return -1;
+    std::copy_n(text_.data() + at_, count, buffer);
+    at_ += count;
+    return static_cast<std::ptrdiff_t>(count);
+  }
+  bool Write(std::string_view) override { return false; }
+  bool Flush() override { return false; }
+  bool Close() override { return true; }
+
+ private:
+  std::string text_;
+  std::size_t step_;
+  bool fails_;
+  std::size_t at_ = 0;
+};
+
+std::vector<std::string> LinesOf(qv::OpenFile& file) {
+  qv::LineReader reader(file);
+  std::vector<std::string> lines;
+  for (std::string_view line; reader.Next(line);) lines.emplace_back(line);
+  EXPECT_EQ(reader.LineNumber(), static_cast<std::int64_t>(lines.size()));
+  return lines;
+}
+
+TEST(LineReader, EndsLinesAtLfAndCrLf) {
+  const std::string text = "one\ntwo\r\n\r\n\nlone\rcr\r\r\nlast\r";
+  const std::vector<std::string> lines = {"one", "two", "", "", "lone\rcr\r", "last\r"};
+  for (const std::size_t step : {1u, 2u, 3u, 7u, 100u}) {
+    Trickle file(text, step);
+    EXPECT_EQ(LinesOf(file), lines) << "read " << step << " bytes at a time";
+  }
+}
+
+TEST(LineReader, NeedsNoLineEndAndMakesNoEmptyLastLine) {
+  Trickle open("a\nb", 10), closed("a\nb\n", 10), empty("", 10);
+  EXPECT_EQ(LinesOf(open), LinesOf(closed));
+  EXPECT_TRUE(LinesOf(empty).empty());
+}
+
+TEST(LineReader, GrowsForALongLine) {
+  const std::string longLine(3'000'000, 'x');
+  Trickle file("a\n" + longLine + "\nb\n", 100'000);
+  EXPECT_EQ(LinesOf(file), (std::vector<std::string>{"a", longLine, "b"}));
+}
+
+TEST(LineReader, KeepsWhatCameBeforeAFailure) {
+  Trickle file("a\nb", 10, true);
+  qv::LineReader reader(file);
+  std::string_view line;
+  ASSERT_TRUE(reader.Next(line));
+  ASSERT_TRUE(reader.Next(line));
+  EXPECT_EQ(line, "b");
+  EXPECT_FALSE(reader.Next(line));
+  EXPECT_TRUE(reader.HasFailed());
+}
+
+}  // namespace

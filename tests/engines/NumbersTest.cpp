@@ -1,0 +1,160 @@
+#include "engines/columns/Numbers.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cfloat>
+#include <climits>
+#include <clocale>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+using qv::Remark;
+
+TEST(ParseInt, TakesWhatStandsInFront) {
+  struct Case {
+    const char* text;
+    int value;
+    Remark remark;
+  };
+  const std::vector<Case> cases = {
+      {"12", 12, Remark::None},
+      {"12pcs", 12, Remark::TrailingText},
+      {"abc", 0, Remark::NotANumber},
+      {"", 0, Remark::EmptyValue},
+      {"   ", 0, Remark::EmptyValue},
+      {" \t\r\n\v\f-7 ", -7, Remark::None},
+      {"+5", 5, Remark::None},
+      {"+-5", 0, Remark::NotANumber},
+      {"- 5", 0, Remark::NotANumber},
+      {"1,000", 1, Remark::TrailingText},
+      {"1.9", 1, Remark::TrailingText},
+      {"0x10", 0, Remark::TrailingText},
+      {"007", 7, Remark::None},
+      {"2147483647", INT_MAX, Remark::None},
+      {"2147483648", INT_MAX, Remark::NumberOutOfRange},
+      {"-2147483648", INT_MIN, Remark::None},
+      {"-99999999999999999999999", INT_MIN, Remark::NumberOutOfRange},
+  };
+  for (const Case& c : cases) {
+    const auto parsed = qv::ParseInt(c.text);
+    EXPECT_EQ(parsed.value, c.value) << c.text;
+    EXPECT_EQ(parsed.remark, c.remark) << c.text;
+  }
+}
+
+TEST(ParseReal, TakesWhatTheRuntimeTakes) {
+  const std::vector<const char*> texts = {
+      "1.5",
+      "2.5mm",
+      "abc",
+      "",
+      " 3",
+      "+4",
+      "-4",
+      "--4",
+      "+-4",
+      ".5",
+      "5.",
+      ".",
+      "-.",
+      "1e3",
+      "1e",
+      "1e+",
+      "1E-2x",
+      "1,5",
+      "0x10",
+      "0x1.8p1",
+      "0x",
+      "0xg",
+      "-0x.8",
+      "inf",
+      "-Inf",
+      "infinity",
+      "INFX",
+      "nan",
+      "-0",
+      "0.1",
+      "1e308",
+      "1e309",
+      "-1e999999",
+      "1e-310",
+      "1e-400",
+      "0e999999999999",
+      "4.9e-324",
+      "2e-324",
+      "123456789012345678901234567890",
+      "0.000000000000000000000000000000000001e40",
+      "\t\n 7",
+      "1 2",
+      "1_000",
+      "1e5e5",
+      "0x1p-2000",
+      "0x1p2000",
+      "9007199254740993",
+  };
+  for (const char* text : texts) {
+    const double expected = std::strtod(text, nullptr);
+    const double value = qv::ParseReal(text).value;
+    if (std::isnan(expected))
+      EXPECT_TRUE(std::isnan(value)) << text;
+    else
+      EXPECT_EQ(std::bit_cast<std::uint64_t>(value), std::bit_cast<std::uint64_t>(expected))
+          << text << " gave " << value;
+  }
+}
+
+TEST(ParseReal, RemarksOnOddTexts) {
+  EXPECT_EQ(qv::ParseReal("1.5").remark, Remark::None);
+  EXPECT_EQ(qv::ParseReal(" 1.5 ").remark, Remark::None);
+  EXPECT_EQ(qv::ParseReal("2.5mm").remark, Remark::TrailingText);
+  EXPECT_EQ(qv::ParseReal("1,5").remark, Remark::TrailingText);
+  EXPECT_EQ(qv::ParseReal("mm").remark, Remark::NotANumber);
+  EXPECT_EQ(qv::ParseReal("-").remark, Remark::NotANumber);
+  EXPECT_EQ(qv::ParseReal("").remark, Remark::EmptyValue);
+  EXPECT_EQ(qv::ParseReal("1e999").remark, Remark::NumberOutOfRange);
+}
+
+std::string Printed(double value, int decimals) {
+  char text[400];
+  std::snprintf(text, sizeof text, "%.*f", decimals, value);
+  return text;
+}
+
+std::string Fixed(double value, int decimals) {
+  std::string out;
+  qv::AppendFixed(out, value, decimals);
+  return out;
+}
+
+TEST(AppendFixed, PrintsAsTheRuntime) {
+  std::vector<double> values = {
+      0.0,     -0.0,     0.5,     1.5,    2.5,          0.0000005, 0.0000015,          1e-7,
+      5e-7,    -1e-9,    0.1,     1.1,    -3.999999999, 1e15,      4503599627370495.5, 4503599627370496.0,
+      1e22,    DBL_MAX,  DBL_MIN, 5e-324, 0.0625,       0.03125,   1023.9999995,       99999999.9999995,
+      1.0e300, -123456.5};
+  std::mt19937_64 random(20260101);
+  for (int i = 0; i < 200000; ++i) {
+    const double bits = std::bit_cast<double>(random());
+    if (std::isfinite(bits)) values.push_back(bits);
+    values.push_back(static_cast<double>(random() % 1'000'000'000'000) / 1e6);
+    values.push_back(static_cast<double>(static_cast<float>(random() % 100'000) / 1000.0f));
+    values.push_back(std::ldexp(static_cast<double>(random() % 4096), -8 - static_cast<int>(random() % 8)));
+  }
+  for (const double value : values)
+    for (const int decimals : {3, 6}) ASSERT_EQ(Fixed(value, decimals), Printed(value, decimals)) << value;
+}
+
+TEST(AppendFixed, PrintsWhatIsNoNumber) {
+  EXPECT_EQ(Fixed(HUGE_VAL, 6), "inf");
+  EXPECT_EQ(Fixed(-HUGE_VAL, 6), "-inf");
+  EXPECT_EQ(Fixed(std::numeric_limits<double>::quiet_NaN(), 6), "nan");
+}
+
+}  // namespace
