@@ -5,9 +5,9 @@ set -euo pipefail
 # shellcheck source=tests/house/expect.sh
 . "$(dirname "${BASH_SOURCE[0]}")/../house/expect.sh"
 
-[ $# -eq 4 ] || { echo "usage: $0 SOURCE-TREE BUILD-TREE COMPILER COMPILER-FLAGS" >&2; exit 2; }
+[ $# -ge 3 ] || { echo "usage: $0 SOURCE-TREE BUILD-TREE COMPILER [COMPILER-FLAGS]" >&2; exit 2; }
 source=$1 build=$2 compiler=$3
-read -ra flags <<<"$4"
+read -ra flags <<<"${4:-}"
 scratch=$build/embed-test
 prefix="$scratch/moved prefix"
 rm -rf "$scratch"
@@ -34,10 +34,10 @@ cmake --build "$scratch/host" >/dev/null
 run_host "$scratch/host/host"
 
 echo "by pkg-config"
-pc="$library/pkgconfig/QVAssemblyFile.pc"
-expect "the version" "$(pkg-config --modversion "$pc")" \
-  "$(sed -n 's/.*PACKAGE_VERSION "\(.*\)"/\1/p' "$library"/cmake/*/*ConfigVersion.cmake | head -n 1)"
-eval "package=($(pkg-config --cflags --libs "$pc"))"
+export PKG_CONFIG_PATH=$library/pkgconfig
+expect "the version" "$(pkg-config --modversion QVAssemblyFile)" \
+  "$(sed -n 's/^set(PACKAGE_VERSION "\(.*\)")/\1/p' "$library"/cmake/*/*ConfigVersion.cmake)"
+eval "package=($(pkg-config --cflags --libs QVAssemblyFile))" # it quotes for a shell
 # shellcheck disable=SC2154  # package is set by the line above
 "$compiler" -std=c++20 "${flags[@]}" "$source/examples/host/main.cpp" "${package[@]}" -Wl,-rpath,"$library" -o "$scratch/host-pc"
 run_host "$scratch/host-pc"
