@@ -51,7 +51,6 @@ void FieldSplitter::Split(std::string_view line, FieldViews& out) {
   out.fields.clear();
   out.total = 0;
   out.openQualifier = false;
-  out.endsWithDelimiter = !line.empty() && ClassOf(line.back()) == kDelimiter;
   lineSize_ = line.size();
   scratch_.clear();
   Clear();
@@ -59,12 +58,17 @@ void FieldSplitter::Split(std::string_view line, FieldViews& out) {
   const char* const end = begin + line.size();
   switch (rule_) {
     case Rule::Qualified:
-      return SplitQualified(begin, end);
+      SplitQualified(begin, end);
+      break;
     case Rule::Unqualified:
-      return SplitUnqualified(begin, end);
+      SplitUnqualified(begin, end);
+      break;
     case Rule::Csv:
-      return SplitCsv(begin, end);
+      SplitCsv(begin, end);
+      break;
   }
+  const bool afterDelimiter = !line.empty() && ClassOf(line.back()) == kDelimiter;
+  out.droppedEmptyLast = Trimmed().empty() && (size_ != 0 || afterDelimiter);
 }
 
 // Adds characters to the field. As long as they stand side by side in the line, the field is a view of the

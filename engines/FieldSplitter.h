@@ -16,7 +16,7 @@ struct FieldViews {
   std::vector<std::string_view> fields;  ///< at most as many as the splitter keeps
   std::size_t total = 0;                 ///< how many the line has
   bool openQualifier = false;            ///< a qualified field was not closed
-  bool endsWithDelimiter = false;        ///< an empty field after the last delimiter was dropped
+  bool droppedEmptyLast = false;         ///< an empty field at the end was dropped
 };
 
 /// Splits lines into fields. Fields are views of the line wherever their characters stand together in it,

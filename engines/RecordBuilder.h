@@ -78,7 +78,7 @@ class RecordBuilder {
     if (row.total > columns_.size())
       report_.Tell(DiagnosticCode::RowTooLong, line, {}, text, {}, counts + "; the surplus is ignored");
     // A last cell that is empty looks like no cell at all.
-    const bool lastIsEmpty = row.endsWithDelimiter && row.total + 1 == columns_.size();
+    const bool lastIsEmpty = row.droppedEmptyLast && row.total + 1 == columns_.size();
     if (row.total < columns_.size() && !lastIsEmpty)
       report_.Tell(DiagnosticCode::RowTooShort, line, {}, text, {},
                    counts + "; the missing ones keep their defaults");

@@ -123,7 +123,7 @@ struct Flags {
   const char* why;
   const char* line;
   bool open;
-  bool endsWithDelimiter;
+  bool dropped;
 };
 
 void CheckFlags(qv::FieldSplitter splitter, const std::vector<Flags>& cases) {
@@ -132,7 +132,7 @@ void CheckFlags(qv::FieldSplitter splitter, const std::vector<Flags>& cases) {
     qv::FieldViews row;
     splitter.Split(c.line, row);
     EXPECT_EQ(row.openQualifier, c.open);
-    EXPECT_EQ(row.endsWithDelimiter, c.endsWithDelimiter);
+    EXPECT_EQ(row.droppedEmptyLast, c.dropped);
   }
 }
 
@@ -142,13 +142,17 @@ TEST(FieldSplitter, TellsWhatItHadToGuess) {
   CheckFlags(qv::FieldSplitter::Qualified(engine), {{"closed", R"(a,"b")", false, false},
                                                     {"open", R"(a,"b)", true, false},
                                                     {"open by a doubled one", R"("x""y",z)", true, false},
-                                                    {"ends with a delimiter", "a,b,", false, true}});
+                                                    {"ends with a delimiter", "a,b,", false, true},
+                                                    {"ends with blanks", "a,b,  ", false, true},
+                                                    {"delimiter in an open field", R"(a,"b,)", true, false},
+                                                    {"empty line", "", false, false}});
   CheckFlags(qv::FieldSplitter::Csv(), {{"closed at the end", R"(a,"b")", false, false},
                                         {"closed before blanks", R"(a,"b"  )", false, false},
                                         {"open", R"(a,"b)", true, false},
                                         {"opened at the very end", R"(a,")", true, false},
                                         {"text after the closing quote", R"(a,"b"c)", true, false},
-                                        {"ends with a delimiter", R"("a",)", false, true}});
+                                        {"ends with a delimiter", R"("a",)", false, true},
+                                        {"ends with quotes", R"(a,"")", false, true}});
 }
 
 TEST(FieldSplitter, CountsWhatItDoesNotKeep) {
