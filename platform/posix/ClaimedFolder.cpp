@@ -74,9 +74,10 @@ class ClaimedFolder {
   }
 
   void RemoveContent() const {
-    std::error_code ignored;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder_, ignored)) {
-      if (entry.path().filename() != kLockName) fs::remove_all(entry.path(), ignored);
+    std::error_code error;
+    for (fs::directory_iterator entry(folder_, error), end; !error && entry != end; entry.increment(error)) {
+      std::error_code ignored;
+      if (entry->path().filename() != kLockName) fs::remove_all(entry->path(), ignored);
     }
   }
 
