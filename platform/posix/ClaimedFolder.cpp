@@ -110,6 +110,12 @@ fs::path SlotFolder(const fs::path& target, int slot) {
   return target.parent_path() / name;
 }
 
+// Components that write the file themselves look at its extension.
+std::string WorkingName(const fs::path& target) {
+  const std::string extension = target.extension().string();
+  return extension.size() <= kLongestName ? "new" + extension : "new";
+}
+
 // What killed runs left in other slots. A slot in use is locked and stays.
 void SweepSlots(const fs::path& target, int taken) {
   for (int slot = 0; slot < kSlots; ++slot) {
@@ -128,7 +134,7 @@ std::unique_ptr<WorkingFile> ClaimSlot(const fs::path& target, std::string& reas
     switch (ClaimedFolder::Claim(SlotFolder(target, slot), claim)) {
       case ClaimedFolder::Result::Claimed: {
         SweepSlots(target, slot);
-        const std::string path = (SlotFolder(target, slot) / ShortName(target.filename().string())).string();
+        const std::string path = (SlotFolder(target, slot) / WorkingName(target)).string();
         return std::make_unique<PosixWorkingFile>(target.string(), path, std::move(claim));
       }
       case ClaimedFolder::Result::Busy:

@@ -1,0 +1,85 @@
+#include "platform/CodePage.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using Text = std::optional<std::string>;
+
+constexpr const char* kFffd = "\xEF\xBF\xBD";
+
+TEST(CodePageTest, ReplacesEachIllFormedStretchOnce) {
+  const struct {
+    const char* why;
+    std::string bytes;
+    std::string shown;  // "?" stands for U+FFFD
+  } cases[] = {
+      {"nothing", "", ""},
+      {"ASCII", "PartName", "PartName"},
+      {"two, three and four bytes", "é€\xF0\x9F\x98\x80", "é€\xF0\x9F\x98\x80"},
+      {"the last character of all", "\xF4\x8F\xBF\xBF", "\xF4\x8F\xBF\xBF"},
+      {"NUL is a character", std::string("a\0b", 3), std::string("a\0b", 3)},
+      {"a lone lead byte", "a\xC3z", "a?z"},
+      {"a lone following byte", "\x80\x80", "??"},
+      {"Latin-1 letters",
+       "Stra\xDF"
+       "e",
+       "Stra?e"},
+      {"a cut sequence is one stretch", "\xE2\x82z", "?z"},
+      {"a cut sequence at the end", "x\xF0\x9F\x98", "x?"},
+      {"an overlong slash", "\xC0\xAF", "??"},
+      {"an overlong three", "\xE0\x80\xAF", "???"},
+      {"a surrogate", "\xED\xA0\x80", "???"},
+      {"beyond the last character", "\xF4\x90\x80\x80", "????"},
+      {"bytes that never occur", "\xF5\xFE\xFF", "???"},
+      {"it goes on behind", "\xF1\x80\xC3\xA9", "?é"},
+  };
+  for (const auto& test : cases) {
+    SCOPED_TRACE(test.why);
+    std::string expected;
+    for (const char c : test.shown) expected += c == '?' ? std::string(kFffd) : std::string(1, c);
+    EXPECT_EQ(qv::ToUtf8(test.bytes), expected);
+    EXPECT_EQ(qv::DecodeText(test.bytes, "UTF-8"), expected);
+  }
+}
+
+TEST(CodePageTest, ConvertsNamedEncodings) {
+  const struct {
+    const char* encoding;
+    std::string bytes;
+    std::string utf8;
+  } cases[] = {
+      {"windows-1252", "\x80\xE4", "€ä"},
+      {"ISO-8859-1", "\xE4", "ä"},
+      {"shift_jis", "\x94\xC2\x8C\xFA", "板厚"},
+      {"utf-16le", std::string("A\0\xE4\0", 4), "Aä"},
+      {"utf8", "ä", "ä"},
+      {"ISO-2022-JP", "\x1B$BHD\x1B(B", "板"},
+  };
+  for (const auto& test : cases) {
+    SCOPED_TRACE(test.encoding);
+    EXPECT_EQ(qv::DecodeText(test.bytes, test.encoding), Text(test.utf8));
+    EXPECT_EQ(qv::EncodeText(test.utf8, test.encoding), Text(test.bytes));
+  }
+}
+
+TEST(CodePageTest, ReplacesWhatDoesNotConvert) {
+  EXPECT_EQ(qv::DecodeText("a\x81z", "windows-1252"), Text(std::string("a") + kFffd + "z"));
+  EXPECT_EQ(qv::DecodeText("a\x94", "shift_jis"), Text(std::string("a") + kFffd)) << "cut in a character";
+  EXPECT_EQ(qv::EncodeText("a板ä", "ISO-8859-1"), Text("a?\xE4"));
+  EXPECT_EQ(qv::EncodeText("板", "utf-16be").value().size(), 2U);
+  EXPECT_EQ(qv::EncodeText("a\xFFz", "ISO-8859-1"), Text("a?z")) << "what is no UTF-8";
+  const std::string large(10'000, '\xE4');
+  EXPECT_EQ(qv::EncodeText(qv::DecodeText(large, "ISO-8859-1").value(), "ISO-8859-1"), Text(large));
+}
+
+TEST(CodePageTest, KnowsNoOtherNames) {
+  for (const char* name : {"", "no-such", "windows-1252//IGNORE", "UTF-8//TRANSLIT", "/"}) {
+    EXPECT_EQ(qv::DecodeText("a", name), std::nullopt) << name;
+    EXPECT_EQ(qv::EncodeText("a", name), std::nullopt) << name;
+  }
+}
+
+}  // namespace
