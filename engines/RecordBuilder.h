@@ -6,7 +6,6 @@
 #include "engines/columns/ResolvedColumns.h"
 
 #include <algorithm>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -26,22 +25,22 @@ class RecordBuilder {
 
   std::size_t ColumnCount() const { return columns_.size(); }
 
-  /// Null when the row gives no record. `text` is the row as it stands in the file, for remarks.
-  std::unique_ptr<Record> Build(const FieldViews& row, std::int64_t line, std::string_view text) const {
+  /// Fills a fresh record; false when the row gives none. `text` is the row as it stands in the file, for
+  /// remarks.
+  bool Build(Record& record, const FieldViews& row, std::int64_t line, std::string_view text) const {
     if (KindTraits<Record>::kSkipsEmptyRows && row.total == 0) {
       TellLeftOut(line, text, "the row is empty");
-      return nullptr;
+      return false;
     }
-    auto record = std::make_unique<Record>();
     const std::size_t count = std::min(columns_.size(), row.fields.size());
     for (std::size_t rank = 0; rank < count; ++rank)
-      if (!ReadCell(*record, rank, row.fields[rank], line)) {
+      if (!ReadCell(record, rank, row.fields[rank], line)) {
         TellLeftOut(line, text, "the cell " + keywords_[rank] + " is empty");
-        return nullptr;
+        return false;
       }
-    for (bool Record::*flag : flags_) (*record).*flag = true;
+    for (bool Record::*flag : flags_) record.*flag = true;
     if (report_.IsWanted()) TellLength(row, line, text);
-    return record;
+    return true;
   }
 
  private:

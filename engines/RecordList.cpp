@@ -11,29 +11,67 @@
 #include <QVAssemblyFile/ShtInfo.h>
 #include <QVAssemblyFile/ToolInformation.h>
 
-template <class Record>
-void RecordList<Record>::Append(std::unique_ptr<Record> record) {
-  records_.push_back(record.get());
-  built_.push_back(std::move(record));
-}
-
-template <class Record>
-void RecordList<Record>::Stage(std::shared_ptr<qv::AttachedRecord> record) {
-  records_.push_back(static_cast<Record*>(record->Pointer()));
-  staged_.push_back(std::move(record));
-  staged_.back()->TakeOver();
-}
+#include <memory>
+#include <new>
 
 template <class Record>
 RecordList<Record>::RecordList() = default;
 
 template <class Record>
-RecordList<Record>::~RecordList() = default;
+RecordList<Record>::~RecordList() {
+  Clear();
+}
+
+template <class Record>
+Record& RecordList<Record>::Begin() {
+  DropBegun();
+  if (built_ == blocks_.size() * PerBlock()) AddBlock();
+  Record* const record = new (Built(built_)) Record;
+  hasBegun_ = true;
+  return *record;
+}
+
+template <class Record>
+void RecordList<Record>::Keep() {
+  hasBegun_ = false;
+  ++built_;
+}
+
+template <class Record>
+void RecordList<Record>::DropBegun() {
+  if (hasBegun_) std::destroy_at(Built(built_));
+  hasBegun_ = false;
+}
+
+template <class Record>
+void RecordList<Record>::AddBlock() {
+  blocks_.push_back(nullptr);
+  try {
+    blocks_.back() = static_cast<Record*>(::operator new(kBlockSize));
+  } catch (...) {
+    blocks_.pop_back();
+    throw;
+  }
+}
+
+template <class Record>
+void RecordList<Record>::Stage(std::shared_ptr<qv::AttachedRecord> record) {
+  staged_.push_back(std::move(record));
+  staged_.back()->TakeOver();
+}
+
+template <class Record>
+Record* RecordList<Record>::Staged(std::size_t rank) const {
+  return static_cast<Record*>(staged_[rank]->Pointer());
+}
 
 template <class Record>
 void RecordList<Record>::Clear() {
-  records_.clear();
-  built_.clear();
+  DropBegun();
+  for (std::size_t rank = 0; rank < built_; ++rank) std::destroy_at(Built(rank));
+  for (Record* block : blocks_) ::operator delete(block);
+  built_ = 0;
+  blocks_.clear();
   staged_.clear();
 }
 

@@ -18,8 +18,9 @@ namespace qv {
 class AttachedRecord;
 }
 
-/// The records of one kind that an engine holds: built by an import (the engine's own) or staged for an
-/// export (held together with the manager that attached them). All of them go with the list.
+/// The records of one kind that an engine holds: built by an import (the engine's own, in blocks of the
+/// list's) or staged for an export (held together with the manager that attached them). All of them go with
+/// the list.
 template <class Record>
 class RecordList {
  public:
@@ -28,21 +29,46 @@ class RecordList {
   RecordList(const RecordList&) = delete;
   RecordList& operator=(const RecordList&) = delete;
 
-  /// Takes a record that the engine built.
-  void Append(std::unique_ptr<Record> record);
+  /// A fresh record for the engine to fill. It becomes the last one of the list with Keep(); without, it is
+  /// gone with the next Begin().
+  Record& Begin();
+  void Keep();
 
   /// Takes a share in a record that a host attached. The library owns it from now on.
   void Stage(std::shared_ptr<qv::AttachedRecord> record);
 
-  std::size_t Size() const { return records_.size(); }
-  Record* operator[](std::size_t rank) const { return records_[rank]; }
-  auto begin() const { return records_.begin(); }
-  auto end() const { return records_.end(); }
+  std::size_t Size() const { return built_ + staged_.size(); }
+  Record* operator[](std::size_t rank) const { return rank < built_ ? Built(rank) : Staged(rank - built_); }
   void Clear();
 
+  class Iterator {
+   public:
+    Iterator(const RecordList& list, std::size_t rank) : list_(&list), rank_(rank) {}
+    Record* operator*() const { return (*list_)[rank_]; }
+    Iterator& operator++() {
+      ++rank_;
+      return *this;
+    }
+    bool operator==(const Iterator& other) const { return rank_ == other.rank_; }
+
+   private:
+    const RecordList* list_;
+    std::size_t rank_;
+  };
+  Iterator begin() const { return {*this, 0}; }
+  Iterator end() const { return {*this, Size()}; }
+
  private:
-  std::vector<Record*> records_;
-  std::vector<std::unique_ptr<Record>> built_;
+  static constexpr std::size_t kBlockSize = std::size_t{2} << 20;
+  static constexpr std::size_t PerBlock() { return kBlockSize / sizeof(Record); }
+  Record* Built(std::size_t rank) const { return blocks_[rank / PerBlock()] + rank % PerBlock(); }
+  Record* Staged(std::size_t rank) const;
+  void AddBlock();
+  void DropBegun();
+
+  std::vector<Record*> blocks_;
+  std::size_t built_ = 0;
+  bool hasBegun_ = false;
   std::vector<std::shared_ptr<qv::AttachedRecord>> staged_;
 };
 

@@ -61,7 +61,7 @@ void ReadRows(CTxtAssembly& engine, LineReader& lines, RowSplitter& splitter, co
   while (lines.Next(line)) {
     const FieldViews& row = splitter.Split(line);
     remarks.Tell(line, lines.LineNumber(), row);
-    if (auto record = builder.Build(row, lines.LineNumber(), line)) records.Append(std::move(record));
+    if (builder.Build(records.Begin(), row, lines.LineNumber(), line)) records.Keep();
   }
 }
 
