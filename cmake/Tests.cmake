@@ -5,9 +5,19 @@ get_filename_component(QV_TREE ${PROJECT_BINARY_DIR} NAME)
 
 # qv_test(NAME SOURCES file... [LIBRARIES target...]): a program of GoogleTest cases that looks inside the library.
 function(qv_test name)
+  qv_add_test_program(${name} qv_core ${ARGN})
+endfunction()
+
+# qv_host_test(NAME SOURCES file... [LIBRARIES target...]): one that sees what a host sees and links the shared library.
+function(qv_host_test name)
+  qv_add_test_program(${name} QVAssemblyFile ${ARGN})
+endfunction()
+
+function(qv_add_test_program name library)
   cmake_parse_arguments(TEST "" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${name}_tests ${TEST_SOURCES})
-  target_link_libraries(${name}_tests PRIVATE qv_core GTest::gtest_main ${TEST_LIBRARIES})
+  target_link_libraries(${name}_tests PRIVATE ${library} GTest::gtest_main ${TEST_LIBRARIES})
+  target_include_directories(${name}_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   qv_warnings(${name}_tests)
   add_test(NAME ${QV_TREE}.${name} COMMAND ${name}_tests)
   qv_give_temporary_folder(${name})

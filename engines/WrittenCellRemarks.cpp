@@ -26,7 +26,7 @@ void WrittenCellRemarks::Tell(std::int64_t line, std::string_view column, std::s
                               bool isWhole) const {
   if (!isWhole)
     report_.Tell(DiagnosticCode::TextCut, line, column, value, value,
-                 "the value is longer than a cell and was cut");
+                 "the value does not fit the cell and was cut");
   if (BreaksRow(value))
     report_.Tell(
         DiagnosticCode::DelimiterInValue, line, column, value, value,

@@ -35,7 +35,6 @@ constexpr CodeName kCodeNames[] = {
     {DiagnosticCode::ByteOrderMark, "byte-order-mark"},
     {DiagnosticCode::NulByte, "nul-byte"},
     {DiagnosticCode::FormulaLike, "formula-like"},
-    {DiagnosticCode::ValueTooWide, "value-too-wide"},
     {DiagnosticCode::DelimiterInValue, "delimiter-in-value"},
 };
 

@@ -32,7 +32,6 @@ enum class DiagnosticCode {
   ByteOrderMark,  ///< the file starts with a byte-order mark, which became part of the first field
   NulByte,        ///< a line holds NUL bytes
   FormulaLike,    ///< a written cell that a spreadsheet would run as a formula
-  ValueTooWide,   ///< a number wider than its cell usually is; written whole
   DelimiterInValue,  ///< a written value holds the delimiter or the qualifier; a reader will split it
 };
 
