@@ -4,6 +4,7 @@
 #include "support/Host.h"
 
 #include <algorithm>
+#include <clocale>
 #include <cstring>
 #include <memory>
 #include <thread>
@@ -222,6 +223,35 @@ TEST_F(ManagerTest, ManagersOfSeveralThreadsDoNotMeet) {
       }
     });
   for (std::thread& thread : threads) thread.join();
+}
+
+/// Sets a locale with a decimal comma, as a host may, for the test's duration; where there is none the test
+/// still runs, with less to say.
+class CommaLocale {
+ public:
+  CommaLocale() {
+    for (const char* name : {"de_DE.UTF-8", "de_DE", "fr_FR.UTF-8", "German_Germany.1252"})
+      if (std::setlocale(LC_ALL, name) != nullptr) return;
+  }
+  ~CommaLocale() { std::setlocale(LC_ALL, "C"); }
+};
+
+TEST_F(ManagerTest, ReadsAndWritesNumbersAlikeInEveryLocale) {
+  const std::string formats = folder.Write("t.xml",
+                                           "<x Current=\"F\"><OptionForm Name=\"F\" Line=\"1\">"
+                                           "<PartName Order=\"0\"/><MaterialThickness Order=\"1\"/>"
+                                           "</OptionForm></x>");
+  const std::string path = folder.Write("parts.csv", "n,t\nA,1.5\n");
+  const CommaLocale locale;
+  manager.LoadFormatConfiguration(formats.c_str());
+  manager.ImportAssemblyFile(Path(path));
+  ASSERT_EQ(manager.GetPartsCount(), 1);
+  EXPECT_EQ(manager.GetPartInfoAtRank(0)->GetMaterialThickness(), 1.5);
+  auto* part = NewPart("A");
+  part->SetMaterialThickness(1.5);
+  manager.AddAndAttachPart(part);
+  manager.ExportAssemblyFile(Path(path));
+  EXPECT_NE(TemporaryFolder::Read(path).find("\"1.500000\""), std::string::npos);
 }
 
 TEST_F(ManagerTest, FindsTheFormatNameInAFile) {

@@ -1,0 +1,89 @@
+#include "engines/CCSVAssembly.h"
+#include "engines/CTxtAssembly.h"
+#include "engines/columns/ColumnTables.h"
+#include "support/DiagnosticLog.h"
+#include "support/FakeFileSystem.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+constexpr const char* kPath = "parts.csv";
+constexpr const char* kOld = "name,qty\nA1,5\n";
+
+std::string AsWritten(const std::string& text) {
+  std::string native;
+  for (const char c : text) native += c == '\n' ? std::string(qv::kLineEnd) : std::string(1, c);
+  return native;
+}
+
+/// Fails each call to the file system in turn, and every later one. Each time the file is the old one or the
+/// new one, and a failure that kept the old one is told.
+template <class Work>
+void FailEachCall(Work work, const std::string& fresh) {
+  DiagnosticLog log;
+  const int runs = ForEachFailure(
+      {{kPath, kOld}}, [&](FakeFileSystem&) { work(); },
+      [&](FakeFileSystem& files) {
+        const std::string content = files.Contents[kPath];
+        EXPECT_EQ(content, log.Remarks.empty() ? AsWritten(fresh) : kOld);
+        EXPECT_TRUE(files.Failed() || log.Remarks.empty());
+        log.Remarks.clear();
+      });
+  EXPECT_GT(runs, 10) << "too little was put to the test";
+}
+
+TEST(Rewriting, AnExportReplacesTheFileOrLeavesIt) {
+  FailEachCall(
+      [] {
+        CCSVAssembly engine;
+        engine.Columns(RecordKind::Parts) = {"PartName"};
+        EXPECT_TRUE(engine.Export(kPath));
+      },
+      "\"PartName\",\n");
+}
+
+TEST(Rewriting, AFormatNameReplacesTheFileOrLeavesIt) {
+  FailEachCall(
+      [] {
+        CTxtAssembly engine;
+        engine.WriteFormatName("Form1", kPath);
+      },
+      "[FMT_Name=Form1]\nname,qty\nA1,5\n");
+}
+
+TEST(Reading, KeepsWhatCameBeforeAFailureAndTellsIt) {
+  for (int call = 1; call <= 2; ++call) {
+    FakeFileSystem files;
+    files.Contents[kPath] = kOld;
+    files.LargestRead = 12;  // the header row and a part's name
+    files.FailAt(call, "read");
+    DiagnosticLog log;
+    CTxtAssembly engine;
+    engine.Delimiters = "Comma";
+    engine.Columns(RecordKind::Parts) = {"PartName"};
+    EXPECT_TRUE(engine.ImportParts(kPath));
+    EXPECT_EQ(engine.StagedRecords.Of<PartInformation>().Size(), call == 1 ? 0u : 1u);
+    EXPECT_EQ(log.Codes(), "file-not-opened");
+  }
+}
+
+// Keywords that no format file can hold, for an XML tag ends at a blank and has no slash.
+TEST(Columns, KeywordsBeyondTheFormatFile) {
+  FakeFileSystem files;
+  files.Contents["m.csv"] = "h\n1,2\n";
+  CCSVAssembly engine;
+  engine.Columns(RecordKind::Materials) = {"Ignore", "OUTSIDECUTOUTS-EXCEEDSY "};
+  engine.ImportMaterials("m.csv");
+  EXPECT_EQ(engine.StagedRecords.Of<MaterialInfomation>()[0]->GetOutsideCutouts_ExceedsY(), 2.0f);
+
+  CCSVAssembly writer;
+  writer.Columns(RecordKind::Parts) = {"c-cut/punch", "RectangularTrueShape", "RECTANGULAR/TRUESHAPE"};
+  writer.Export("p.csv");
+  EXPECT_EQ(files.Contents["p.csv"], "\"c-cut/punch\",\"RectangularTrueShape\",\"RECTANGULAR/TRUESHAPE\"," +
+                                         std::string(qv::kLineEnd));
+}
+
+}  // namespace
