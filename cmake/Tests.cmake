@@ -35,3 +35,13 @@ function(qv_give_temporary_folder name)
   file(MAKE_DIRECTORY ${folder})
   set_property(TEST ${QV_TREE}.${name} APPEND PROPERTY ENVIRONMENT TMPDIR=${folder} TEST_TMPDIR=${folder})
 endfunction()
+
+# A locale with a decimal comma for tests that a host's locale must not disturb, made in the build tree.
+function(qv_make_comma_locale)
+  set(QV_LOCALES ${PROJECT_BINARY_DIR}/locales)
+  find_program(QV_LOCALEDEF localedef)
+  if(QV_LOCALEDEF AND NOT CMAKE_CROSSCOMPILING AND NOT EXISTS ${QV_LOCALES}/de_DE.UTF-8)
+    file(MAKE_DIRECTORY ${QV_LOCALES})
+    execute_process(COMMAND ${QV_LOCALEDEF} -i de_DE -f UTF-8 ${QV_LOCALES}/de_DE.UTF-8 OUTPUT_QUIET ERROR_QUIET)
+  endif()
+endfunction()

@@ -6,7 +6,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 
 # Debian packages by purpose. A purpose lists all that it needs beyond the purposes named with it.
 declare -A packages=(
-  [native]="g++ cmake ninja-build pkg-config libpugixml-dev libsimpleini-dev libcli11-dev nlohmann-json3-dev libgtest-dev"
+  [native]="g++ cmake ninja-build pkg-config libpugixml-dev libsimpleini-dev libcli11-dev nlohmann-json3-dev libgtest-dev locales"
   [checks]="shellcheck man-db"
   [workbook]="libreoffice-calc-nogui libreoffice-dev"
   [dialog]="libgtk-3-dev xvfb xauth"

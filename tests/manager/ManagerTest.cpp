@@ -243,6 +243,7 @@ TEST_F(ManagerTest, ReadsAndWritesNumbersAlikeInEveryLocale) {
                                            "</OptionForm></x>");
   const std::string path = folder.Write("parts.csv", "n,t\nA,1.5\n");
   const CommaLocale locale;
+  if (*std::localeconv()->decimal_point != ',') GTEST_SKIP() << "there is no locale with a decimal comma";
   manager.LoadFormatConfiguration(formats.c_str());
   manager.ImportAssemblyFile(Path(path));
   ASSERT_EQ(manager.GetPartsCount(), 1);
