@@ -35,7 +35,7 @@ void ReportNotWritten(const std::string& path, const std::string& reason) {
               "The format file was not written (" + reason + ")."});
 }
 
-// Null when it was written, else the reason.
+// Empty when it was written, else the reason.
 std::string WriteDocument(qv::XmlDocument& document, const char* path) {
   qv::ReplacingFile file(path == nullptr ? "" : path, qv::WorkingPlace::BesideTarget);
   if (file.WorkingPath().empty()) return file.Reason();
@@ -82,9 +82,9 @@ bool SaveToFile(const FormatConfiguration& configuration, const char* path, std:
   try {
     WriteFormats(configuration.Formats ? *configuration.Formats : none, *document);
     reason = WriteDocument(*document, path);
-  } catch (const std::runtime_error& error) {
+  } catch (const NodeError& error) {
     isXml = false;
-    reason = error.what();
+    reason = std::string(error.what()) + ": " + error.Detail();
   }
   if (!reason.empty()) ReportNotWritten(path == nullptr ? "" : path, reason);
   if (failure != nullptr) *failure = reason;

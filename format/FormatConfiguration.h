@@ -16,8 +16,9 @@ struct FormatConfiguration {
 bool LoadFromFile(FormatConfiguration& configuration, const char* path);
 
 /// Writes the configuration to `path`, keeping the old file until the new one is whole. False when a format
-/// or an item cannot be written as XML; nothing is written then. A file that cannot be written is told to the
-/// diagnostic handler and, when `failure` is given, there; the result is still true.
+/// or an item cannot be written as XML; nothing is written then. A file that cannot be written still gives
+/// true. Either failure is told to the diagnostic handler, and put as a reason into `failure` when that is
+/// given; empty there means that the file was written. On Windows COM must be initialised on this thread.
 bool SaveToFile(const FormatConfiguration& configuration, const char* path, std::string* failure = nullptr);
 
 /// Replaces the list by one that holds the format "Form1" with every known keyword, none of them a column.

@@ -41,6 +41,8 @@ class FakeFileSystem final : public qv::FileSystem {
     FailAt(n, std::move(kind));
     persistent_ = true;
   }
+  /// Lets every call succeed from now on; Failed() stays.
+  void StopFailing() { countdown_ = 0; }
   /// Whether a call was made to fail.
   bool Failed() const { return failed_; }
 

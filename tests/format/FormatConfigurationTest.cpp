@@ -1,0 +1,281 @@
+#include "format/FormatConfiguration.h"
+
+#include "tests/support/DiagnosticLog.h"
+#include "tests/support/FakeFileSystem.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include "platform/XmlDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <cstring>
+#include <string>
+
+namespace {
+
+class FormatConfigurationTest : public testing::Test {
+ protected:
+  bool Load(const std::string& text) {
+    const std::string path = folder_.Write("formats.xml", text);
+    log_.Remarks.clear();
+    return LoadFromFile(configuration_, path.c_str());
+  }
+  bool LoadFormat(const std::string& attributes, const std::string& children = "") {
+    return Load("<CSVOptionSetting Current='a'><OptionForm Name='a' " + attributes + ">" + children +
+                "</OptionForm></CSVOptionSetting>");
+  }
+  const FormatList& List() const { return *configuration_.Formats; }
+  const OptionForm& First() const { return List().Formats.at(0); }
+
+  TemporaryFolder folder_;
+  DiagnosticLog log_;
+  FormatConfiguration configuration_;
+  qv::XmlLoadScope scope_;  // saving needs what a user-interface thread has
+};
+
+TEST_F(FormatConfigurationTest, ReadsEveryField) {
+  ASSERT_TRUE(
+      Load("<?xml version='1.0' encoding='UTF-8'?>\n"
+           "<CSVOptionSetting Current='Laser'>\n"
+           "  <OptionForm Name='Laser' Line='3' Delimiters='Semicolon,Other' Other='|' Qualifier='1'"
+           " TreatAsOne='true' Part='Path'><PartName Order='1'/><Ignore Order='0,2,'/></OptionForm>\n"
+           "  <OptionForm/>\n"
+           "</CSVOptionSetting>\n"));
+  EXPECT_EQ(log_.Codes(), "");
+  EXPECT_EQ(List().CurrentFormat, "Laser");
+  ASSERT_EQ(List().Formats.size(), 2U);
+  const OptionForm& form = First();
+  EXPECT_EQ(form.Name + "/" + form.Delimiters + "/" + form.OtherDelimiters + "/" + form.PartKey,
+            "Laser/Semicolon,Other/|/Path");
+  EXPECT_EQ(form.StartLine, 3);
+  EXPECT_EQ(form.Qualifier, 1);
+  EXPECT_TRUE(form.TreatAsOne);
+  ASSERT_EQ(form.Items.size(), 33U);
+  EXPECT_EQ(form.Items[0].Name + form.Items[0].Order, "PartName1");
+  EXPECT_EQ(form.Items[1].Name + form.Items[1].Order, "Ignore0,2,");
+  EXPECT_EQ(form.Items[2].Name + form.Items[2].Order, "PartNumber-1");
+
+  const OptionForm& bare = List().Formats[1];
+  EXPECT_EQ(bare.Name + bare.Delimiters + bare.OtherDelimiters + bare.PartKey, "");
+  EXPECT_EQ(bare.StartLine, 0);
+  EXPECT_FALSE(bare.TreatAsOne);
+  EXPECT_EQ(bare.Items.size(), 33U);
+}
+
+TEST_F(FormatConfigurationTest, ReadsNumbersAsFarAsTheyGo) {
+  const struct {
+    const char* text;
+    int number;
+    const char* remark;
+  } cases[] = {
+      {"2", 2, ""},
+      {"-3", -3, ""},
+      {"+4", 4, ""},
+      {" \t5", 5, ""},
+      {"007", 7, ""},
+      {"", 0, ""},
+      {"6x", 6, "trailing-text"},
+      {"7 ", 7, "trailing-text"},
+      {"1.5", 1, "trailing-text"},
+      {"x8", 0, "not-a-number"},
+      {"+-9", 0, "not-a-number"},
+      {"- 9", 0, "not-a-number"},
+      {"2147483647", INT_MAX, ""},
+      {"2147483648", INT_MAX, "number-out-of-range"},
+      {"-99999999999999999999", INT_MIN, "number-out-of-range"},
+  };
+  for (const auto& test : cases) {
+    SCOPED_TRACE(test.text);
+    for (const char* attribute : {"Line", "Qualifier"}) {
+      ASSERT_TRUE(LoadFormat(std::string(attribute) + "='" + test.text + "'"));
+      EXPECT_EQ(attribute[0] == 'L' ? First().StartLine : First().Qualifier, test.number);
+      EXPECT_EQ(log_.Codes(), test.remark);
+    }
+  }
+}
+
+TEST_F(FormatConfigurationTest, OnlyOneWordSetsTheFlag) {
+  const struct {
+    const char* text;
+    bool flag;
+    const char* remark;
+  } cases[] = {{"true", true, ""},
+               {"0", false, ""},
+               {"", false, ""},
+               {"1", false, "unknown-word"},
+               {"TRUE", false, "unknown-word"},
+               {" true", false, "unknown-word"}};
+  for (const auto& test : cases) {
+    SCOPED_TRACE(test.text);
+    ASSERT_TRUE(LoadFormat("TreatAsOne='" + std::string(test.text) + "'"));
+    EXPECT_EQ(First().TreatAsOne, test.flag);
+    EXPECT_EQ(log_.Codes(), test.remark);
+  }
+}
+
+TEST_F(FormatConfigurationTest, TakesEveryChildOfAFormatAsAnItem) {
+  const struct {
+    const char* children;
+    const char* names;
+  } cases[] = {
+      {"<PartName Order='0'/>\n\t<Mine/>", "PartName0 Mine "},
+      {"<!-- why --><PartName Order='0'/>", "#comment PartName0 "},
+      {"text<![CDATA[x]]><?pi Order='1'?>", "#text #cdata-section pi "},
+      {"<PartName Order='0'/><PartName Order='1'/>", "PartName0 PartName1 "},
+      {"<OptionForm Order='1'><PartName Order='0'/></OptionForm>", "OptionForm1 "},
+  };
+  for (const auto& test : cases) {
+    SCOPED_TRACE(test.children);
+    ASSERT_TRUE(LoadFormat("", test.children));
+    const auto named =
+        static_cast<std::size_t>(std::count(test.names, test.names + std::strlen(test.names), ' '));
+    std::string names;
+    for (std::size_t i = 0; i < named; ++i) names += First().Items[i].Name + First().Items[i].Order + " ";
+    EXPECT_EQ(names, test.names);
+  }
+}
+
+TEST_F(FormatConfigurationTest, SkipsWhatIsNoFormat) {
+  ASSERT_TRUE(
+      Load("<CSVOptionSetting><!-- x --><Other/>text<optionform Name='c'/><OptionForm Name='a' Line='1'/>"
+           "<OptionForm Name='b'/><OptionForm Name='a' Line='2'/></CSVOptionSetting>"));
+  EXPECT_EQ(List().CurrentFormat, "");
+  ASSERT_EQ(List().Formats.size(), 2U);
+  EXPECT_EQ(First().Name, "a");
+  EXPECT_EQ(First().StartLine, 2) << "the later one of a name, in the earlier one's place";
+}
+
+TEST_F(FormatConfigurationTest, TakesAnyRootButSaysSo) {
+  ASSERT_TRUE(Load("<Settings Current='x'><OptionForm Name='x'/></Settings>"));
+  EXPECT_EQ(List().CurrentFormat, "x");
+  EXPECT_EQ(First().Name, "x");
+  EXPECT_EQ(log_.Codes(), "configuration-invalid");
+}
+
+TEST_F(FormatConfigurationTest, KeepsTheListWhenThereIsNoPath) {
+  configuration_.Formats = FormatList{"mine", {}};
+  EXPECT_FALSE(LoadFromFile(configuration_, nullptr));
+  EXPECT_FALSE(LoadFromFile(configuration_, ""));
+  EXPECT_EQ(List().CurrentFormat, "mine");
+}
+
+TEST_F(FormatConfigurationTest, FallsBackOnTheBuiltInFormatAndSaysWhy) {
+  configuration_.Formats = FormatList{"mine", {}};
+  const std::string missing = folder_ / "missing.xml";
+  EXPECT_TRUE(LoadFromFile(configuration_, missing.c_str()));
+  EXPECT_EQ(List().CurrentFormat, "Form1");
+  EXPECT_EQ(log_.Codes(), "configuration-missing");
+  EXPECT_EQ(log_.Remarks[0].file, missing);
+  EXPECT_EQ(folder_.Names().size(), 0U) << "nothing is written";
+
+  EXPECT_TRUE(Load("<CSVOptionSetting>\n  <OptionForm Name='a'></CSVOptionSetting>"));
+  EXPECT_EQ(First().Name, "Form1");
+  EXPECT_EQ(log_.Codes(), "configuration-invalid");
+  EXPECT_EQ(log_.Remarks[0].line, 2);
+  EXPECT_NE(log_.Remarks[0].message.find("line 2"), std::string::npos);
+}
+
+FormatList Sample() {
+  OptionForm odd;
+  odd.Name = "<odd> & \"name\"";
+  odd.StartLine = -1;
+  odd.Delimiters = "Tab,Other";
+  odd.OtherDelimiters = "\t|'\n";
+  odd.Qualifier = 2;
+  odd.PartKey = "Path";
+  odd.Items = {{"C-CutPunch", "3"}, {"Ignore", "0,2,"}, {"Mine", " x "}};
+  OptionForm bare;
+  bare.Items = {{"PartName", ""}};
+  return {"nowhere", {odd, bare}};
+}
+
+TEST_F(FormatConfigurationTest, ReadsBackWhatItSaved) {
+  configuration_.Formats = Sample();
+  const std::string path = folder_ / "saved.xml";
+  std::string failure = "stale";
+  ASSERT_TRUE(SaveToFile(configuration_, path.c_str(), &failure));
+  EXPECT_EQ(failure, "");
+  EXPECT_EQ(folder_.Names(), std::set<std::string>{"saved.xml"});
+  EXPECT_TRUE(TemporaryFolder::Read(path).starts_with("<?xml version=\"1.0\" encoding=\"UTF-8\"?>"));
+
+  FormatConfiguration loaded;
+  ASSERT_TRUE(LoadFromFile(loaded, path.c_str()));
+  EXPECT_EQ(log_.Codes(), "");
+  const FormatList saved = Sample();
+  EXPECT_EQ(loaded.Formats->CurrentFormat, saved.CurrentFormat);
+  ASSERT_EQ(loaded.Formats->Formats.size(), saved.Formats.size());
+  for (std::size_t i = 0; i < saved.Formats.size(); ++i) {
+    const OptionForm& before = saved.Formats[i];
+    const OptionForm& after = loaded.Formats->Formats[i];
+    EXPECT_EQ(after.Name, before.Name);
+    EXPECT_EQ(after.StartLine, before.StartLine);
+    EXPECT_EQ(after.Delimiters, before.Delimiters);
+    EXPECT_EQ(after.OtherDelimiters, before.OtherDelimiters);
+    EXPECT_EQ(after.Qualifier, before.Qualifier);
+    EXPECT_EQ(after.PartKey, before.PartKey);
+    for (std::size_t item = 0; item < before.Items.size(); ++item) {
+      EXPECT_EQ(after.Items[item].Name, before.Items[item].Name);
+      EXPECT_EQ(after.Items[item].Order, before.Items[item].Order);
+    }
+  }
+}
+
+TEST_F(FormatConfigurationTest, ASavedFlagReadsBackClear) {
+  OptionForm form;
+  form.TreatAsOne = true;
+  configuration_.Formats = FormatList{"", {form}};
+  const std::string path = folder_ / "saved.xml";
+  ASSERT_TRUE(SaveToFile(configuration_, path.c_str()));
+  EXPECT_NE(TemporaryFolder::Read(path).find("TreatAsOne=\"1\""), std::string::npos);
+  ASSERT_TRUE(LoadFromFile(configuration_, path.c_str()));
+  EXPECT_FALSE(First().TreatAsOne);
+}
+
+TEST_F(FormatConfigurationTest, SavesAnAbsentListAsAnEmptyOne) {
+  const std::string path = folder_ / "saved.xml";
+  ASSERT_TRUE(SaveToFile(FormatConfiguration(), path.c_str()));
+  ASSERT_TRUE(LoadFromFile(configuration_, path.c_str()));
+  EXPECT_EQ(List().Formats.size(), 0U);
+}
+
+TEST_F(FormatConfigurationTest, WritesNothingWhenANodeCannotBe) {
+  const std::string path = folder_.Write("saved.xml", "old");
+  for (const char* name : {"#comment", "Rectangular/TrueShape", "a b", ""}) {
+    SCOPED_TRACE(name);
+    OptionForm form;
+    form.Items = {{"PartName", "0"}, {name, "1"}};
+    configuration_.Formats = FormatList{"", {form}};
+    log_.Remarks.clear();
+    std::string failure;
+    EXPECT_FALSE(SaveToFile(configuration_, path.c_str(), &failure));
+    EXPECT_TRUE(failure.starts_with("FormatItem node error")) << failure;
+    EXPECT_EQ(TemporaryFolder::Read(path), "old");
+    EXPECT_EQ(log_.Codes(), "file-not-written");
+  }
+}
+
+TEST_F(FormatConfigurationTest, KeepsTheOldFileWhateverCallFails) {
+  std::string old;
+  {
+    FakeFileSystem files;
+    SaveToFile(FormatConfiguration(), "a.xml");
+    old = files.Contents["a.xml"];
+  }
+  configuration_.Formats = Sample();
+  std::string failure;
+  const int runs = ForEachFailure(
+      {{"a.xml", old}}, [&](FakeFileSystem&) { EXPECT_TRUE(SaveToFile(configuration_, "a.xml", &failure)); },
+      [&](FakeFileSystem& files) {
+        EXPECT_EQ(files.Contents["a.xml"] == old, !failure.empty());
+        FormatConfiguration loaded;
+        files.StopFailing();
+        EXPECT_TRUE(LoadFromFile(loaded, "a.xml"));
+        EXPECT_EQ(loaded.Formats->Formats.size(), failure.empty() ? 2U : 0U);
+      });
+  EXPECT_EQ(failure, "");
+  EXPECT_GE(runs, 10);
+}
+
+}  // namespace

@@ -1,0 +1,114 @@
+#include "manager/SettingsFile.h"
+
+#include "manager/CConfigFile.h"
+#include "platform/DynamicLibrary.h"
+#include "platform/FileSystem.h"
+#include "tests/support/DiagnosticLog.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <type_traits>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+static_assert(std::has_virtual_destructor_v<CConfigFile>);
+
+fs::path ProgramFolder() { return fs::path(qv::ProgramPath()).parent_path(); }
+
+std::string SettingsBesideProgram() {
+  return (ProgramFolder() / "PARM" / "Setting.ini").make_preferred().string();
+}
+
+// The settings library stands beside the program while this lives.
+class InstalledLibrary {
+ public:
+  explicit InstalledLibrary(const fs::path& library)
+      : path_(ProgramFolder() / fs::path("ConfigurationManager").replace_extension(library.extension())) {
+    fs::copy_file(library, path_, fs::copy_options::overwrite_existing);
+  }
+  ~InstalledLibrary() {
+    std::error_code stillLoaded;
+    fs::remove(path_, stillLoaded);
+  }
+
+ private:
+  fs::path path_;
+};
+
+int GetSetupFolder(std::string& folder) {
+  std::array<char, 260> buffer{};
+  const int result = ConfigFile.GetValue("QVF_DEFAULT_SETUP_PATH", buffer.data());
+  folder = buffer.data();
+  return result;
+}
+
+bool HasNoSettings() {
+  std::string folder;
+  return GetSetupFolder(folder) == 0 && folder.empty() && SettingsFilePath() == SettingsBesideProgram();
+}
+
+// For a process of its own, as a library stays loaded. Exits with 0 when the library was found and of no use.
+[[noreturn]] void AskALibraryWithoutTheReader() {
+  bool asExpected = false;
+  {
+    const InstalledLibrary library(UNRELATED_LIBRARY);
+    asExpected = HasNoSettings() && qv::LoadLibraryByName("ConfigurationManager") != nullptr;
+  }
+  std::exit(asExpected ? 0 : 1);
+}
+
+TEST(SettingsLibraryDeathTest, MayLackTheReader) {
+  EXPECT_EXIT(AskALibraryWithoutTheReader(), testing::ExitedWithCode(0), "");
+}
+
+TEST(SettingsLibraryTest, NamesTheFolderOnceItIsThere) {
+  EXPECT_TRUE(HasNoSettings()) << "no library yet";
+  const InstalledLibrary library(SETTINGS_LIBRARY);
+  EXPECT_TRUE(HasNoSettings()) << "a library without the setting";
+
+  void* const handle = qv::LoadLibraryByName("ConfigurationManager");
+  ASSERT_NE(handle, nullptr);
+  const auto setSetupFolder =
+      reinterpret_cast<void (*)(const char*)>(qv::FindFunction(handle, "SetSetupFolder"));
+  ASSERT_NE(setSetupFolder, nullptr);
+  setSetupFolder("/setup/");
+  std::string folder;
+  EXPECT_EQ(GetSetupFolder(folder), 7) << "what the library returns";
+  EXPECT_EQ(folder, "/setup/");
+  EXPECT_EQ(SettingsFilePath(), "/setup/Setting.ini");
+  setSetupFolder("/setup");
+  EXPECT_EQ(SettingsFilePath(), "/setupSetting.ini") << "the folder is used as it is given";
+
+  std::array<char, 8> untouched{"x"};
+  EXPECT_EQ(CConfigFile().GetValue("ANOTHER_SETTING", untouched.data()), 0);
+  EXPECT_STREQ(untouched.data(), "x");
+}
+
+TEST(SettingsFileTest, KeepsTheDefaultFormatBesideTheHostsSettings) {
+  const TemporaryFolder folder;
+  const std::string path = folder / "Setting.ini";
+  EXPECT_EQ(ReadDefaultFormat(path), "");
+  folder.Write("Setting.ini", "[Host]\nLanguage=de\n");
+  EXPECT_EQ(ReadDefaultFormat(path), "");
+  for (const char* name : {"Form1", "Laser \xC3\xA4", ""}) {
+    EXPECT_TRUE(WriteDefaultFormat(path, name));
+    EXPECT_EQ(ReadDefaultFormat(path), name);
+    EXPECT_TRUE(TemporaryFolder::Read(path).starts_with("[Host]\nLanguage=de\n"));
+  }
+}
+
+TEST(SettingsFileTest, TellsWhenTheDefaultFormatIsNotKept) {
+  const TemporaryFolder folder;
+  const DiagnosticLog log;
+  EXPECT_FALSE(WriteDefaultFormat(folder / "no/such/folder/Setting.ini", "Form1"));
+  EXPECT_EQ(log.Codes(), "file-not-written");
+}
+
+}  // namespace
