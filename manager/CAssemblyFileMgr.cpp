@@ -6,6 +6,7 @@
 #include "manager/FormatNameText.h"
 #include "manager/FormatOptionDialog.h"
 #include "manager/ManagerState.h"
+#include "manager/RecordMemory.h"
 #include "platform/InvalidParameter.h"
 #include "platform/MessageBox.h"
 
@@ -123,7 +124,10 @@ void ClearRecords(const Engine& engine) {
 }  // namespace
 
 CAssemblyFileMgr::CAssemblyFileMgr()
-    : configuration_(std::make_shared<FormatConfiguration>()), state_(std::make_unique<State>()) {}
+    : configuration_(std::make_shared<FormatConfiguration>()), state_(std::make_unique<State>()) {
+  // Here, because a host makes its manager before its records.
+  qv::UseLargeBlocks();
+}
 
 CAssemblyFileMgr::CAssemblyFileMgr(const CAssemblyFileMgr& other)
     : configuration_(other.configuration_),
