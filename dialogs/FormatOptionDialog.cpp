@@ -2,6 +2,8 @@
 
 #include "platform/MessageBox.h"
 
+bool HasFormatOptionDialog() { return false; }
+
 bool ShowFormatOptionDialog(const FormatOptionRequest&) {
   qv::ShowMessage("This build has no format option dialog.");
   return false;

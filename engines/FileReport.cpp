@@ -27,7 +27,7 @@ constexpr std::size_t kLongestQuote = 60;
 std::string Quoted(std::string_view text) {
   std::string quoted = "\"";
   quoted += text.substr(0, kLongestQuote);
-  if (text.size() > kLongestQuote) quoted += "…";
+  if (text.size() > kLongestQuote) quoted += "...";
   quoted += '"';
   return quoted;
 }

@@ -14,5 +14,8 @@ struct FormatOptionRequest {
   int option = 0;          ///< kept for the host
 };
 
+/// Whether this build has a dialog to show. Defined by dialogs/.
+bool HasFormatOptionDialog();
+
 /// Runs the dialog modally; true when it ended with OK and the format file was saved. Defined by dialogs/.
 bool ShowFormatOptionDialog(const FormatOptionRequest& request);

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+
+namespace qv {
+
+/// What the program ends with.
+enum ExitCode {
+  kDone = 0,
+  kWarned = 1,      ///< done, but something was not taken as it stood
+  kWrongUsage = 2,  ///< the command line is wrong; nothing was touched
+  kFileTrouble = 3  ///< a file could not be read or written, or is of no supported type; nothing was written
+};
+
+/// One remark for the user, in UTF-8. `line` is 1-based or 0, `column` is a column's keyword or a record's
+/// key; both may be missing.
+struct Remark {
+  std::string file;
+  std::int64_t line = 0;
+  std::string column;
+  std::string code;  ///< stable name for machines
+  std::string text;  ///< as it was found
+  std::string message;
+};
+
+/// The command line asks for something that cannot be.
+struct UsageError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// A file could not be read or written. The remark has not been told yet.
+struct FileError : std::runtime_error {
+  explicit FileError(Remark what) : std::runtime_error(what.message), remark(std::move(what)) {}
+  Remark remark;
+};
+
+/// As FileError, after the library has told it.
+struct FileErrorTold : std::runtime_error {
+  FileErrorTold() : std::runtime_error("") {}
+};
+
+}  // namespace qv

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "cli/Remarks.h"
+#include "format/FormatConfiguration.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+class CAssemblyFileMgr;
+
+namespace qv {
+
+/// Paths in this program are UTF-8 until the library is called.
+using Utf8Path = std::string;
+
+/// The format configuration of one run: which file it comes from, and what that holds.
+class FormatFile {
+ public:
+  /// What a command that edits formats does about a missing file.
+  enum class Missing { IsError, IsNew };
+
+  /// Takes the file that the user named, else the one named by QVASSEMBLY_CONFIG, else AssemblyFormats.xml in
+  /// the folder of the first data file that has one (without data files: in the current folder), else the
+  /// built-in configuration. Throws FileError for a file that is named but missing, and for one that is not
+  /// well formed.
+  FormatFile(const std::optional<Utf8Path>& named, const std::vector<Utf8Path>& dataFiles, Remarks& remarks,
+             Missing missing = Missing::IsError);
+
+  /// False when there is no file and the built-in configuration stands in.
+  bool IsFile() const { return isFile_; }
+  const Utf8Path& Path() const { return path_; }
+  FormatList& List() { return *configuration_.Formats; }
+  const FormatList& List() const { return *configuration_.Formats; }
+
+  /// Throws UsageError, listing the names there are, when there is no such format.
+  const OptionForm& Find(const std::string& utf8Name) const;
+
+  /// The format of a data file: the wanted one, else the one that the file names, else the current one.
+  /// Throws UsageError when there is none of the name, FileErrorTold when the data file cannot be read.
+  const OptionForm& FindFor(const std::optional<std::string>& wanted, const Utf8Path& dataFile,
+                            Remarks& remarks) const;
+
+  /// Makes the manager hold the same formats, with this one as the current one.
+  void LoadInto(CAssemblyFileMgr& manager, const OptionForm& form, Remarks& remarks) const;
+
+  /// Writes the formats to the file. Throws FileError.
+  void Save(Remarks& remarks);
+
+ private:
+  void Load(Remarks& remarks, Missing missing);
+  std::string Names() const;
+  void DropComments(Remarks& remarks);
+
+  Utf8Path path_;  // also without a file: where one would be looked for
+  bool isFile_ = false;
+  bool isFormatFile_ = true;
+  FormatConfiguration configuration_;
+};
+
+}  // namespace qv

@@ -1,0 +1,199 @@
+#include "cli/DisplayText.h"
+#include "cli/FormatBuilder.h"
+#include "cli/FormatColumns.h"
+#include "cli/FormatFile.h"
+#include "cli/FormatJson.h"
+#include "cli/Session.h"
+#include "platform/CodePage.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <memory>
+
+namespace qv {
+namespace {
+
+constexpr const char* kFooter = R"(
+Without --config and QVASSEMBLY_CONFIG the format file is AssemblyFormats.xml in
+the current folder.
+
+Examples:
+  qvassembly formats init --config AssemblyFormats.xml
+  qvassembly formats add orders --start-line 1 --delimiters Comma \
+      --columns PartName,Ignore,PartQuantity,MaterialType
+  qvassembly formats show orders --as json)";
+
+struct FormatsOptions {
+  std::optional<std::string> config;
+  std::string as = "text";
+  FormatWishes wishes;  // with the name, for all commands that take one
+};
+
+using Action = int (*)(Session& session, const FormatsOptions& options);
+
+int ListFormats(Session& session, const FormatsOptions& options) {
+  const FormatFile formats(options.config, {}, session.remarks);
+  if (options.as == "json") {
+    session.Write(FormatListJson(formats.List()));
+    return kDone;
+  }
+  for (const OptionForm& form : formats.List().Formats) {
+    const bool isCurrent = form.Name == formats.List().CurrentFormat;
+    session.Write((isCurrent ? "* " : "  ") + Harmless(ToUtf8(form.Name)) + "\n");
+  }
+  return kDone;
+}
+
+std::string QualifierName(int qualifier) {
+  constexpr const char* kNames[] = {"double quote", "single quote", "none"};
+  return qualifier >= 0 && qualifier <= 2 ? kNames[qualifier] : std::to_string(qualifier);
+}
+
+std::string DescriptionOf(const OptionForm& form) {
+  const std::pair<const char*, std::string> lines[] = {
+      {"Name:             ", ToUtf8(form.Name)},
+      {"Start line:       ", std::to_string(form.StartLine)},
+      {"Delimiters:       ", ToUtf8(form.Delimiters)},
+      {"Other delimiters: ", ToUtf8(form.OtherDelimiters)},
+      {"Qualifier:        ", QualifierName(form.Qualifier)},
+      {"Treat as one:     ", form.TreatAsOne ? "yes" : "no"},
+      {"Part key:         ", ToUtf8(form.PartKey)},
+  };
+  std::string text;
+  for (const auto& [label, value] : lines) {
+    text += label + Harmless(value);
+    text.erase(text.find_last_not_of(' ') + 1);
+    text += '\n';
+  }
+  text += "Columns:\n";
+  for (const FormatColumn& column : ColumnsOf(form)) {
+    const std::string position = std::to_string(column.position);
+    text += std::string(6 - std::min<std::size_t>(position.size(), 5), ' ') + position + "  " +
+            Harmless(ToUtf8(column.keyword)) + "\n";
+  }
+  return text;
+}
+
+int ShowFormat(Session& session, const FormatsOptions& options) {
+  const FormatFile formats(options.config, {}, session.remarks);
+  const OptionForm& form = formats.Find(options.wishes.name);
+  session.Write(options.as == "json" ? FormatJson(form) : DescriptionOf(form));
+  return kDone;
+}
+
+int InitFormats(Session& session, const FormatsOptions& options) {
+  FormatFile formats(options.config, {}, session.remarks, FormatFile::Missing::IsNew);
+  if (formats.IsFile())
+    throw FileError(
+        {formats.Path(), 0, "", "file-not-written", "", "the file is there already; it is left as it is"});
+  formats.Save(session.remarks);
+  return kDone;
+}
+
+int AddFormatCommand(Session& session, const FormatsOptions& options) {
+  const OptionForm form = BuildFormat(options.wishes);
+  FormatFile formats(options.config, {}, session.remarks, FormatFile::Missing::IsNew);
+  FormatList& list = formats.List();
+  OptionForm current;
+  // The built-in format has no columns, so a new file starts with the format that it is made for.
+  if (!formats.IsFile() || !FindFormat(list, list.CurrentFormat, current)) list.CurrentFormat = form.Name;
+  AddFormat(list, &form);
+  formats.Save(session.remarks);
+  return kDone;
+}
+
+/// Loads the file, which must be there, changes its list and saves it.
+template <class Change>
+int EditFormats(Session& session, const FormatsOptions& options, Change change) {
+  FormatFile formats(options.config, {}, session.remarks);
+  if (!formats.IsFile())
+    throw FileError({formats.Path(), 0, "", "configuration-missing", "",
+                     "there is no format file; \"qvassembly formats init\" makes one"});
+  const std::string name = formats.Find(options.wishes.name).Name;
+  change(formats.List(), name);
+  formats.Save(session.remarks);
+  return kDone;
+}
+
+int RemoveFormat(Session& session, const FormatsOptions& options) {
+  return EditFormats(session, options, [&](FormatList& list, const std::string& name) {
+    std::erase_if(list.Formats, [&](const OptionForm& form) { return form.Name == name; });
+    if (list.CurrentFormat != name || list.Formats.empty()) return;
+    list.CurrentFormat = list.Formats.front().Name;
+    session.remarks.Note("qvassembly: the current format is now \"" + ToUtf8(list.CurrentFormat) + "\"");
+  });
+}
+
+int UseFormat(Session& session, const FormatsOptions& options) {
+  return EditFormats(session, options,
+                     [](FormatList& list, const std::string& name) { list.CurrentFormat = name; });
+}
+
+CLI::App* AddAction(CLI::App& formats, Session& session, const std::shared_ptr<FormatsOptions>& options,
+                    const std::string& name, const std::string& what, Action action) {
+  CLI::App* const command = formats.add_subcommand(name, what);
+  command->callback([&session, options, action] {
+    session.command = [&session, options, action] { return action(session, *options); };
+  });
+  AddConfigOption(*command, options->config);
+  return command;
+}
+
+void AddNameArgument(CLI::App& command, FormatsOptions& options) {
+  command.add_option("NAME", options.wishes.name, "the format")->required()->type_name("");
+}
+
+void AddAsOption(CLI::App& command, FormatsOptions& options) {
+  command.add_option("--as", options.as, "text or json")
+      ->check(CLI::IsMember({"text", "json"}))
+      ->type_name("FORM");
+}
+
+void AddWishOptions(CLI::App& command, FormatWishes& wishes) {
+  command.add_option("--start-line", wishes.startLine, "line of the header row (default: 2)")
+      ->check(CLI::PositiveNumber)
+      ->type_name("N");
+  command
+      .add_option("--delimiters", wishes.delimiters,
+                  "some of Tab,Semicolon,Comma,Space,Other (default: Tab,Comma)")
+      ->type_name("NAMES");
+  command.add_option("--other", wishes.otherDelimiters, "further delimiter characters")->type_name("CHARS");
+  command.add_option("--qualifier", wishes.qualifier, "double, single or none (default: double)")
+      ->type_name("WHICH");
+  command.add_flag("--treat-as-one", wishes.treatAsOne, "consecutive delimiters count as one");
+  command.add_option("--part-key", wishes.partKey, "what identifies a part: Name or Path (default: Name)")
+      ->type_name("KEY");
+  command.add_option("--columns", wishes.columns, "the column keywords in their order, Ignore for others")
+      ->type_name("KEYWORDS");
+  command.add_option("--set", wishes.settings, "set one item's order text as it is; may be repeated")
+      ->expected(1)
+      ->take_all()
+      ->type_name("KEYWORD=ORDER");
+}
+
+}  // namespace
+
+void AddFormatsCommand(CLI::App& program, Session& session) {
+  CLI::App* const formats = program.add_subcommand("formats", "Show and change the formats of a format file");
+  formats->require_subcommand(1);
+  formats->fallthrough();
+  formats->footer(kFooter);
+  const auto options = std::make_shared<FormatsOptions>();
+  AddConfigOption(*formats, options->config);
+  const auto add = [&](const char* name, const char* what, Action action) {
+    return AddAction(*formats, session, options, name, what, action);
+  };
+  AddAsOption(*add("list", "Print the names; a star marks the current format", ListFormats), *options);
+  CLI::App* const show = add("show", "Print one format with its columns", ShowFormat);
+  AddNameArgument(*show, *options);
+  AddAsOption(*show, *options);
+  add("init", "Make a format file with the built-in format", InitFormats);
+  CLI::App* const addition = add("add", "Make or replace a format", AddFormatCommand);
+  AddNameArgument(*addition, *options);
+  AddWishOptions(*addition, options->wishes);
+  AddNameArgument(*add("remove", "Take a format out", RemoveFormat), *options);
+  AddNameArgument(*add("use", "Make a format the current one", UseFormat), *options);
+}
+
+}  // namespace qv

@@ -1,0 +1,145 @@
+#include "cli/Program.h"
+
+#include "cli/Errors.h"
+#include "cli/Session.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <ostream>
+
+namespace qv {
+namespace {
+
+constexpr const char* kFooter = R"(
+Examples:
+  qvassembly import --kind parts --as table parts.csv
+  qvassembly convert --kind parts --from orders --to laser-list parts.csv list.txt
+  qvassembly check --kind tools tools.txt
+  qvassembly formats list --config AssemblyFormats.xml
+
+The format file is the one that --config names, else the one that the variable
+QVASSEMBLY_CONFIG names, else AssemblyFormats.xml beside the data file.
+
+Exit codes: 0 done; 1 done with warnings, under --strict or check; 2 the command
+line is wrong; 3 a file could not be read or written.)";
+
+struct CommonOptions {
+  std::string diagnostics = "text";
+  std::string encoding;
+  bool strict = false;
+};
+
+void AddCommonOptions(CLI::App& program, CommonOptions& options) {
+  program.add_option("--diagnostics", options.diagnostics, "how warnings are written: text or json")
+      ->check(CLI::IsMember({"text", "json"}))
+      ->type_name("FORM");
+  program
+      .add_option("--encoding", options.encoding,
+                  "encoding of the texts in data files (default: the system's code page)")
+      ->type_name("NAME");
+  program.add_flag("--strict", options.strict, "end with 1 when there was a warning");
+}
+
+void AddCommands(CLI::App& program, Session& session) {
+  AddImportCommand(program, session);
+  AddExportCommand(program, session);
+  AddConvertCommand(program, session);
+  AddHeadersCommand(program, session);
+  AddCheckCommand(program, session);
+  AddFormatsCommand(program, session);
+  AddFormatNameCommand(program, session);
+  AddOptionsCommand(program, session);
+}
+
+// The options that all commands share stand on the program's own page; each command's page points there.
+void PointToCommonOptions(CLI::App& command) {
+  for (CLI::App* const sub : command.get_subcommands(nullptr)) {
+    sub->footer("\nCommon options (see \"qvassembly --help\"): --diagnostics, --encoding, --strict\n" +
+                sub->get_footer());
+    PointToCommonOptions(*sub);
+  }
+}
+
+/// The command that was asked for, or the deepest one that was reached.
+const CLI::App& ReachedCommand(const CLI::App& program) {
+  const auto reached = program.get_subcommands();
+  return reached.empty() ? program : ReachedCommand(*reached.front());
+}
+
+std::string FullName(const CLI::App& command) {
+  const CLI::App* const parent = command.get_parent();
+  return parent == nullptr ? "qvassembly" : FullName(*parent) + " " + command.get_name();
+}
+
+// Remarks go out as they come, but a wrong command line may have been found before --diagnostics was.
+bool WantsJson(const std::vector<std::string>& arguments) {
+  const auto option = std::find(arguments.begin(), arguments.end(), "--diagnostics");
+  return (option != arguments.end() && option + 1 != arguments.end() && option[1] == "json") ||
+         std::find(arguments.begin(), arguments.end(), "--diagnostics=json") != arguments.end();
+}
+
+int TellUsage(Session& session, const CLI::App& program, const std::string& what) {
+  const std::string hint = "\nRun \"" + FullName(ReachedCommand(program)) + " --help\" for its options.";
+  session.remarks.Fail({"", 0, "", "command-line", "", what});
+  if (!session.remarks.IsJson()) session.streams.error << hint.substr(1) << '\n';
+  return kWrongUsage;
+}
+
+int RunCommand(Session& session, const CommonOptions& options) {
+  if (!options.encoding.empty()) {
+    session.coding = TextCoding(options.encoding);
+    session.remarks.UseCoding(session.coding);
+  }
+  const int code = session.command();
+  return code == kDone && options.strict && session.remarks.Warnings() > 0 ? kWarned : code;
+}
+
+int Run(CLI::App& program, const std::vector<std::string>& arguments, Session& session,
+        const CommonOptions& options) {
+  try {
+    // The parser takes its arguments from the back.
+    program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend() - 1));
+    return RunCommand(session, options);
+  } catch (const CLI::Success& help) {
+    program.exit(help, session.streams.out, session.streams.error);
+    return kDone;
+  } catch (const CLI::ParseError& error) {
+    return TellUsage(session, program, error.what());
+  } catch (const UsageError& error) {
+    return TellUsage(session, program, error.what());
+  } catch (const FileError& error) {
+    session.remarks.Fail(error.remark);
+  } catch (const FileErrorTold&) {
+  }
+  return kFileTrouble;
+}
+
+}  // namespace
+
+void Session::Write(std::string_view text) const {
+  streams.out.write(text.data(), static_cast<std::streamsize>(text.size()));
+  if (!streams.out)
+    throw FileError(
+        {"", 0, "", "file-not-written", "", "standard output does not take what is written to it"});
+}
+
+int RunProgram(const std::vector<std::string>& arguments, const Streams& streams) {
+  Session session(streams);
+  if (WantsJson(arguments)) session.remarks.UseJson();
+  CLI::App program("Reads and writes sheet-metal job data as tables.", "qvassembly");
+  program.set_version_flag("--version", std::string("qvassembly ") + QVASSEMBLY_VERSION);
+  program.footer(kFooter);
+  program.require_subcommand(1);
+  program.fallthrough();
+  CommonOptions options;
+  AddCommonOptions(program, options);
+  AddCommands(program, session);
+  PointToCommonOptions(program);
+  const int code = Run(program, arguments, session, options);
+  session.progress.Clear();
+  streams.out.flush();
+  return streams.out ? code : static_cast<int>(kFileTrouble);
+}
+
+}  // namespace qv

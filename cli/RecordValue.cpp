@@ -1,0 +1,88 @@
+#include "cli/RecordValue.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace qv {
+namespace {
+
+constexpr const char* kTooLarge = "is a number that the field cannot hold";
+
+std::nullopt_t Refuse(ValueFault& fault, const char* reason) {
+  fault.reason = reason;
+  return std::nullopt;
+}
+
+std::nullopt_t RefuseType(ValueFault& fault, const RecordField& field) {
+  fault.reason = std::string("is not ") + WantedOf(field);
+  return std::nullopt;
+}
+
+bool FitsInt(double number) {
+  return number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max();
+}
+
+// From the number's text and not from a double, for rounding twice may end one step aside.
+std::optional<FieldValue> FloatFrom(std::string_view literal, ValueFault& fault) {
+  float value = 0;
+  const auto result = std::from_chars(literal.data(), literal.data() + literal.size(), value);
+  if (result.ec == std::errc()) return value;
+  double wide = 0;
+  std::from_chars(literal.data(), literal.data() + literal.size(), wide);
+  if (std::abs(wide) > 1) return Refuse(fault, kTooLarge);
+  return static_cast<float>(wide);
+}
+
+}  // namespace
+
+const char* WantedOf(const RecordField& field) {
+  switch (field.type) {
+    case FieldType::Text:
+      return "a text";
+    case FieldType::Int:
+      return "a whole number";
+    case FieldType::Float:
+    case FieldType::Double:
+      return "a number";
+    case FieldType::Bool:
+      return "true or false";
+    case FieldType::List:
+      return "an array of objects";
+  }
+  return "";
+}
+
+std::optional<FieldValue> ValueFromInteger(const RecordField& field, std::int64_t number, ValueFault& fault) {
+  if (field.type == FieldType::Float) return static_cast<float>(number);
+  if (field.type == FieldType::Double) return static_cast<double>(number);
+  if (field.type != FieldType::Int) return RefuseType(fault, field);
+  if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max())
+    return Refuse(fault, kTooLarge);
+  return static_cast<int>(number);
+}
+
+std::optional<FieldValue> ValueFromReal(const RecordField& field, double number, std::string_view literal,
+                                        ValueFault& fault) {
+  if (field.type == FieldType::Float) return FloatFrom(literal, fault);
+  if (field.type == FieldType::Double) return number;
+  if (field.type != FieldType::Int || number != std::trunc(number)) return RefuseType(fault, field);
+  if (!FitsInt(number)) return Refuse(fault, kTooLarge);
+  return static_cast<int>(number);
+}
+
+std::optional<FieldValue> ValueFromFlag(const RecordField& field, bool flag, ValueFault& fault) {
+  if (field.type != FieldType::Bool) return RefuseType(fault, field);
+  return flag;
+}
+
+std::optional<FieldValue> ValueFromText(const RecordField& field, std::string_view utf8,
+                                        const TextCoding& coding, ValueFault& fault) {
+  if (field.type != FieldType::Text) return RefuseType(fault, field);
+  std::string bytes = coding.Encode(utf8);
+  if (bytes.find('\0') != std::string::npos)
+    return Refuse(fault, "holds a NUL character, which no record can keep");
+  return bytes;
+}
+
+}  // namespace qv

@@ -1,0 +1,42 @@
+#include "cli/TextCoding.h"
+
+#include "cli/Errors.h"
+#include "platform/CodePage.h"
+
+#include <algorithm>
+
+namespace qv {
+namespace {
+
+bool IsAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+std::string AllAscii() {
+  std::string ascii;
+  for (char c = 1; c < 0x7f; ++c) ascii += c;
+  return ascii;
+}
+
+}  // namespace
+
+TextCoding::TextCoding(std::string encoding) : encoding_(std::move(encoding)) {
+  const std::string ascii = AllAscii();
+  const auto decoded = DecodeText(ascii, encoding_);
+  if (!decoded)
+    throw UsageError("--encoding: this system knows no encoding \"" + encoding_ +
+                     "\"; try utf-8, windows-1252 or shift_jis");
+  keepsAscii_ = *decoded == ascii;
+}
+
+std::string TextCoding::Decode(std::string_view bytes) const {
+  if (keepsAscii_ && IsAscii(bytes)) return std::string(bytes);
+  return encoding_.empty() ? ToUtf8(bytes) : DecodeText(bytes, encoding_).value_or(std::string());
+}
+
+std::string TextCoding::Encode(std::string_view utf8) const {
+  if (keepsAscii_ && IsAscii(utf8)) return std::string(utf8);
+  return encoding_.empty() ? FromUtf8(utf8) : EncodeText(utf8, encoding_).value_or(std::string());
+}
+
+}  // namespace qv

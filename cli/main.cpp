@@ -1,0 +1,41 @@
+#include "cli/Program.h"
+#include "platform/CodePage.h"
+#include "platform/ConsoleProgram.h"
+
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <string>
+
+namespace {
+
+std::string Variable(const char* name) {
+  const char* const value = std::getenv(name);
+  return value == nullptr ? std::string() : std::string(value);
+}
+
+// COLUMNS tells the width that a person wants, also when the output goes on through a pipe.
+int WantedWidth(bool outIsTerminal) {
+  const int wanted = std::atoi(Variable("COLUMNS").c_str());
+  if (wanted > 0) return wanted;
+  return outIsTerminal ? qv::TerminalWidth() : 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const qv::ConsoleScope console;
+  std::ios::sync_with_stdio(false);
+  std::cin.tie(nullptr);
+  qv::Streams streams{std::cin, std::cout, std::cerr};
+  streams.outIsTerminal = qv::IsTerminal(1);
+  streams.errorIsTerminal = qv::IsTerminal(2);
+  streams.allowsColour = Variable("NO_COLOR").empty() && Variable("TERM") != "dumb";
+  streams.width = WantedWidth(streams.outIsTerminal);
+  try {
+    return qv::RunProgram(qv::ProgramArguments(argc, argv), streams);
+  } catch (const std::exception& error) {
+    std::cerr << "qvassembly: " << error.what() << '\n';
+    return 3;
+  }
+}
