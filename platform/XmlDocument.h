@@ -71,7 +71,7 @@ class XmlLoadScope {
   XmlLoadScope& operator=(const XmlLoadScope&) = delete;
 
  private:
-  bool active_ = false;
+  [[maybe_unused]] bool active_ = false;  // where there is nothing to hold
 };
 
 }  // namespace qv

@@ -2,7 +2,6 @@
 
 #include <QVAssemblyFile/Export.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <string_view>
@@ -24,8 +23,7 @@ class QVASSEMBLY_API FixedText {
   /// Keeps the characters up to the first NUL, Capacity - 1 at most. Returns false when the text was cut for
   /// length.
   bool Assign(std::string_view text) {
-    const std::size_t length = std::min(text.size(), Capacity - 1);
-    std::memcpy(text_, text.data(), length);
+    const std::size_t length = text.copy(text_, Capacity - 1);
     text_[length] = '\0';
     return length == text.size();
   }
