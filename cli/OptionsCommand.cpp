@@ -25,8 +25,8 @@ struct OptionsOptions {
 };
 
 int RunOptions(Session& session, const OptionsOptions& options) {
-  if (!HasFormatOptionDialog())
-    throw FileError({"", 0, "", "no-dialog", "", "this build has no format option dialog"});
+  if (const std::string reason = WhyNoFormatOptionDialog(); !reason.empty())
+    throw FileError({"", 0, "", "no-dialog", "", reason});
   std::vector<Utf8Path> samples;
   if (!options.sample.empty()) samples.push_back(options.sample);
   const FormatFile formats(options.config, samples, session.remarks, FormatFile::Missing::IsNew);

@@ -1,6 +1,7 @@
 #include "dialogs/FormatOptionPresenter.h"
 
 #include "dialogs/SampleHeaders.h"
+#include "platform/MessageBox.h"
 
 namespace qv {
 
@@ -10,32 +11,38 @@ FormatOptionPresenter::FormatOptionPresenter(const FormatOptionRequest& request,
 
 void FormatOptionPresenter::Open(FormatOptionView& view) {
   view_ = &view;
+  isShowing_ = true;
   const std::string remark = model_.Open(request_.formatName);
   std::vector<std::string> names;
   for (const OptionForm& form : model_.Formats()) names.push_back(form.Name);
   view_->ShowFormatNames(names);
   view_->ShowHeaders(headers_.Shown());
   ShowEverything();
-  if (!remark.empty()) view_->Tell(remark);
+  if (!remark.empty()) Tell(remark);
 }
 
 void FormatOptionPresenter::ChooseFormat(std::size_t rank) {
+  if (isShowing_) return;
   model_.ShowFormat(rank);
   ShowEverything();
 }
 
 void FormatOptionPresenter::ShowEverything() {
+  isShowing_ = true;
   view_->ShowControls(model_.Controls());
   view_->ShowPlanItems(model_.Columns().PlanItems());
   ShowColumns();
 }
 
 void FormatOptionPresenter::ShowColumns() {
+  isShowing_ = true;
   view_->ShowSequence(model_.Columns().Sequence(), model_.Columns().SequenceSelection());
   view_->Enable(model_.Enabling());
+  isShowing_ = false;
 }
 
 void FormatOptionPresenter::Run(OptionCommand command) {
+  if (isShowing_) return;
   switch (command) {
     case OptionCommand::ToggleHeaders:
       return ToggleHeaders();
@@ -54,15 +61,15 @@ void FormatOptionPresenter::Run(OptionCommand command) {
 void FormatOptionPresenter::RunOnModel(OptionCommand command) {
   std::string unheard;
   view_->TakeControls(model_.Controls(), unheard);
+  const bool changesColumns = command >= OptionCommand::Add && command <= OptionCommand::MoveDown;
+  if (changesColumns || command == OptionCommand::SelectSequence)
+    model_.SelectSequence(view_->SequenceSelection());
   switch (command) {
     case OptionCommand::SetAsDefault:
       model_.SetAsDefault(model_.Controls().SetAsDefault);
       break;
     case OptionCommand::TickOther:
       model_.TickOther(model_.Controls().Delimiter(DelimiterBox::Other));
-      break;
-    case OptionCommand::SelectSequence:
-      model_.SelectSequence(view_->SequenceSelection());
       break;
     case OptionCommand::Add:
       model_.SelectPlanItems(view_->PlanSelection());
@@ -80,8 +87,10 @@ void FormatOptionPresenter::RunOnModel(OptionCommand command) {
     default:
       break;
   }
-  const bool changesColumns = command >= OptionCommand::Add && command <= OptionCommand::MoveDown;
-  changesColumns ? ShowColumns() : view_->Enable(model_.Enabling());
+  if (changesColumns)
+    ShowColumns();
+  else
+    view_->Enable(model_.Enabling());
 }
 
 void FormatOptionPresenter::ToggleHeaders() {
@@ -92,7 +101,7 @@ void FormatOptionPresenter::ToggleHeaders() {
 
 void FormatOptionPresenter::RefreshHeaders() {
   std::string complaint;
-  if (!view_->TakeControls(model_.Controls(), complaint)) return view_->Tell(complaint);
+  if (!view_->TakeControls(model_.Controls(), complaint)) return Tell(complaint);
   std::vector<std::string> headers = ReadSampleHeaders(request_.samplePath, model_.Form());
   if (headers.empty()) return;
   headers_.Set(headers);
@@ -101,11 +110,14 @@ void FormatOptionPresenter::RefreshHeaders() {
 
 void FormatOptionPresenter::Ok() {
   std::string complaint;
-  if (!view_->TakeControls(model_.Controls(), complaint) || !model_.Ok(complaint))
-    return view_->Tell(complaint);
+  if (!view_->TakeControls(model_.Controls(), complaint) || !model_.Ok(complaint)) return Tell(complaint);
   if (areHeadersShown_) view_->ShowHeaderWindow(false);
   areHeadersShown_ = false;
   view_->Close(true);
+}
+
+void FormatOptionPresenter::Tell(const std::string& sentence) {
+  if (!TellMessageHandler(sentence.c_str())) view_->Tell(sentence);
 }
 
 }  // namespace qv

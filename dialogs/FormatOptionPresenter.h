@@ -29,12 +29,14 @@ class FormatOptionPresenter : public FormatOptionCommands {
   void ToggleHeaders();
   void RefreshHeaders();
   void Ok();
+  void Tell(const std::string& sentence);
 
   FormatOptionRequest request_;
   FormatOptionModel model_;
   HeaderNames headers_;
   FormatOptionView* view_ = nullptr;
   bool areHeadersShown_ = false;
+  bool isShowing_ = false;  // what toolkits tell when a control is changed for them is no command
 };
 
 }  // namespace qv

@@ -45,6 +45,7 @@ class FormatOptionView {
   virtual void ShowHeaderWindow(bool isShown) = 0;
   virtual void ShowHeaders(const std::vector<std::string>& headers) = 0;
 
+  /// Tells the user something in a message box.
   virtual void Tell(const std::string& sentence) = 0;
   virtual void Close(bool isOk) = 0;
 };
@@ -57,6 +58,7 @@ class FormatOptionCommands {
 
   /// To be called once, when the controls are there.
   virtual void Open(FormatOptionView& view) = 0;
+  /// Commands that arise while the view is being filled are not taken for a user's.
   virtual void Run(OptionCommand command) = 0;
   /// The list of the combo box was used to choose the format at the rank.
   virtual void ChooseFormat(std::size_t rank) = 0;

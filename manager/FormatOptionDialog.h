@@ -14,8 +14,10 @@ struct FormatOptionRequest {
   int option = 0;          ///< kept for the host
 };
 
-/// Whether this build has a dialog to show. Defined by dialogs/.
-bool HasFormatOptionDialog();
+/// Why the dialog cannot be shown here, as a sentence for a person; empty when it can. Defined by dialogs/, as
+/// is the next.
+std::string WhyNoFormatOptionDialog();
 
-/// Runs the dialog modally; true when it ended with OK and the format file was saved. Defined by dialogs/.
+/// Runs the dialog modally; true when it ended with OK and the format file was saved. Where it cannot be
+/// shown, a message box says why.
 bool ShowFormatOptionDialog(const FormatOptionRequest& request);

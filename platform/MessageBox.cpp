@@ -14,12 +14,14 @@ void SetMessageBoxHandler(MessageBoxHandler handler, void* context) {
 
 namespace qv {
 
+bool TellMessageHandler(const char* text) {
+  if (currentHandler == nullptr) return false;
+  currentHandler(text, currentContext);
+  return true;
+}
+
 void ShowMessage(const char* text) {
-  if (currentHandler != nullptr) {
-    currentHandler(text, currentContext);
-  } else {
-    ShowPlatformMessage(text);
-  }
+  if (!TellMessageHandler(text)) ShowPlatformMessage(text);
 }
 
 }  // namespace qv

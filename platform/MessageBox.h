@@ -15,6 +15,9 @@ namespace qv {
 /// Shows `text` through the handler or the platform's message box.
 void ShowMessage(const char* text);
 
+/// Hands `text` to the handler; false when there is none.
+bool TellMessageHandler(const char* text);
+
 /// The platform's own message box, whatever handler is set.
 void ShowPlatformMessage(const char* text);
 
