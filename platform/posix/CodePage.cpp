@@ -17,12 +17,16 @@ bool IsUtf8(const std::string& encoding) {
 std::string ToUtf8(std::string_view text) {
   std::string utf8;
   utf8.reserve(text.size());
-  while (!text.empty()) {
-    const Utf8Character character = DecodeUtf8(text);
-    utf8 += character.code == kIllFormed ? kReplacementCharacter : text.substr(0, character.length);
-    text.remove_prefix(character.length);
+  std::size_t start = 0;  // of a well-formed stretch, copied as a whole
+  for (std::size_t at = 0; at < text.size();) {
+    const Utf8Character character = DecodeUtf8(text.substr(at));
+    if (character.code == kIllFormed) {
+      utf8.append(text.substr(start, at - start)).append(kReplacementCharacter);
+      start = at + character.length;
+    }
+    at += character.length;
   }
-  return utf8;
+  return utf8.append(text.substr(start));
 }
 
 std::string FromUtf8(std::string_view utf8) { return std::string(utf8); }

@@ -2,6 +2,8 @@
 
 #include "platform/posix/Iconv.h"
 
+#include <algorithm>
+
 namespace qv {
 namespace {
 
@@ -27,7 +29,8 @@ const Mark* FindMark(std::string_view bytes) {
   return nullptr;
 }
 
-// The encoding that the declaration of a document in some superset of ASCII names.
+// The encoding that the declaration of a document in some superset of ASCII names. A declaration that is none
+// is left to the check of the text.
 std::string DeclaredEncoding(std::string_view bytes) {
   static constexpr std::string_view kKey = "encoding";
   const std::string_view declaration = bytes.substr(0, bytes.find("?>"));
@@ -36,10 +39,19 @@ std::string DeclaredEncoding(std::string_view bytes) {
   const std::size_t open = declaration.find_first_of("\"'", key + kKey.size());
   if (open == std::string_view::npos) return "UTF-8";
   const std::size_t close = declaration.find(declaration[open], open + 1);
-  return std::string(declaration.substr(open + 1, close - open - 1));
+  const std::string_view name = declaration.substr(open + 1, close - open - 1);
+  return IsXmlEncodingName(name) ? std::string(name) : "UTF-8";
 }
 
 }  // namespace
+
+bool IsXmlEncodingName(std::string_view name) {
+  const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
+  const auto mayFollow = [&](char c) {
+    return isLetter(c) || (c >= '0' && c <= '9') || c == '.' || c == '_' || c == '-';
+  };
+  return !name.empty() && isLetter(name[0]) && std::all_of(name.begin(), name.end(), mayFollow);
+}
 
 std::optional<std::string> DecodeXml(std::string_view bytes, XmlError& error) {
   const Mark* mark = FindMark(bytes);

@@ -2,6 +2,7 @@
 
 #include "platform/posix/Utf8.h"
 #include "platform/posix/XmlCharacters.h"
+#include "platform/posix/XmlEncoding.h"
 
 #include <array>
 #include <charconv>
@@ -129,10 +130,17 @@ class Scanner {
       ++next;
       std::string_view value;
       if (!TakeAttributeValue(value)) return false;
-      if (name == "version" && !value.starts_with("1.")) return Fail("XML of an unknown version");
+      if (!IsDeclarable(name, value)) return Fail("a malformed XML declaration");
     }
     if (next == 0) return Fail("an XML declaration without a version");
     return StartsWith("?>") ? SkipPast("?>", "") : Fail("the XML declaration is not closed");
+  }
+
+  static bool IsDeclarable(std::string_view name, std::string_view value) {
+    if (name == "version")
+      return value.starts_with("1.") && value.find_first_not_of("0123456789.") == std::string_view::npos;
+    if (name == "standalone") return value == "yes" || value == "no";
+    return IsXmlEncodingName(value);
   }
 
   bool SkipDocumentType() {
