@@ -14,6 +14,7 @@
 #include <random>
 #include <string>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -79,6 +80,58 @@ TEST(ReplacingFilePosixTest, LetsSeveralProcessesWriteAtOnce) {
     --running;
     EXPECT_EQ(status, 0) << "a writer failed";
   }
+  EXPECT_EQ(folder.Names(), Names{"jobs.csv"});
+}
+
+// Places are given back and claimed again all the time, so that the moments between are hit.
+TEST(ReplacingFilePosixTest, NeverSharesAPlaceThatIsBeingGivenBack) {
+  const TemporaryFolder folder;
+  const std::string target = folder / "jobs.csv";
+  constexpr int kWriters = 6;
+  for (int writer = 0; writer < kWriters; ++writer) {
+    if (fork() != 0) continue;
+    bool alone = true;
+    for (int i = 0; i < 1000; ++i) {
+      const ReplacingFile file(target, WorkingPlace::BesideTarget);
+      const int mine = open(file.WorkingPath().c_str(), O_WRONLY | O_CREAT | O_EXCL, 0600);
+      alone = alone && mine >= 0;
+      close(mine);
+    }
+    _exit(alone ? 0 : 1);
+  }
+  for (int writer = 0; writer < kWriters; ++writer) {
+    int status = 0;
+    wait(&status);
+    EXPECT_EQ(status, 0) << "two writers had one place";
+  }
+  EXPECT_EQ(folder.Names(), Names{});
+}
+
+TEST(ReplacingFilePosixTest, ClearsWhatSeveralKilledRunsLeft) {
+  const TemporaryFolder folder;
+  const std::string target = folder / "jobs.csv";
+  std::vector<pid_t> children;
+  for (int i = 0; i < 3; ++i) {
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    children.push_back(fork());
+    if (children.back() == 0) {
+      ReplacingFile file(target, WorkingPlace::BesideTarget);
+      file.Open();
+      file.Write("half");
+      static_cast<void>(::write(ready[1], "x", 1) + pause());
+    }
+    char byte = 0;
+    EXPECT_EQ(read(ready[0], &byte, 1), 1);
+    close(ready[0]);
+    close(ready[1]);
+  }
+  EXPECT_EQ(folder.Names().size(), 3U) << "one place each";
+  for (const pid_t child : children) {
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+  }
+  EXPECT_TRUE(Rewrite(target, "new"));
   EXPECT_EQ(folder.Names(), Names{"jobs.csv"});
 }
 
