@@ -79,15 +79,12 @@ void SlotClass::PutBack(Block* block, void* slot) noexcept {
     const bool onlyOne = withRoom_ == block && block->next == nullptr;
     if (block->live > 0 || onlyOne) return;
     Unlist(block);
-    --blocks_;
   }
   block->source->release(block);
 }
 
-// A class starts on the heap, which touches page by page: a source may spend a whole block on the first
-// record.
 SlotClass::Block* SlotClass::Grow(std::size_t slotSize, const BlockSource& source) noexcept {
-  const BlockSource* from = blocks_ == 0 ? &kHeapBlocks : &source;
+  const BlockSource* from = &source;
   void* memory = from->acquire();
   if (memory == nullptr) memory = (from = &kHeapBlocks)->acquire();
   if (memory == nullptr) return nullptr;
@@ -96,7 +93,6 @@ SlotClass::Block* SlotClass::Grow(std::size_t slotSize, const BlockSource& sourc
   block->source = from;
   block->slotSize = slotSize;
   block->capacity = (kBlockSize - sizeof(Block)) / slotSize;
-  ++blocks_;
   List(block);
   return block;
 }

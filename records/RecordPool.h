@@ -27,7 +27,6 @@ class SlotClass {
 
   SpinLock lock_;
   Block* withRoom_ = nullptr;
-  std::size_t blocks_ = 0;
 };
 
 /// Memory for records of any size: one SlotClass per size up to kLargestSlot, the heap beyond. Slots are

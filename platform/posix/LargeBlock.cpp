@@ -40,9 +40,8 @@ void* AcquireLargeBlock(std::size_t size) noexcept {
     Unmap(block, size);
     block = MapAndTrim(size);
   }
-#if defined(MADV_HUGEPAGE)
-  if (block != nullptr) madvise(block, size, MADV_HUGEPAGE);
-#endif
+  // Large pages are left to the system's setting. Asked for, they are a gain where memory is at hand, but a
+  // virtual machine that hands its free memory back to its host pays several times over for each.
   return block;
 }
 
