@@ -68,8 +68,8 @@ void ImportPrinter::PrintTable(const OptionForm& form) {
   session_.Write(table.Header(session_.streams.ColoursOut()));
   for (std::size_t row = 0; row < count_; ++row) session_.Write(table.Row(row));
   if (table.LeftOut() > 0)
-    session_.remarks.Note("qvassembly: " + std::to_string(table.LeftOut()) +
-                          " more columns do not fit; --as json has them");
+    session_.remarks.Note("qvassembly: " + std::to_string(table.LeftOut()) + " of " +
+                          std::to_string(fields.size()) + " columns do not fit; --as json has them all");
 }
 
 std::string ImportPrinter::RecordJson(std::size_t row) {

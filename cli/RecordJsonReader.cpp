@@ -292,6 +292,8 @@ void SkipBlanks(JsonSource& source) {
 std::vector<AnyRecord> ReadRecordsJson(JsonSource& source, const RecordType& type, const TextCoding& coding,
                                        const JsonRemarkHandler& warn) {
   RecordsBuilder builder(source, type, coding, warn);
+  SkipBlanks(source);
+  if (source.AtEnd()) warn({0, "", "no-records", "", "there are no records"});
   for (SkipBlanks(source); !source.AtEnd(); SkipBlanks(source)) {
     if (builder.IsWhole())
       throw JsonError(

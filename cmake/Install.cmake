@@ -35,6 +35,11 @@ if(TARGET qvassembly)
   file(RELATIVE_PATH library_from_program ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
   set_target_properties(qvassembly PROPERTIES INSTALL_RPATH "$ORIGIN/${library_from_program}")
   install(TARGETS qvassembly RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  if(NOT WIN32)
+    install(FILES docs/man/qvassembly.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+    install(FILES completions/qvassembly.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+            RENAME qvassembly)
+  endif()
 endif()
 
 install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})

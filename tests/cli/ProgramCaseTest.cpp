@@ -1,0 +1,124 @@
+#include "cli/SpawnProgram.h"
+#include "platform/FileSystem.h"
+#include "support/CaseFile.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Runs the built program as the case files say. Each case has a folder of its own with AssemblyFormats.xml
+// and the files of its "file NAME" sections.
+//
+//     before: ARGUMENTS     a run that must end well, before the one that is looked at
+//     run: ARGUMENTS        blanks between them; single quotes keep them together
+//     environment: NAME=VALUE
+//     exit: CODE            0 when it is not there
+//     missing: NAME         a file that must not be there afterwards
+//
+// Sections "input", "output", "errors" and "after NAME" hold what goes into standard input, what must come
+// out and what a file must hold afterwards. In what must come out, {*} stands for any text.
+
+namespace {
+
+std::vector<std::string> SplitArguments(const std::string& line) {
+  std::vector<std::string> arguments;
+  bool isOpen = false;
+  bool isQuoted = false;
+  for (const char c : line) {
+    if (c == '\'') {
+      isQuoted = !isQuoted;
+    } else if (c == ' ' && !isQuoted) {
+      isOpen = false;
+      continue;
+    }
+    if (!isOpen) arguments.emplace_back();
+    isOpen = true;
+    if (c != '\'') arguments.back() += c;
+  }
+  return arguments;
+}
+
+bool MatchesPattern(std::string_view text, std::string_view pattern) {
+  constexpr std::string_view kAny = "{*}";
+  const std::size_t any = pattern.find(kAny);
+  if (any == std::string_view::npos) return text == pattern;
+  if (!text.starts_with(pattern.substr(0, any))) return false;
+  text.remove_prefix(any);
+  pattern.remove_prefix(any + kAny.size());
+  for (std::size_t skipped = 0; skipped <= text.size(); ++skipped)
+    if (MatchesPattern(text.substr(skipped), pattern)) return true;
+  return false;
+}
+
+// Data files end their lines as the platform's text files do.
+std::string WithPlainLineEnds(std::string text) {
+  if (qv::kLineEnd != "\r\n") return text;
+  std::erase(text, '\r');
+  return text;
+}
+
+class ProgramCaseTest : public testing::TestWithParam<TestCase> {
+ protected:
+  ProgramResult Run(const std::string& line) const {
+    ProgramCall call{QV_PROGRAM, SplitArguments(line), folder_ / ".", GetParam().Text("input"), {}};
+    for (const char* variable : {"QVASSEMBLY_CONFIG", "COLUMNS", "NO_COLOR"}) call.environment[variable] = "";
+    const std::string variable = GetParam().Setting("environment", "");
+    if (!variable.empty())
+      call.environment[variable.substr(0, variable.find('='))] = variable.substr(variable.find('=') + 1);
+    return SpawnProgram(call);
+  }
+
+  void WriteFiles() const {
+    folder_.Write("AssemblyFormats.xml",
+                  TemporaryFolder::Read(std::string(QV_CASES) + "/AssemblyFormats.xml"));
+    for (const auto& [name, lines] : GetParam().sections)
+      if (name.starts_with("file ")) folder_.Write(name.substr(5), GetParam().Text(name));
+  }
+
+  void CheckFiles() const {
+    for (const auto& [name, lines] : GetParam().sections) {
+      if (!name.starts_with("after ")) continue;
+      const std::string actual = WithPlainLineEnds(TemporaryFolder::Read(folder_ / name.substr(6)));
+      EXPECT_EQ(actual, GetParam().Text(name)) << name;
+    }
+    const std::string missing = GetParam().Setting("missing", "");
+    EXPECT_FALSE(!missing.empty() && folder_.Names().contains(missing)) << missing;
+  }
+
+  static void ExpectText(const std::string& actual, const std::string& pattern, const char* what) {
+    if (MatchesPattern(actual, pattern)) return;
+    EXPECT_EQ(actual, pattern) << what;
+  }
+
+  const TemporaryFolder folder_;
+};
+
+TEST_P(ProgramCaseTest, DoesAsTheCaseSays) {
+  const TestCase& c = GetParam();
+  SCOPED_TRACE(c.file + ":" + std::to_string(c.lineNumber));
+  WriteFiles();
+  if (const std::string before = c.Setting("before", ""); !before.empty()) {
+    const ProgramResult result = Run(before);
+    ASSERT_EQ(result.exitCode, 0) << before << "\n" << result.errors;
+  }
+  const ProgramResult result = Run(c.Setting("run", ""));
+  EXPECT_EQ(result.exitCode, std::stoi(c.Setting("exit", "0")));
+  if (c.Has("output") || c.Setting("exit", "0") != "0") ExpectText(result.output, c.Text("output"), "output");
+  ExpectText(result.errors, c.Text("errors"), "errors");
+  CheckFiles();
+}
+
+std::string NameOf(const testing::TestParamInfo<TestCase>& c) {
+  std::string name = c.param.file + "_" + std::to_string(c.param.lineNumber);
+  for (char& letter : name)
+    if (!std::isalnum(static_cast<unsigned char>(letter))) letter = '_';
+  return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, ProgramCaseTest, testing::ValuesIn(ReadTestCases(QV_CASES)), NameOf);
+
+}  // namespace
