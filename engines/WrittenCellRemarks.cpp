@@ -18,6 +18,7 @@ bool LooksLikeFormula(std::string_view value) {
 // Nothing inside a cell is escaped, so its own qualifier always ends it, and a bare cell ends at the
 // delimiter.
 bool WrittenCellRemarks::BreaksRow(std::string_view value) const {
+  if (delimiter_.empty()) return false;
   if (value.find_first_of("\r\n") != std::string_view::npos) return true;
   return value.find(qualifier_.empty() ? delimiter_ : qualifier_) != std::string_view::npos;
 }

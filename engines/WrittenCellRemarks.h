@@ -14,6 +14,9 @@ class WrittenCellRemarks {
   WrittenCellRemarks(const FileReport& report, std::string delimiter, std::string qualifier)
       : report_(report), delimiter_(std::move(delimiter)), qualifier_(std::move(qualifier)) {}
 
+  /// For workbooks, where no character of a value ends its cell.
+  explicit WrittenCellRemarks(const FileReport& report) : report_(report) {}
+
   bool AreWanted() const { return report_.IsWanted(); }
 
   void Tell(std::int64_t line, std::string_view column, std::string_view value, bool isWhole) const;
@@ -23,7 +26,7 @@ class WrittenCellRemarks {
   bool BreaksRow(std::string_view value) const;
 
   const FileReport& report_;
-  std::string delimiter_;
+  std::string delimiter_;  // empty when nothing ends a cell
   std::string qualifier_;  // empty when cells are written bare
 };
 

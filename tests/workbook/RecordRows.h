@@ -1,0 +1,63 @@
+#pragma once
+
+#include "engines/CAssemblyFile.h"
+#include "engines/SkippedColumns.h"
+#include "engines/columns/ColumnTables.h"
+#include "engines/columns/ResolvedColumns.h"
+
+#include <string>
+#include <vector>
+
+/// Records as rows of texts, through the tables that describe every column.
+namespace workbook {
+
+using Texts = std::vector<std::string>;
+
+/// What an export would write for the record's own columns.
+template <class Record>
+Texts RowOf(const Record& record, const Texts& keywords) {
+  Texts row;
+  for (const auto* column : qv::ResolveForWriting<Record>(keywords)) {
+    row.emplace_back();
+    if (column != nullptr) column->write(record, 0, row.back());
+  }
+  return row;
+}
+
+template <class Record>
+std::vector<Texts> RowsOf(const CAssemblyFile& engine, const Texts& keywords) {
+  std::vector<Texts> rows;
+  for (const Record* record : engine.StagedRecords.Of<Record>()) rows.push_back(RowOf(*record, keywords));
+  return rows;
+}
+
+/// Fills a record as an import of these cells would.
+template <class Record>
+void Fill(Record& record, const Texts& keywords, const Texts& cells) {
+  const auto columns = qv::ResolveForReading<Record>(keywords);
+  for (std::size_t rank = 0; rank < columns.size(); ++rank)
+    if (columns[rank] != nullptr) columns[rank]->read(record, cells[rank], nullptr);
+}
+
+/// Adds a record that is filled with these cells.
+template <class Record>
+void Add(CAssemblyFile& engine, const Texts& keywords, const Texts& cells) {
+  RecordList<Record>& records = engine.StagedRecords.Of<Record>();
+  Fill(records.Begin(), keywords, cells);
+  records.Keep();
+}
+
+/// The keywords of all columns that are read as well as written.
+template <class Record>
+Texts RoundTripKeywords() {
+  Texts keywords;
+  for (const auto& column : qv::ColumnTable<Record>::Columns()) {
+    const Texts keyword = {std::string(column.keyword)};
+    if (qv::ResolveForReading<Record>(keyword)[0] != nullptr &&
+        qv::ResolveForWriting<Record>(keyword)[0] != nullptr && !qv::IsGroupColumn(column.keyword))
+      keywords.push_back(keyword[0]);
+  }
+  return keywords;
+}
+
+}  // namespace workbook

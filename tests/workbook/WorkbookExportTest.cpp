@@ -1,0 +1,226 @@
+#include "engines/CXLSAssembly.h"
+#include "support/DiagnosticLog.h"
+#include "support/FakeFileSystem.h"
+#include "support/FakeSpreadsheet.h"
+#include "support/Host.h"
+#include "workbook/RecordRows.h"
+#include "workbook/RoundTrip.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace {
+
+using workbook::Texts;
+
+constexpr const char* kPath = "out.xls";
+
+/// Two part programs with 2 tools and 1 bend, and with 1 tool and 2 bends; neither has holes.
+void AddPrograms(CAssemblyFile& engine) {
+  const auto add = [&](const char* name, const std::vector<const char*>& tools,
+                       const std::vector<const char*>& bends) {
+    RecordList<PrtInfo>& records = engine.StagedRecords.Of<PrtInfo>();
+    PrtInfo& program = records.Begin();
+    program.SetPartName(name);
+    std::vector<UsedToolInfo> usedTools(tools.size());
+    for (std::size_t rank = 0; rank < tools.size(); ++rank) {
+      std::strcpy(usedTools[rank].ToolType, tools[rank]);
+      usedTools[rank].ToolShape = static_cast<int>(rank);
+    }
+    program.SetUsedToolInfo(usedTools);
+    std::vector<BendInfo> bendList(bends.size());
+    for (std::size_t rank = 0; rank < bends.size(); ++rank)
+      std::strcpy(bendList[rank].BendAngle, bends[rank]);
+    program.SetBendInfo(bendList);
+    records.Keep();
+  };
+  add("P1", {"RO", "SQ"}, {"90"});
+  add("P2", {"OB"}, {"45", "30"});
+}
+
+void ConfigurePrograms(CAssemblyFile& engine, int startLine) {
+  engine.StartLine = startLine;
+  engine.FormatName = "Form1";
+  engine.Columns(RecordKind::PartPrograms) = {"ToolShape", "PartName",  "HoleType",
+                                              "ToolType",  "BendAngle", "GroupName"};
+  AddPrograms(engine);
+}
+
+struct LayoutCase {
+  const char* what;
+  int startLine;
+  SheetRows sheet;
+};
+
+const LayoutCase kLayoutCases[] = {
+    {"start line 0: data only", 0, {{"A1", "5"}}},
+    {"start line 1: no name cell", 1, {{"PartName", "PartQuantity"}, {"A1", "5"}}},
+    {"start line 3", 3, {{"[FMT_Name=Form1]"}, {}, {"PartName", "PartQuantity"}, {"A1", "5"}}},
+};
+
+TEST(WorkbookExport, PutsTheHeaderOnTheStartLine) {
+  for (const LayoutCase& c : kLayoutCases) {
+    SCOPED_TRACE(c.what);
+    FakeFileSystem files;
+    FakeSpreadsheet fake;
+    CXLSAssembly engine;
+    engine.StartLine = c.startLine;
+    engine.FormatName = "Form1";
+    engine.Columns(RecordKind::Parts) = {"PartName", "PartQuantity"};
+    workbook::Add<PartInformation>(engine, {"PartName", "PartQuantity"}, {"A1", "5"});
+    EXPECT_TRUE(engine.Export(kPath));
+    EXPECT_EQ(FakeSpreadsheet::Load(kPath, "Sheet1"), c.sheet);
+    EXPECT_EQ(fake.Objects + fake.Running, 0);
+  }
+}
+
+TEST(WorkbookExport, LeavesUnknownColumnsEmptyAndSkippedOnesOut) {
+  FakeFileSystem files;
+  FakeSpreadsheet fake;
+  DiagnosticLog log;
+  CXLSAssembly engine;
+  engine.StartLine = 1;
+  engine.Columns(RecordKind::Parts) = {"partname", "GroupName", "Colour", "PartPositionInGroup",
+                                       "Ignore",   "Machine"};
+  workbook::Add<PartInformation>(engine, {"PartName", "GroupName", "Machine"}, {"A1", "G", "=M1"});
+  EXPECT_TRUE(engine.Export(kPath));
+  EXPECT_EQ(FakeSpreadsheet::Load(kPath, "Sheet1"),
+            (SheetRows{{"partname", "Colour", "Ignore", "Machine"}, {"A1", "", "", "=M1"}}));
+  EXPECT_EQ(log.Codes(), "unknown-column formula-like");
+  EXPECT_EQ(log.Remarks[1].line, 2);
+}
+
+TEST(WorkbookExport, PutsTheListsOfPartProgramsOnSheetsOfTheirOwn) {
+  for (const Texts& newSheets : {Texts{"Sheet1", "Sheet2", "Sheet3"}, Texts{"SHEET1"}, Texts{"Tabelle1"}}) {
+    SCOPED_TRACE(newSheets.front());
+    FakeFileSystem files;
+    FakeSpreadsheet fake;
+    fake.NewSheets = newSheets;
+    CXLSAssembly engine;
+    ConfigurePrograms(engine, 2);
+    EXPECT_TRUE(engine.Export(kPath));
+    std::map<std::string, SheetRows> sheets;
+    const FakeSpreadsheet::Book book = FakeSpreadsheet::Read(kPath);
+    for (const auto& sheet : book.sheets) {
+      const SheetRows rows = FakeSpreadsheet::Load(kPath, sheet.name);
+      if (rows.size() > 1) sheets[rows[1][0]] = rows;
+    }
+    const Texts name = {"[FMT_Name=Form1]"};
+    EXPECT_EQ(sheets["PartName"], (SheetRows{name, {"PartName"}, {"P1"}, {"P2"}}));
+    EXPECT_EQ(sheets["ToolShape"],
+              (SheetRows{name, {"ToolShape", "ToolType"}, {"0", "RO"}, {"1", "SQ"}, {"0", "OB"}}));
+    EXPECT_EQ(sheets["HoleType"], (SheetRows{name, {"HoleType"}}));
+    EXPECT_EQ(sheets["BendAngle"], (SheetRows{name, {"BendAngle"}, {"90"}, {"45"}, {"30"}}));
+    EXPECT_EQ(FakeSpreadsheet::Load(kPath, book.sheets[book.active].name)[1][0], "PartName");
+    EXPECT_EQ(fake.Objects + fake.Running, 0);
+  }
+}
+
+TEST(WorkbookExport, NamesTheSheetsAsAUserFindsThem) {
+  FakeFileSystem files;
+  FakeSpreadsheet fake;
+  CXLSAssembly engine;
+  ConfigurePrograms(engine, 1);
+  engine.Export(kPath);
+  EXPECT_EQ(FakeSpreadsheet::Load(kPath, "Sheet2")[0][0], "ToolShape");
+  EXPECT_EQ(FakeSpreadsheet::Load(kPath, "Sheet3")[0][0], "HoleType");
+  EXPECT_EQ(FakeSpreadsheet::Load(kPath, "Sheet4")[0][0], "BendAngle");
+}
+
+TEST(WorkbookExport, TakesTheFirstKindThatHasColumnsJobProgressBeforePartPrograms) {
+  using enum RecordKind;
+  const std::pair<RecordKind, const char*> order[] = {{Parts, "PartName"},        {Tools, "ID"},
+                                                      {Materials, "MachineFile"}, {Sheets, "SheetName"},
+                                                      {JobProgress, "JobName"},   {PartPrograms, "Comments"}};
+  for (auto first = std::begin(order); first != std::end(order); ++first) {
+    FakeFileSystem files;
+    FakeSpreadsheet fake;
+    CXLSAssembly engine;
+    engine.StartLine = 1;
+    engine.Columns(MaterialInventory) = {"MatName"};
+    for (auto kind = first; kind != std::end(order); ++kind) engine.Columns(kind->first) = {kind->second};
+    EXPECT_TRUE(engine.Export(kPath));
+    EXPECT_EQ(FakeSpreadsheet::Load(kPath, "Sheet1"), (SheetRows{{first->second}}));
+  }
+}
+
+TEST(WorkbookExport, WritesNothingButTheNameForOtherKinds) {
+  FakeFileSystem files;
+  FakeSpreadsheet fake;
+  DiagnosticLog log;
+  CXLSAssembly engine;
+  engine.StartLine = 2;
+  engine.FormatName = "Form1";
+  engine.Columns(RecordKind::MaterialLibrary) = {"MaterialCode"};
+  EXPECT_TRUE(engine.Export(kPath));
+  EXPECT_EQ(FakeSpreadsheet::Load(kPath, "Sheet1"), (SheetRows{{"[FMT_Name=Form1]"}}));
+  EXPECT_EQ(log.Codes(), "no-columns");
+}
+
+TEST(WorkbookExport, FailsWithoutAnApplicationAndShowsNoBox) {
+  FakeFileSystem files;
+  files.Contents[kPath] = "old";
+  FakeSpreadsheet fake;
+  fake.Installed = false;
+  host::Boxes boxes;
+  DiagnosticLog log;
+  CXLSAssembly engine;
+  EXPECT_FALSE(engine.Export(kPath));
+  EXPECT_TRUE(boxes.all.empty());
+  EXPECT_EQ(log.Codes(), "no-spreadsheet");
+  EXPECT_EQ(files.Contents, (std::map<std::string, std::string>{{kPath, "old"}}));
+}
+
+TEST(WorkbookExport, KeepsTheOldFileWhicheverCallFails) {
+  for (int n = 1;; ++n) {
+    SCOPED_TRACE(n);
+    FakeFileSystem files;
+    files.Contents[kPath] = "old";
+    FakeSpreadsheet fake;
+    fake.NewSheets = {"Sheet1"};
+    fake.FailAt(n);
+    DiagnosticLog log;
+    CXLSAssembly engine;
+    ConfigurePrograms(engine, 2);
+    const bool done = engine.Export(kPath);
+    EXPECT_EQ(fake.Objects, 0);
+    EXPECT_EQ(fake.Running, 0);
+    EXPECT_EQ(done, !fake.Failed());
+    EXPECT_EQ(log.Remarks.empty(), done);
+    EXPECT_EQ(files.Contents.size(), 1u) << "a working file was left";
+    EXPECT_EQ(files.Contents[kPath] == "old", !done);
+    if (!fake.Failed()) break;
+    ASSERT_LT(n, 200);
+  }
+}
+
+TEST(WorkbookExport, KeepsTheOldFileWhenItCannotBeReplaced) {
+  for (const char* call : {"prepare", "replace"}) {
+    SCOPED_TRACE(call);
+    FakeFileSystem files;
+    files.Contents[kPath] = "old";
+    files.FailAt(1, call);
+    FakeSpreadsheet fake;
+    DiagnosticLog log;
+    CXLSAssembly engine;
+    ConfigurePrograms(engine, 1);
+    EXPECT_FALSE(engine.Export(kPath));
+    EXPECT_EQ(log.Codes(), "file-not-written");
+    EXPECT_EQ(files.Contents[kPath], "old");
+    EXPECT_EQ(files.Contents.size(), 1u);
+    EXPECT_EQ(fake.Objects + fake.Running, 0);
+  }
+}
+
+template <class Record>
+class WorkbookRoundTrip : public testing::Test {};
+TYPED_TEST_SUITE(WorkbookRoundTrip, workbook::KindsBothWays);
+
+TYPED_TEST(WorkbookRoundTrip, GivesTheRecordsBack) {
+  FakeFileSystem files;
+  FakeSpreadsheet fake;
+  workbook::ExpectRoundTrip<TypeParam>(kPath);
+}
+
+}  // namespace
