@@ -3,6 +3,14 @@
 
 get_filename_component(QV_TREE ${PROJECT_BINARY_DIR} NAME)
 
+# The tests' Windows is up before the first of them and ended after the last.
+if(CMAKE_CROSSCOMPILING)
+  add_test(NAME ${QV_TREE}.wine-start COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} --start)
+  add_test(NAME ${QV_TREE}.wine-stop COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} --stop)
+  set_tests_properties(${QV_TREE}.wine-start PROPERTIES FIXTURES_SETUP ${QV_TREE}.wine)
+  set_tests_properties(${QV_TREE}.wine-stop PROPERTIES FIXTURES_CLEANUP ${QV_TREE}.wine)
+endif()
+
 # qv_test(NAME SOURCES file... [LIBRARIES target...]): a program of GoogleTest cases that looks inside the library.
 function(qv_test name)
   qv_add_test_program(${name} qv_core ${ARGN})
@@ -16,7 +24,7 @@ endfunction()
 function(qv_add_test_program name library)
   cmake_parse_arguments(TEST "" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${name}_tests ${TEST_SOURCES})
-  target_link_libraries(${name}_tests PRIVATE ${library} GTest::gtest_main ${TEST_LIBRARIES})
+  target_link_libraries(${name}_tests PRIVATE ${TEST_LIBRARIES} ${library} GTest::gtest_main)
   target_include_directories(${name}_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   qv_warnings(${name}_tests)
   add_test(NAME ${QV_TREE}.${name} COMMAND ${name}_tests)
@@ -34,6 +42,9 @@ function(qv_give_temporary_folder name)
   set(folder ${PROJECT_BINARY_DIR}/tmp/${name})
   file(MAKE_DIRECTORY ${folder})
   set_property(TEST ${QV_TREE}.${name} APPEND PROPERTY ENVIRONMENT TMPDIR=${folder} TEST_TMPDIR=${folder})
+  if(CMAKE_CROSSCOMPILING)
+    set_property(TEST ${QV_TREE}.${name} PROPERTY FIXTURES_REQUIRED ${QV_TREE}.wine)
+  endif()
 endfunction()
 
 # A locale with a decimal comma for tests that a host's locale must not disturb, made in the build tree.

@@ -1,7 +1,7 @@
 #include "platform/CodePage.h"
 
+#include "platform/Utf8.h"
 #include "platform/posix/Iconv.h"
-#include "platform/posix/Utf8.h"
 
 #include <strings.h>
 

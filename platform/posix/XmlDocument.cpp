@@ -1,7 +1,7 @@
 #include "platform/XmlDocument.h"
 
 #include "platform/FileSystem.h"
-#include "platform/posix/XmlCharacters.h"
+#include "platform/XmlCharacters.h"
 #include "platform/posix/XmlEncoding.h"
 #include "platform/posix/XmlWellFormed.h"
 

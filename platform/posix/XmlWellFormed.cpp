@@ -1,7 +1,7 @@
 #include "platform/posix/XmlWellFormed.h"
 
-#include "platform/posix/Utf8.h"
-#include "platform/posix/XmlCharacters.h"
+#include "platform/Utf8.h"
+#include "platform/XmlCharacters.h"
 #include "platform/posix/XmlEncoding.h"
 
 #include <array>

@@ -1,4 +1,4 @@
-#include "platform/posix/Utf8.h"
+#include "platform/Utf8.h"
 
 namespace qv {
 namespace {

@@ -1,6 +1,6 @@
-#include "platform/posix/XmlCharacters.h"
+#include "platform/XmlCharacters.h"
 
-#include "platform/posix/Utf8.h"
+#include "platform/Utf8.h"
 
 namespace qv {
 namespace {

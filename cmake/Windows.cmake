@@ -1,0 +1,24 @@
+# What the build for Windows has of its own. Include it before any target is made.
+
+list(PREPEND CMAKE_MODULE_PATH ${PROJECT_SOURCE_DIR}/cmake/windows)
+enable_language(RC)
+add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN STRICT WINVER=0x0A00 _WIN32_WINNT=0x0A00)
+
+# Programs find the library and the C++ runtime beside themselves. The runtime is shared, so that exceptions and
+# containers may cross the library's boundary.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(QV_RUNTIME_LIBRARIES "")
+foreach(name libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
+  execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}
+                  OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE)
+  set(copy ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${name})
+  if(NOT EXISTS ${copy})
+    file(MAKE_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+    execute_process(COMMAND ${CMAKE_STRIP} -o ${copy} ${path} COMMAND_ERROR_IS_FATAL ANY)
+  endif()
+  list(APPEND QV_RUNTIME_LIBRARIES ${copy})
+endforeach()
+
+# Programs of this build run under Wine, in a Windows of the build tree's own.
+set(QV_WINE_PREFIX ${PROJECT_BINARY_DIR}/wineprefix)
+set(CMAKE_CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/cmake/windows/wine-run ${QV_WINE_PREFIX})

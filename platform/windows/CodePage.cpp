@@ -1,0 +1,81 @@
+#include "platform/CodePage.h"
+
+#include "platform/windows/WideText.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+
+namespace qv {
+namespace {
+
+struct NamedCodePage {
+  std::string_view name;
+  unsigned codePage;
+};
+
+// Names as they stand in files and on command lines, in small letters and without "-", "_", " " and ".".
+constexpr NamedCodePage kNamed[] = {
+    {"utf8", 65001}, {"utf7", 65000},   {"usascii", 20127},  {"ascii", 20127},  {"latin1", 28591},
+    {"l1", 28591},   {"latin2", 28592}, {"latin5", 28599},   {"latin9", 28605}, {"shiftjis", 932},
+    {"sjis", 932},   {"mskanji", 932},  {"windows31j", 932}, {"eucjp", 20932},  {"iso2022jp", 50220},
+    {"gb2312", 936}, {"gbk", 936},      {"gb18030", 54936},  {"big5", 950},     {"euckr", 51949},
+    {"uhc", 949},    {"koi8r", 20866},  {"koi8u", 21866},    {"tis620", 874},   {"macintosh", 10000},
+};
+
+// What stands before a number in a name, and what is added to that number.
+constexpr NamedCodePage kNumbered[] = {
+    {"windows", 0}, {"cp", 0}, {"ibm", 0}, {"ms", 0}, {"iso8859", 28590},
+};
+
+std::string Plain(const std::string& encoding) {
+  std::string plain;
+  for (const char c : encoding) {
+    const bool separates = std::string_view("-_ .").find(c) != std::string_view::npos;
+    if (!separates) plain += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  }
+  return plain;
+}
+
+unsigned NumberedCodePage(std::string_view name, const NamedCodePage& row) {
+  if (!name.starts_with(row.name)) return 0;
+  name.remove_prefix(row.name.size());
+  unsigned number = 0;
+  const auto [rest, error] = std::from_chars(name.data(), name.data() + name.size(), number);
+  const bool whole = error == std::errc() && rest == name.data() + name.size() && number > 0;
+  return whole ? number + row.codePage : 0;
+}
+
+// 0 when nobody knows the name.
+unsigned CodePageOf(const std::string& encoding) {
+  const std::string name = Plain(encoding);
+  const auto named = std::find_if(std::begin(kNamed), std::end(kNamed),
+                                  [&](const NamedCodePage& row) { return row.name == name; });
+  unsigned codePage = named == std::end(kNamed) ? 0 : named->codePage;
+  for (const NamedCodePage& row : kNumbered) {
+    if (codePage == 0) codePage = NumberedCodePage(name, row);
+  }
+  return codePage != 0 && IsValidCodePage(codePage) != FALSE ? codePage : 0;
+}
+
+}  // namespace
+
+std::string ToUtf8(std::string_view text) { return Narrow(Widen(text), kUtf8CodePage); }
+
+std::string FromUtf8(std::string_view utf8) { return Narrow(Widen(utf8, kUtf8CodePage)); }
+
+std::optional<std::string> DecodeText(std::string_view text, const std::string& encoding) {
+  const unsigned codePage = CodePageOf(encoding);
+  if (codePage == 0) return std::nullopt;
+  return Narrow(Widen(text, codePage), kUtf8CodePage);
+}
+
+std::optional<std::string> EncodeText(std::string_view utf8, const std::string& encoding) {
+  const unsigned codePage = CodePageOf(encoding);
+  if (codePage == 0) return std::nullopt;
+  return Narrow(Widen(utf8, kUtf8CodePage), codePage);
+}
+
+}  // namespace qv
