@@ -1,8 +1,24 @@
 # What the build for Windows has of its own. Include it before any target is made.
 
 list(PREPEND CMAKE_MODULE_PATH ${PROJECT_SOURCE_DIR}/cmake/windows)
+
+# Libraries of headers alone come from this machine, each linked into a root of the build's own: the folder that they
+# stand in also holds headers of this machine's platform.
+set(QV_HEADER_ROOT ${PROJECT_BINARY_DIR}/header-only)
+file(MAKE_DIRECTORY ${QV_HEADER_ROOT}/include)
+foreach(folder CLI nlohmann)
+  if(EXISTS /usr/include/${folder})
+    file(CREATE_LINK /usr/include/${folder} ${QV_HEADER_ROOT}/include/${folder} SYMBOLIC)
+  endif()
+endforeach()
+list(APPEND CMAKE_FIND_ROOT_PATH ${QV_HEADER_ROOT})
+
 enable_language(RC)
 add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN STRICT WINVER=0x0A00 _WIN32_WINNT=0x0A00)
+
+# QVAssemblyFile.dll, not libQVAssemblyFile.dll.
+set(CMAKE_SHARED_LIBRARY_PREFIX "")
+set(CMAKE_SHARED_MODULE_PREFIX "")
 
 # Programs find the library and the C++ runtime beside themselves. The runtime is shared, so that exceptions and
 # containers may cross the library's boundary.

@@ -1,2 +1,0 @@
-include(${CMAKE_CURRENT_LIST_DIR}/HeaderOnly.cmake)
-qv_header_only(nlohmann_json nlohmann_json::nlohmann_json nlohmann)
