@@ -3,6 +3,7 @@
 #include "engines/CAssemblyFile.h"
 #include "engines/FieldTrim.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace qv {
@@ -13,12 +14,15 @@ constexpr std::string_view kRowEndWord = "CRLF";
 
 constexpr std::string_view kQuote = "\"";
 
+// A blank or a double quote, told by one comparison.
+bool CanBeTrimmed(char c) { return (c & ~2) == ' '; }
+
 }  // namespace
 
 FieldSplitter FieldSplitter::Qualified(const CAssemblyFile& engine) {
   FieldSplitter splitter(Rule::Qualified);
   splitter.SetDelimiters(engine);
-  splitter.classes_[static_cast<unsigned char>(engine.Qualifier == 1 ? '\'' : '"')] = kQualifier;
+  splitter.SetClass(engine.Qualifier == 1 ? '\'' : '"', kQualifier);
   return splitter;
 }
 
@@ -30,165 +34,256 @@ FieldSplitter FieldSplitter::Unqualified(const CAssemblyFile& engine) {
 
 FieldSplitter FieldSplitter::Csv() {
   FieldSplitter splitter(Rule::Csv);
-  splitter.classes_[','] = kDelimiter;
-  splitter.classes_['"'] = kQualifier;
+  splitter.SetClass(',', kDelimiter);
+  splitter.SetClass('"', kQualifier);
   return splitter;
 }
 
 void FieldSplitter::SetDelimiters(const CAssemblyFile& engine) {
   const auto names = [&](std::string_view name) { return engine.Delimiters.find(name) != std::string::npos; };
-  if (names("Tab")) classes_['\t'] = kDelimiter;
-  if (names("Semicolon")) classes_[';'] = kDelimiter;
-  if (names("Comma")) classes_[','] = kDelimiter;
-  if (names("Space")) classes_[' '] = kDelimiter;
+  if (names("Tab")) SetClass('\t', kDelimiter);
+  if (names("Semicolon")) SetClass(';', kDelimiter);
+  if (names("Comma")) SetClass(',', kDelimiter);
+  if (names("Space")) SetClass(' ', kDelimiter);
   if (names("Other"))
-    for (const char c : engine.OtherDelimiters) classes_[static_cast<unsigned char>(c)] = kDelimiter;
+    for (const char c : engine.OtherDelimiters) SetClass(c, kDelimiter);
   treatAsOne_ = engine.TreatAsOne;
 }
 
+void FieldSplitter::SetClass(char c, CharacterClass characterClass) {
+  classes_[static_cast<unsigned char>(c)] = characterClass;
+  marks_.Set().Add(c);
+}
+
+bool FieldSplitter::EndAtLineFeeds() {
+  if (ClassOf('\r') != kOrdinary) return false;
+  SetClass('\n', kLineFeed);
+  return true;
+}
+
+void FieldSplitter::Start(const char* begin, const char* end) {
+  marks_.Start(begin, end);
+  end_ = end;
+}
+
 void FieldSplitter::Split(std::string_view line, FieldViews& out) {
-  out_ = &out;
-  out.fields.clear();
-  out.total = 0;
-  out.openQualifier = false;
-  lineSize_ = line.size();
+  Start(line.data(), line.data() + line.size());
+  SplitRow(line.data(), out);
+}
+
+const char* FieldSplitter::SplitRow(const char* begin, FieldViews& out) {
   scratch_.clear();
-  Clear();
-  const char* const begin = line.data();
-  const char* const end = begin + line.size();
+  out.openQualifier = false;
+  const char* lineEnd = nullptr;
   switch (rule_) {
     case Rule::Qualified:
-      SplitQualified(begin, end);
+      lineEnd = WalkQualified(begin, out);
       break;
     case Rule::Unqualified:
-      SplitUnqualified(begin, end);
+      lineEnd = WalkUnqualified(begin, out);
       break;
     case Rule::Csv:
-      SplitCsv(begin, end);
+      lineEnd = WalkCsv(begin, out);
       break;
   }
-  const bool afterDelimiter = !line.empty() && ClassOf(line.back()) == kDelimiter;
-  out.droppedEmptyLast = Trimmed().empty() && (size_ != 0 || afterDelimiter);
+  out.line = {begin, TextEnd(begin, lineEnd)};
+  return lineEnd;
 }
 
-// Adds characters to the field. As long as they stand side by side in the line, the field is a view of the
-// line.
-void FieldSplitter::Take(const char* from, const char* to) {
-  const auto count = static_cast<std::size_t>(to - from);
-  if (count == 0) return;
-  if (size_ == 0) {
-    start_ = from;
-  } else if (start_ + size_ != from) {
-    const bool inScratch = start_ >= scratch_.data() && start_ <= scratch_.data() + scratch_.size();
-    if (!inScratch) {
-      // All fields of a line together are no longer than the line, so the buffer never moves under earlier
-      // views.
-      if (scratch_.empty()) scratch_.reserve(lineSize_);
-      const std::size_t place = scratch_.size();
-      scratch_.append(start_, size_);
-      start_ = scratch_.data() + place;
+/// Where the fields go. Its address stays with the walk, so that the compiler can keep it in registers.
+class FieldSplitter::Output {
+ public:
+  Output(FieldViews& row, std::size_t keep) : row_(row), keep_(keep) { Continue(0); }
+
+  void Emit(std::string_view field) {
+    if (next_ == limit_) {
+      const auto kept = static_cast<std::size_t>(next_ - row_.storage.data());
+      if (kept == keep_) {
+        ++dropped_;
+        return;
+      }
+      MakeRoom(row_, keep_);
+      Continue(kept);
     }
-    scratch_.append(from, count);
+    *next_++ = field;
   }
-  size_ += count;
+
+  void EmitUnlessQuote(std::string_view field) {
+    if (field != kQuote) Emit(field);
+  }
+
+  /// Emits the field without the blanks and quotes around it, unless a lone quote is left.
+  void EmitTrimmed(std::string_view field) {
+    if (!field.empty() && !CanBeTrimmed(field.front()) && !CanBeTrimmed(field.back())) return Emit(field);
+    EmitUnlessQuote(TrimField(field));
+  }
+
+  void Finish() {
+    row_.fields = {row_.storage.data(), next_};
+    row_.total = row_.fields.size() + dropped_;
+  }
+
+ private:
+  static void MakeRoom(FieldViews& row, std::size_t keep) {
+    row.storage.resize(std::min(keep, std::max<std::size_t>(64, 2 * row.storage.size())));
+  }
+
+  void Continue(std::size_t kept) {
+    next_ = row_.storage.data() + kept;
+    limit_ = row_.storage.data() + std::min(keep_, row_.storage.size());
+  }
+
+  FieldViews& row_;
+  const std::size_t keep_;
+  std::string_view* next_;
+  std::string_view* limit_;
+  std::size_t dropped_ = 0;
+};
+
+// The line without the carriage return that belongs to its line feed.
+const char* FieldSplitter::TextEnd(const char* begin, const char* lineEnd) const {
+  return lineEnd != end_ && lineEnd != begin && lineEnd[-1] == '\r' ? lineEnd - 1 : lineEnd;
 }
 
-std::string_view FieldSplitter::Trimmed() const { return TrimField({start_, size_}); }
-
-void FieldSplitter::Emit(std::string_view field) {
-  if (out_->total < keep_) out_->fields.push_back(field);
-  ++out_->total;
+bool FieldSplitter::IsLineEnd(const char* at) const {
+  return ClassAt(at) == kLineFeed || (*at == '\r' && at + 1 != end_ && ClassOf(at[1]) == kLineFeed);
 }
 
-void FieldSplitter::EmitUnlessQuote(std::string_view field) {
-  if (field != kQuote) Emit(field);
+// Whether the line's last field is dropped because nothing is left of it when it is trimmed. An empty one is
+// there only behind a delimiter.
+bool FieldSplitter::DropsLast(const char* begin, const char* end, std::string_view last) const {
+  if (last.empty()) return end != begin && ClassOf(end[-1]) == kDelimiter;
+  return TrimField(last).empty();
+}
+
+const char* FieldSplitter::WalkUnqualified(const char* begin, FieldViews& row) {
+  MarkFinder::Cursor marks(marks_);
+  Output out(row, keep_);
+  const char* field = begin;
+  const char* mark = marks.Next();
+  for (; ClassAt(mark) != kLineFeed; mark = marks.Next()) {
+    if (mark != field)
+      out.EmitTrimmed({field, mark});
+    else if (!treatAsOne_)
+      out.Emit({});
+    field = mark + 1;
+  }
+  const char* const end = TextEnd(field, mark);
+  row.droppedEmptyLast = DropsLast(begin, end, {field, end});
+  if (const auto last = TrimField({field, end}); !last.empty()) out.Emit(last);
+  out.Finish();
+  return mark;
 }
 
 // A qualifier closes its field before a delimiter, at the end of the line, and before another qualifier:
-// doubling is no escape here.
-bool FieldSplitter::ClosesQualified(const char* next, const char* end) const {
-  return next == end || *next == '\0' || ClassOf(*next) != kOrdinary;
-}
-
-void FieldSplitter::SplitQualified(const char* at, const char* end) {
+// doubling is no escape here. It takes the character after it along.
+const char* FieldSplitter::WalkQualified(const char* begin, FieldViews& row) {
+  MarkFinder::Cursor marks(marks_);
+  Output out(row, keep_);
+  std::string_view field;
+  const char* run = begin;  // what belongs to the field but has not been added
   bool inside = false;
-  while (at < end) {
-    const char* const run = at;
-    while (at < end && (inside ? ClassOf(*at) != kQualifier : ClassOf(*at) == kOrdinary)) ++at;
-    Take(run, at);
-    if (at == end) break;
-    if (!inside && ClassOf(*at) == kDelimiter) {
-      if (size_ != 0)
-        EmitUnlessQuote(Trimmed());
+  const char* mark = marks.Next();
+  for (CharacterClass found; (found = ClassAt(mark)) != kLineFeed; mark = marks.Next()) {
+    if (found == kDelimiter) {
+      if (inside) continue;
+      field = Joined(field, run, mark);
+      if (!field.empty())
+        out.EmitTrimmed(field);
       else if (!treatAsOne_)
-        Emit({});
-      Clear();
-      ++at;
+        out.Emit({});
+      field = {};
+      run = mark + 1;
     } else if (!inside) {
+      field = Joined(field, run, mark);
+      run = mark + 1;
       inside = true;
-      ++at;
-    } else if (ClosesQualified(at + 1, end)) {
-      EmitUnlessQuote(Trimmed());
-      Clear();
-      inside = false;
-      at += 2;
     } else {
-      Take(at, at + 1);
-      ++at;
+      const char* const next = mark + 1;
+      const bool isLast = IsLineEnd(next);
+      if (!isLast && *next != '\0' && ClassOf(*next) == kOrdinary) continue;
+      out.EmitTrimmed(Joined(field, run, mark));
+      field = {};
+      run = isLast ? next : next + 1;
+      inside = false;
+      if (!isLast) marks.Skip(next);
     }
   }
-  out_->openQualifier = inside;
-  if (const std::string_view last = Trimmed(); !last.empty()) EmitUnlessQuote(last);
+  row.openQualifier = inside;
+  const char* const end = TextEnd(run, mark);
+  field = Joined(field, run, end);
+  row.droppedEmptyLast = DropsLast(begin, end, field);
+  if (const auto last = TrimField(field); !last.empty()) out.EmitUnlessQuote(last);
+  out.Finish();
+  return mark;
 }
 
-void FieldSplitter::SplitUnqualified(const char* at, const char* end) {
-  while (true) {
-    const char* const run = at;
-    while (at < end && ClassOf(*at) == kOrdinary) ++at;
-    Take(run, at);
-    if (at == end) break;
-    if (size_ != 0)
-      EmitUnlessQuote(Trimmed());
-    else if (!treatAsOne_)
-      Emit({});
-    Clear();
-    ++at;
-  }
-  if (const std::string_view last = Trimmed(); !last.empty()) Emit(last);
-}
-
-void FieldSplitter::SplitCsv(const char* at, const char* end) {
+const char* FieldSplitter::WalkCsv(const char* begin, FieldViews& row) {
+  MarkFinder::Cursor marks(marks_);
+  Output out(row, keep_);
+  std::string_view field;
+  const char* run = begin;
+  const char* closing = nullptr;  // the last quote in a quoted field
   bool inside = false;
-  bool closed = false;
-  while (at < end) {
-    const char* const run = at;
-    while (at < end && (inside ? *at != '"' : ClassOf(*at) == kOrdinary)) ++at;
-    Take(run, at);
-    if (at == end) break;
-    closed = false;
-    if (!inside && *at == ',') {
-      EmitUnlessQuote(Trimmed());
-      Clear();
-      ++at;
+  const char* mark = marks.Next();
+  for (CharacterClass found; (found = ClassAt(mark)) != kLineFeed; mark = marks.Next()) {
+    if (found == kDelimiter) {
+      if (inside) continue;
+      out.EmitTrimmed(Joined(field, run, mark));
+      field = {};
+      run = mark + 1;
     } else if (!inside) {
+      field = Joined(field, run, mark);
+      run = mark + 1;
       inside = true;
-      ++at;
-    } else if (at + 1 < end && at[1] == ',') {
-      Emit({start_, size_});
-      Clear();
+      closing = nullptr;
+    } else if (mark + 1 != end_ && mark[1] == ',') {
+      out.Emit(Joined(field, run, mark));
+      field = {};
+      run = mark + 2;
       inside = false;
-      at += 2;
+      marks.Skip(mark + 1);
     } else {
-      Take(at, at + 1);
-      ++at;
-      closed = true;
+      closing = mark;
     }
   }
+  const char* const end = TextEnd(run, mark);
   // The closing quote of a last field is still part of it here; trimming takes it away.
-  while (closed && end[-1] == ' ') --end;
-  out_->openQualifier = inside && !(closed && end[-1] == '"');
-  const std::string_view last = Trimmed();
-  if (!last.empty() && last != kRowEndWord) EmitUnlessQuote(last);
+  row.openQualifier = inside && (closing == nullptr || !TrimField({closing + 1, end}).empty());
+  field = Joined(field, run, end);
+  row.droppedEmptyLast = DropsLast(begin, end, field);
+  const std::string_view last = TrimField(field);
+  if (!last.empty() && last != kRowEndWord) out.EmitUnlessQuote(last);
+  out.Finish();
+  return mark;
+}
+
+// Adds characters to a field. As long as they stand side by side in the line, the field is a view of the
+// line.
+std::string_view FieldSplitter::Joined(std::string_view field, const char* from, const char* to) {
+  if (field.empty()) return {from, to};
+  return from == to ? field : JoinedApart(field, {from, to});
+}
+
+std::string_view FieldSplitter::JoinedApart(std::string_view field, std::string_view more) {
+  if (field.data() + field.size() == more.data()) return {field.data(), field.size() + more.size()};
+  const char* const scratch = scratch_.data();
+  if (field.data() < scratch || field.data() >= scratch + scratch_.size()) {
+    if (scratch_.empty()) MakeScratch(field.data());
+    scratch_.append(field);
+    field = {scratch_.data() + scratch_.size() - field.size(), field.size()};
+  }
+  scratch_.append(more);
+  return {field.data(), field.size() + more.size()};
+}
+
+// The rest of the line has room in the buffer, so that it never moves under the line's earlier fields.
+void FieldSplitter::MakeScratch(const char* from) {
+  auto size = static_cast<std::size_t>(end_ - from);
+  if (ClassOf('\n') == kLineFeed)
+    if (const void* const lineEnd = std::memchr(from, '\n', size))
+      size = static_cast<std::size_t>(static_cast<const char*>(lineEnd) - from);
+  scratch_.reserve(size);
 }
 
 bool SplitInto(FieldSplitter splitter, std::string_view line, std::vector<std::string>& fields) {

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "engines/MarkFinder.h"
+
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <limits>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,12 +15,22 @@ class CAssemblyFile;
 
 namespace qv {
 
-/// The fields of one line. The views live until the next Split() or until the line goes.
+/// The fields of one line. The views live until the next split or until the line goes.
 struct FieldViews {
-  std::vector<std::string_view> fields;  ///< at most as many as the splitter keeps
-  std::size_t total = 0;                 ///< how many the line has
-  bool openQualifier = false;            ///< a qualified field was not closed
-  bool droppedEmptyLast = false;         ///< an empty field at the end was dropped
+  std::string_view line;                     ///< without its line end
+  std::span<const std::string_view> fields;  ///< at most as many as the splitter keeps
+  std::size_t total = 0;                     ///< how many the line has
+  bool openQualifier = false;                ///< a qualified field was not closed
+  bool droppedEmptyLast = false;             ///< an empty field at the end was dropped
+
+  std::vector<std::string_view> storage;  ///< what `fields` shows a part of
+
+  /// Makes the fields views of these texts, `most` of them at most.
+  void Show(const std::vector<std::string>& texts, std::size_t most) {
+    total = texts.size();
+    storage.assign(texts.begin(), texts.begin() + static_cast<std::ptrdiff_t>(std::min(total, most)));
+    fields = storage;
+  }
 };
 
 /// Splits lines into fields. Fields are views of the line wherever their characters stand together in it,
@@ -37,35 +51,48 @@ class FieldSplitter {
   /// Later fields are counted but not kept.
   void KeepAtMost(std::size_t fields) { keep_ = fields; }
 
+  /// Splits a text that is one line, whatever characters it holds.
   void Split(std::string_view line, FieldViews& out);
 
+  /// Makes this a splitter of texts of many lines, for SplitRow() instead of Split(). False when it cannot be
+  /// one, as the format takes a carriage return for a delimiter.
+  bool EndAtLineFeeds();
+
+  /// Sets out on a text of many lines, which stays where it is until the next Start().
+  void Start(const char* begin, const char* end);
+
+  /// Splits the line at `begin`, behind the end of the last one. Returns its end: a line feed, or the text's
+  /// end.
+  const char* SplitRow(const char* begin, FieldViews& out);
+
  private:
-  enum CharacterClass : unsigned char { kOrdinary, kDelimiter, kQualifier };
+  enum CharacterClass : unsigned char { kOrdinary, kDelimiter, kQualifier, kLineFeed };
+  class Output;
 
   explicit FieldSplitter(Rule rule) : rule_(rule) {}
   void SetDelimiters(const CAssemblyFile& engine);
+  void SetClass(char c, CharacterClass characterClass);
   CharacterClass ClassOf(char c) const { return classes_[static_cast<unsigned char>(c)]; }
-  bool ClosesQualified(const char* next, const char* end) const;
+  CharacterClass ClassAt(const char* at) const { return at == end_ ? kLineFeed : ClassOf(*at); }
+  const char* TextEnd(const char* begin, const char* lineEnd) const;
+  bool IsLineEnd(const char* at) const;
+  bool DropsLast(const char* begin, const char* end, std::string_view last) const;
 
-  void SplitQualified(const char* at, const char* end);
-  void SplitUnqualified(const char* at, const char* end);
-  void SplitCsv(const char* at, const char* end);
+  const char* WalkQualified(const char* begin, FieldViews& row);
+  const char* WalkUnqualified(const char* begin, FieldViews& row);
+  const char* WalkCsv(const char* begin, FieldViews& row);
 
-  void Take(const char* from, const char* to);
-  std::string_view Trimmed() const;
-  void Emit(std::string_view field);
-  void EmitUnlessQuote(std::string_view field);
-  void Clear() { size_ = 0; }
+  std::string_view Joined(std::string_view field, const char* from, const char* to);
+  std::string_view JoinedApart(std::string_view field, std::string_view more);
+  void MakeScratch(const char* from);
 
   Rule rule_;
   bool treatAsOne_ = false;
   std::array<CharacterClass, 256> classes_{};
   std::size_t keep_ = std::numeric_limits<std::size_t>::max();
 
-  FieldViews* out_ = nullptr;
-  std::size_t lineSize_ = 0;
-  const char* start_ = nullptr;  // the field collected so far
-  std::size_t size_ = 0;
+  MarkFinder marks_;
+  const char* end_ = nullptr;
   std::string scratch_;
 };
 

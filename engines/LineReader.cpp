@@ -12,50 +12,58 @@ constexpr std::size_t kBlockSize = std::size_t{1} << 18;
 LineReader::LineReader(OpenFile& file) : file_(file), block_(kBlockSize) {}
 
 bool LineReader::Next(std::string_view& line) {
-  while (true) {
-    const char* const from = block_.data() + scanned_;
-    const void* const found = end_ == scanned_ ? nullptr : std::memchr(from, '\n', end_ - scanned_);
-    if (found != nullptr) {
-      const char* const start = block_.data() + begin_;
-      auto length = static_cast<std::size_t>(static_cast<const char*>(found) - start);
-      begin_ += length + 1;
-      scanned_ = begin_;
-      if (length > 0 && start[length - 1] == '\r') --length;
-      line = {start, length};
-      break;
-    }
-    scanned_ = end_;
-    if (Refill()) continue;
-    if (begin_ == end_) return false;
-    line = {block_.data() + begin_, end_ - begin_};
-    begin_ = end_;
-    break;
+  if (begin_ == whole_ && !FillToLineEnd()) return false;
+  line = {block_.data() + begin_, whole_ - begin_};
+  if (const void* const found = std::memchr(line.data(), '\n', line.size())) {
+    line = {line.data(), static_cast<std::size_t>(static_cast<const char*>(found) - line.data())};
+    begin_ += line.size() + 1;
+    if (line.ends_with('\r')) line.remove_suffix(1);
+  } else {
+    begin_ = whole_;
   }
   ++lineNumber_;
   return true;
 }
 
+bool LineReader::NextLines(std::string_view& lines) {
+  if (begin_ == whole_ && !FillToLineEnd()) return false;
+  lines = {block_.data() + begin_, whole_ - begin_};
+  begin_ = whole_;
+  return true;
+}
+
+// Reads until the block holds a whole line. False at the end of the file; what it ends with is a line too.
+bool LineReader::FillToLineEnd() {
+  while (!atEnd_) {
+    const std::string_view fresh = Fill();
+    const std::size_t lineFeed = fresh.rfind('\n');
+    if (lineFeed == std::string_view::npos) continue;
+    whole_ = end_ - fresh.size() + lineFeed + 1;
+    return true;
+  }
+  whole_ = end_;
+  return begin_ != end_;
+}
+
 // Moves what is left of the block to its front and fills the rest; a line longer than the block makes it
-// grow.
-bool LineReader::Refill() {
-  if (atEnd_) return false;
+// grow. Returns what was read.
+std::string_view LineReader::Fill() {
   std::memmove(block_.data(), block_.data() + begin_, end_ - begin_);
   end_ -= begin_;
-  scanned_ -= begin_;
-  begin_ = 0;
+  begin_ = whole_ = 0;
   if (end_ == block_.size()) block_.resize(block_.size() * 2);
   const std::ptrdiff_t count = file_.Read(block_.data() + end_, block_.size() - end_);
   failed_ = count < 0;
   atEnd_ = count <= 0;
-  if (atEnd_) return false;
-  const char* const fresh = block_.data() + end_;
-  end_ += static_cast<std::size_t>(count);
-  if (kEndOfText < 0) return true;
-  if (const void* const mark = std::memchr(fresh, kEndOfText, static_cast<std::size_t>(count))) {
-    end_ = static_cast<std::size_t>(static_cast<const char*>(mark) - block_.data());
-    atEnd_ = true;
-  }
-  return true;
+  if (atEnd_) return {};
+  std::string_view fresh(block_.data() + end_, static_cast<std::size_t>(count));
+  if (kEndOfText >= 0)
+    if (const std::size_t mark = fresh.find(static_cast<char>(kEndOfText)); mark != std::string_view::npos) {
+      fresh = fresh.substr(0, mark);
+      atEnd_ = true;
+    }
+  end_ += fresh.size();
+  return fresh;
 }
 
 }  // namespace qv

@@ -18,19 +18,24 @@ class LineReader {
   /// failure.
   bool Next(std::string_view& line);
 
-  /// The 1-based number of the line last handed out.
+  /// The 1-based number of the line that Next() handed out last.
   std::int64_t LineNumber() const { return lineNumber_; }
+
+  /// All whole lines that the block holds, as they stand in the file, valid until the next call; false at the
+  /// end of the file or on failure. Counting them is the caller's.
+  bool NextLines(std::string_view& lines);
 
   /// True when reading stopped because the system reported an error.
   bool HasFailed() const { return failed_; }
 
  private:
-  bool Refill();
+  bool FillToLineEnd();
+  std::string_view Fill();
 
   OpenFile& file_;
   std::vector<char> block_;
-  std::size_t begin_ = 0;    // of what has not been handed out
-  std::size_t scanned_ = 0;  // how far that has been searched for a line end
+  std::size_t begin_ = 0;  // of what has not been handed out
+  std::size_t whole_ = 0;  // the end of the last whole line
   std::size_t end_ = 0;
   std::int64_t lineNumber_ = 0;
   bool atEnd_ = false;

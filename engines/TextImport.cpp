@@ -3,65 +3,31 @@
 #include "engines/CTxtAssembly.h"
 #include "engines/LineReader.h"
 #include "engines/RecordBuilder.h"
+#include "engines/RowReader.h"
 #include "engines/TextLineRemarks.h"
 
-#include <algorithm>
 #include <memory>
-#include <optional>
 
 namespace qv {
 namespace {
 
-/// Splits lines as the engine does: without copies where the engine uses the rules of this library, through
-/// its virtual operation where it has rules of its own.
-class RowSplitter {
- public:
-  explicit RowSplitter(CTxtAssembly& engine) : engine_(engine), splitter_(engine.ViewSplitter()) {}
-
-  void KeepAtMost(std::size_t fields) {
-    if (splitter_) splitter_->KeepAtMost(fields);
-  }
-
-  const FieldViews& Split(std::string_view line) {
-    if (splitter_) {
-      splitter_->Split(line, row_);
-      return row_;
-    }
-    texts_.clear();
-    engine_.SplitLine(std::string(line), texts_);
-    row_.fields.assign(texts_.begin(), texts_.end());
-    row_.total = texts_.size();
-    return row_;
-  }
-
- private:
-  CTxtAssembly& engine_;
-  std::optional<FieldSplitter> splitter_;
-  FieldViews row_;
-  std::vector<std::string> texts_;
-};
-
 /// Takes the next line as the header row; false when there is none.
-bool ReadHeader(CTxtAssembly& engine, LineReader& lines, RowSplitter& splitter, TextLineRemarks& remarks) {
-  std::string_view line;
-  if (!lines.Next(line)) return false;
-  const FieldViews& header = splitter.Split(line);
-  remarks.Tell(line, lines.LineNumber(), header);
-  for (const std::string_view field : header.fields) engine.HeaderFields.Append(field);
+bool ReadHeader(CTxtAssembly& engine, RowReader& rows, TextLineRemarks& remarks) {
+  if (!rows.Next()) return false;
+  remarks.Tell(rows.LineNumber(), rows.Row());
+  for (const std::string_view field : rows.Row().fields) engine.HeaderFields.Append(field);
   return true;
 }
 
 template <class Record>
-void ReadRows(CTxtAssembly& engine, LineReader& lines, RowSplitter& splitter, const FileReport& report,
-              TextLineRemarks& remarks) {
-  const RecordBuilder<Record> builder(engine.Columns(KindTraits<Record>::kKind), report, lines.LineNumber());
-  splitter.KeepAtMost(builder.ColumnCount());
+void ReadRows(CTxtAssembly& engine, RowReader& rows, const FileReport& report, TextLineRemarks& remarks) {
+  const RecordBuilder<Record> builder(engine.Columns(KindTraits<Record>::kKind), report, rows.LineNumber());
+  rows.KeepAtMost(builder.ColumnCount());
   RecordList<Record>& records = engine.StagedRecords.Of<Record>();
-  std::string_view line;
-  while (lines.Next(line)) {
-    const FieldViews& row = splitter.Split(line);
-    remarks.Tell(line, lines.LineNumber(), row);
-    if (builder.Build(records.Begin(), row, lines.LineNumber(), line)) records.Keep();
+  while (rows.Next()) {
+    const FieldViews& row = rows.Row();
+    remarks.Tell(rows.LineNumber(), row);
+    if (builder.Build(records.Begin(), row, rows.LineNumber(), row.line)) records.Keep();
   }
 }
 
@@ -78,17 +44,17 @@ bool ImportRows(CTxtAssembly& engine, const char* path) {
     return true;
   }
   LineReader lines(*file);
-  RowSplitter splitter(engine);
   TextLineRemarks remarks(report);
   std::string_view skipped;
   for (int number = 1; number < engine.StartLine && lines.Next(skipped); ++number)
     remarks.TellStart(skipped, number);
-  if (ReadHeader(engine, lines, splitter, remarks)) {
-    if (!engine.ReadHeaderOnly) ReadRows<Record>(engine, lines, splitter, report, remarks);
+  RowReader rows(engine, lines);
+  if (ReadHeader(engine, rows, remarks)) {
+    if (!engine.ReadHeaderOnly) ReadRows<Record>(engine, rows, report, remarks);
     engine.ReadHeaderOnly = false;
   }
   if (lines.HasFailed())
-    report.Tell(DiagnosticCode::FileNotOpened, lines.LineNumber(), {}, {}, {},
+    report.Tell(DiagnosticCode::FileNotOpened, rows.LineNumber(), {}, {}, {},
                 "reading stopped here: the system reports an error");
   return true;
 }

@@ -14,7 +14,7 @@ class TextLineRemarks {
   explicit TextLineRemarks(const FileReport& report) : report_(report) {}
 
   /// For every line that is split.
-  void Tell(std::string_view line, std::int64_t number, const FieldViews& row) const;
+  void Tell(std::int64_t number, const FieldViews& row) const;
 
   /// For the lines before the header row.
   void TellStart(std::string_view line, std::int64_t number) const;

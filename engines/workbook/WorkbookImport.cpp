@@ -39,9 +39,8 @@ class SheetRow {
   const FieldViews& Read(Worksheet& cells, std::int32_t row) {
     for (std::size_t rank = 0; rank < texts_.size(); ++rank)
       texts_[rank] = cells.ReadCell(row, static_cast<std::int32_t>(rank + 1));
-    const std::size_t kept = std::min(keep_, texts_.size());
-    views_.fields.assign(texts_.begin(), texts_.begin() + static_cast<std::ptrdiff_t>(kept));
-    views_.total = CountFields(kept);
+    views_.Show(texts_, keep_);
+    views_.total = CountFields(views_.fields.size());
     return views_;
   }
 

@@ -112,6 +112,41 @@ TEST(ParseReal, TakesWhatTheRuntimeTakes) {
   }
 }
 
+/// Texts that look like numbers, more or less.
+std::string RandomNumberText(std::mt19937_64& random) {
+  const auto digits = [&](std::string& text) {
+    for (auto count = random() % 12; count > 0; --count) text += static_cast<char>('0' + random() % 10);
+  };
+  std::string text = random() % 8 == 0 ? " " : "";
+  if (random() % 4 == 0) text += random() % 2 == 0 ? '-' : '+';
+  digits(text);
+  if (random() % 3 != 0) text += '.';
+  digits(text);
+  if (random() % 6 == 0) text += "e" + std::to_string(static_cast<int>(random() % 80) - 40);
+  if (random() % 6 == 0) text += "eE+-.,x 0\t"[random() % 10];
+  return text;
+}
+
+TEST(ParseReal, AgreesWithTheRuntimeOnRandomTexts) {
+  std::mt19937_64 random(7);
+  for (int count = 0; count < 1'000'000; ++count) {
+    const std::string text = RandomNumberText(random);
+    ASSERT_EQ(std::bit_cast<std::uint64_t>(qv::ParseReal(text).value),
+              std::bit_cast<std::uint64_t>(std::strtod(text.c_str(), nullptr)))
+        << text;
+  }
+}
+
+TEST(ParseInt, AgreesWithTheRuntimeOnRandomTexts) {
+  std::mt19937_64 random(8);
+  for (int count = 0; count < 1'000'000; ++count) {
+    const std::string text = RandomNumberText(random);
+    const long long exact = std::atoll(text.c_str());
+    const bool fits = exact >= INT_MIN && exact <= INT_MAX;
+    ASSERT_TRUE(!fits || qv::ParseInt(text).value == exact) << text;
+  }
+}
+
 TEST(ParseReal, RemarksOnOddTexts) {
   EXPECT_EQ(qv::ParseReal("1.5").remark, Remark::None);
   EXPECT_EQ(qv::ParseReal(" 1.5 ").remark, Remark::None);

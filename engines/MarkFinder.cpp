@@ -1,0 +1,156 @@
+#include "engines/MarkFinder.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
+#if defined(__x86_64__)
+#include <immintrin.h>
+#endif
+
+namespace qv {
+namespace {
+
+constexpr std::size_t kWidth = 64;  // characters at a time: a bit of a word for each
+
+/// Stores the places of the bits that are set. Most words have few of them, so eight are stored whatever
+/// their number is: a branch that guesses right is worth more than the stores.
+inline std::uint16_t* StorePlaces(std::uint64_t bits, std::size_t base, std::uint16_t* out) {
+  const int count = std::popcount(bits);
+  for (int stored = 0; stored < count; stored += 8)
+    for (int place = 0; place < 8; ++place) {
+      out[stored + place] =
+          static_cast<std::uint16_t>(base + static_cast<std::size_t>(std::countr_zero(bits)));
+      bits &= bits - 1;
+    }
+  return out + count;
+}
+
+using BitsOf64 = std::uint64_t (*)(const char*, const MarkSet&);
+
+/// Applies one of the ways to look at 64 characters to a whole text. Inlined, for only so does it become
+/// part of code that may use the wide instructions.
+template <BitsOf64 Bits>
+[[gnu::always_inline]] inline std::size_t FindWith(const char* text, std::size_t size, const MarkSet& set,
+                                                   std::uint16_t* const begin) {
+  std::uint16_t* out = begin;
+  std::size_t base = 0;
+  for (; base + kWidth <= size; base += kWidth) out = StorePlaces(Bits(text + base, set), base, out);
+  if (base < size) {
+    char tail[kWidth] = {};
+    std::memcpy(tail, text + base, size - base);
+    const std::uint64_t inside = (std::uint64_t{1} << (size - base)) - 1;
+    out = StorePlaces(Bits(tail, set) & inside, base, out);
+  }
+  return static_cast<std::size_t>(out - begin);
+}
+
+inline std::uint64_t BitsOneByOne(const char* text, const MarkSet& set) {
+  std::uint64_t bits = 0;
+  for (std::size_t place = 0; place < kWidth; ++place)
+    bits |= std::uint64_t{set.Contains(text[place])} << place;
+  return bits;
+}
+
+std::size_t FindOneByOne(const char* text, std::size_t size, const MarkSet& set, std::uint16_t* out) {
+  return FindWith<BitsOneByOne>(text, size, set, out);
+}
+
+#if defined(__x86_64__)
+
+inline std::uint64_t BitsBySse2(const char* text, const MarkSet& set) {
+  std::uint64_t bits = 0;
+  for (std::size_t part = 0; part < kWidth; part += 16) {
+    const __m128i characters = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text + part));
+    __m128i hits = _mm_setzero_si128();
+    for (std::size_t rank = 0; rank < set.Count(); ++rank)
+      hits = _mm_or_si128(hits, _mm_cmpeq_epi8(characters, _mm_set1_epi8(set[rank])));
+    bits |= std::uint64_t{static_cast<std::uint32_t>(_mm_movemask_epi8(hits))} << part;
+  }
+  return bits;
+}
+
+std::size_t FindBySse2(const char* text, std::size_t size, const MarkSet& set, std::uint16_t* out) {
+  return FindWith<BitsBySse2>(text, size, set, out);
+}
+
+#define QV_AVX2 __attribute__((target("avx2,bmi,lzcnt,popcnt")))
+
+QV_AVX2 inline std::uint64_t BitsByAvx2(const char* text, const MarkSet& set) {
+  const __m256i low = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(text));
+  const __m256i high = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(text + 32));
+  __m256i lowHits = _mm256_setzero_si256();
+  __m256i highHits = _mm256_setzero_si256();
+  for (std::size_t rank = 0; rank < set.Count(); ++rank) {
+    const __m256i sought = _mm256_set1_epi8(set[rank]);
+    lowHits = _mm256_or_si256(lowHits, _mm256_cmpeq_epi8(low, sought));
+    highHits = _mm256_or_si256(highHits, _mm256_cmpeq_epi8(high, sought));
+  }
+  return std::uint64_t{static_cast<std::uint32_t>(_mm256_movemask_epi8(highHits))} << 32 |
+         static_cast<std::uint32_t>(_mm256_movemask_epi8(lowHits));
+}
+
+QV_AVX2 std::size_t FindByAvx2(const char* text, std::size_t size, const MarkSet& set, std::uint16_t* out) {
+  return FindWith<BitsByAvx2>(text, size, set, out);
+}
+
+#endif
+
+using Find = std::size_t (*)(const char*, std::size_t, const MarkSet&, std::uint16_t*);
+
+// Null when the processor does not have the instructions.
+Find FindBy(MarkInstructions instructions) {
+#if defined(__x86_64__)
+  if (instructions == MarkInstructions::Sse2) return FindBySse2;
+  if (instructions == MarkInstructions::Avx2)
+    return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi") ? FindByAvx2 : nullptr;
+#endif
+  return instructions == MarkInstructions::Portable ? FindOneByOne : nullptr;
+}
+
+Find BestFind() {
+  for (const MarkInstructions wide : {MarkInstructions::Avx2, MarkInstructions::Sse2})
+    if (const Find find = FindBy(wide)) return find;
+  return FindOneByOne;
+}
+
+/// For sets of few bytes; the others are looked for one by one.
+Find& FindForFew() {
+  static Find find = BestFind();
+  return find;
+}
+
+}  // namespace
+
+bool UseMarkInstructions(MarkInstructions instructions) {
+  const Find find = FindBy(instructions);
+  if (find != nullptr) FindForFew() = find;
+  return find != nullptr;
+}
+
+void MarkSet::Add(char byte) {
+  bool& contained = contains_[static_cast<unsigned char>(byte)];
+  if (contained) return;
+  contained = true;
+  if (count_ < kFew) bytes_[count_] = byte;
+  ++count_;
+}
+
+void MarkFinder::Start(const char* begin, const char* end) {
+  window_ = ahead_ = begin;
+  end_ = end;
+  next_ = last_ = places_.data();
+}
+
+// False at the text's end.
+bool MarkFinder::LookAhead() {
+  const Find find = set_.AreFew() ? FindForFew() : FindOneByOne;
+  const std::size_t size = std::min(kWindow, static_cast<std::size_t>(end_ - ahead_));
+  window_ = ahead_;
+  ahead_ += size;
+  next_ = places_.data();
+  last_ = next_ + find(window_, size, set_, places_.data());
+  return size > 0;
+}
+
+}  // namespace qv
