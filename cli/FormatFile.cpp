@@ -33,6 +33,10 @@ std::optional<Utf8Path> NamedFile(const std::optional<Utf8Path>& named) {
   return ToUtf8(variable);
 }
 
+bool IsAboutFormatFile(DiagnosticCode code) {
+  return code == DiagnosticCode::ConfigurationMissing || code == DiagnosticCode::ConfigurationInvalid;
+}
+
 std::string CodeName(DiagnosticCode code) { return DiagnosticCodeName(code); }
 
 }  // namespace
@@ -76,9 +80,23 @@ void FormatFile::Load(Remarks& remarks, Missing missing) {
   isFile_ = true;
   const std::unique_ptr<XmlNode> root = document->Root();
   isFormatFile_ = root != nullptr && root->Name() == kRootName;
-  if (!LoadFromFile(configuration_, path.c_str()))
+  if (!isFormatFile_)
+    remarks.Warn({path_, 0, "", CodeName(DiagnosticCode::ConfigurationInvalid), "",
+                  std::string("the root element is not ") + kRootName + "; this may be no format file"});
+  const Remarks::Silence silence(remarks, IsAboutFormatFile);
+  const bool isLoaded = LoadFromFile(configuration_, path.c_str());
+  CheckLoaded(silence, isLoaded);
+}
+
+// The file has been read once before without trouble. What the library does about one that it cannot read is
+// to take the built-in format in its place, and with that the wrong data would be written.
+void FormatFile::CheckLoaded(const Remarks::Silence& silence, bool isLoaded) const {
+  const int expected = isFormatFile_ ? 0 : 1;
+  const int troubles =
+      silence.Kept(DiagnosticCode::ConfigurationMissing) + silence.Kept(DiagnosticCode::ConfigurationInvalid);
+  if (!isLoaded || troubles > expected)
     throw FileError({path_, 0, "", CodeName(DiagnosticCode::ConfigurationInvalid), "",
-                     "the format file cannot be read: " + remarks.MessageBox()});
+                     "the format file cannot be read any more; something else may be writing it"});
 }
 
 std::string FormatFile::Names() const {
@@ -117,7 +135,8 @@ const OptionForm& FormatFile::FindFor(const std::optional<std::string>& wanted, 
 void FormatFile::LoadInto(CAssemblyFileMgr& manager, const OptionForm& form, Remarks& remarks) const {
   // What there is to say of the file has been said, and a file that is not there gives the built-in formats.
   const Remarks::Silence silence(remarks);
-  manager.LoadFormatConfiguration(PathFromUtf8(path_).c_str());
+  const bool isLoaded = manager.LoadFormatConfiguration(PathFromUtf8(path_).c_str());
+  if (isFile_) CheckLoaded(silence, isLoaded);
   manager.SetCurrentFormat(form.Name.c_str());
 }
 

@@ -49,6 +49,7 @@ class FormatFile {
 
  private:
   void Load(Remarks& remarks, Missing missing);
+  void CheckLoaded(const Remarks::Silence& silence, bool isLoaded) const;
   std::string Names() const;
   void DropComments(Remarks& remarks);
 

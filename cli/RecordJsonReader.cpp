@@ -118,7 +118,7 @@ class RecordsBuilder final : public nlohmann::json_sax<Json> {
   /// The record's place in the input: "record 3", "record 3, element 2 of HoleInfo".
   std::string Place() const {
     std::string place = "record " + std::to_string(records_.size() + 1);
-    if (open_.size() > 1)
+    if (open_.size() > 1 || Now() == Level::List)
       place += ", element " + std::to_string(open_.front().elements.size() + 1) + " of " +
                std::string(open_.front().field->stem);
     return place;

@@ -78,7 +78,7 @@ void Remarks::Note(const std::string& sentence) {
 }
 
 void Remarks::Receive(const Diagnostic& diagnostic) {
-  if (silenced_ != nullptr && silenced_(diagnostic.code)) return;
+  if (silence_ != nullptr && silence_->Keep(diagnostic.code)) return;
   const Remark remark{ToUtf8(diagnostic.file),         diagnostic.line,
                       ToUtf8(diagnostic.column),       DiagnosticCodeName(diagnostic.code),
                       coding_.Decode(diagnostic.text), coding_.Decode(diagnostic.message)};

@@ -8,6 +8,7 @@
 #include <QVAssemblyFile/Diagnostics.h>
 
 #include <cstdint>
+#include <map>
 #include <string>
 
 namespace qv {
@@ -45,16 +46,30 @@ class Remarks {
 
     explicit Silence(
         Remarks& remarks, Covers covers = [](DiagnosticCode) { return true; })
-        : remarks_(remarks), before_(remarks.silenced_) {
-      remarks_.silenced_ = covers;
+        : remarks_(remarks), before_(remarks.silence_), covers_(covers) {
+      remarks_.silence_ = this;
     }
-    ~Silence() { remarks_.silenced_ = before_; }
+    ~Silence() { remarks_.silence_ = before_; }
     Silence(const Silence&) = delete;
     Silence& operator=(const Silence&) = delete;
 
+    /// How often a code was kept back.
+    int Kept(DiagnosticCode code) const {
+      const auto found = kept_.find(code);
+      return found == kept_.end() ? 0 : found->second;
+    }
+
    private:
+    friend class Remarks;
+    bool Keep(DiagnosticCode code) {
+      if (covers_(code)) ++kept_[code];
+      return covers_(code);
+    }
+
     Remarks& remarks_;
-    Covers before_;
+    Silence* before_;
+    Covers covers_;
+    std::map<DiagnosticCode, int> kept_;
   };
 
  private:
@@ -66,7 +81,7 @@ class Remarks {
   TextCoding coding_;
   bool isJson_ = false;
   bool failed_ = false;
-  Silence::Covers silenced_ = nullptr;
+  Silence* silence_ = nullptr;
   std::int64_t warnings_ = 0;
   std::string messageBox_;
 };

@@ -1,0 +1,159 @@
+#include "cli/Program.h"
+
+#include "cli/Progress.h"
+#include "cli/WatchedFiles.h"
+#include "support/FakeFileSystem.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+// The program on streams of the test's own, and on files that fail.
+
+namespace qv {
+namespace {
+
+constexpr const char* kFormats =
+    "<CSVOptionSetting Current=\"f\"><OptionForm Name=\"f\" Line=\"1\" Delimiters=\"Comma,\" Qualifier=\"2\">"
+    "<PartName Order=\"0\"/><PartQuantity Order=\"1\"/></OptionForm></CSVOptionSetting>";
+
+struct Outcome {
+  int code;
+  std::string out;
+  std::string error;
+};
+
+Outcome RunOn(const std::vector<std::string>& arguments, bool isTerminal = false, bool allowsColour = true) {
+  std::istringstream in;
+  std::ostringstream out;
+  std::ostringstream error;
+  Streams streams{in, out, error, isTerminal, isTerminal, allowsColour, isTerminal ? 80 : 0};
+  std::vector<std::string> all = {"qvassembly"};
+  all.insert(all.end(), arguments.begin(), arguments.end());
+  const int code = RunProgram(all, streams);
+  return {code, out.str(), error.str()};
+}
+
+class ProgramTest : public testing::Test {
+ protected:
+  ProgramTest() {
+    files_.Contents = {
+        {"f.xml", kFormats}, {"a.txt", "name,qty\nA1,x\n"}, {"r.json", "[{\"PartName\":\"A1\"}]"}};
+  }
+  FakeFileSystem files_;
+};
+
+TEST_F(ProgramTest, ATerminalGetsATableInColour) {
+  const std::vector<std::string> import = {"import", "--kind", "parts", "--config", "f.xml", "a.txt"};
+  const Outcome coloured = RunOn(import, true);
+  EXPECT_EQ(coloured.out,
+            "\x1b[1mPartName  PartQuantity\x1b[0m\n"
+            "────────  ────────────\n"
+            "A1                   0\n");
+  EXPECT_EQ(coloured.error, "\x1b[1ma.txt:2:\x1b[0m PartQuantity: \"x\" is not a number; stored as \"0\"\n");
+  const Outcome plain = RunOn(import, true, false);
+  EXPECT_EQ(plain.out.find('\x1b'), std::string::npos);
+  EXPECT_EQ(plain.error.find('\x1b'), std::string::npos);
+  EXPECT_EQ(RunOn(import).out.substr(0, 15), "{\"kind\":\"parts\"");
+}
+
+TEST_F(ProgramTest, HelpAndVersionAreNoErrors) {
+  EXPECT_EQ(RunOn({"--help"}).code, 0);
+  EXPECT_NE(RunOn({"formats", "add", "--help"}).out.find("--treat-as-one"), std::string::npos);
+  EXPECT_EQ(RunOn({"--version"}).out.substr(0, 11), "qvassembly ");
+}
+
+TEST_F(ProgramTest, AFileThatCannotBeReadToItsEndPrintsNothing) {
+  files_.FailAt(3, "read a.txt");
+  files_.LargestRead = 8;
+  const Outcome run = RunOn({"import", "--kind", "parts", "--config", "f.xml", "--format", "f", "a.txt"});
+  EXPECT_EQ(run.code, 3);
+  EXPECT_EQ(run.out, "");
+  EXPECT_NE(run.error.find("a.txt:"), std::string::npos) << run.error;
+}
+
+TEST_F(ProgramTest, RecordsThatCannotBeReadToTheirEndAreNotWritten) {
+  files_.FailAt(2, "read r.json");
+  files_.LargestRead = 8;
+  const Outcome run =
+      RunOn({"export", "--kind", "parts", "--config", "f.xml", "--records", "r.json", "out.csv"});
+  EXPECT_EQ(run.code, 3);
+  EXPECT_FALSE(files_.Contents.contains("out.csv"));
+}
+
+// Whichever call fails, the file is the old one or the new one, and the exit code tells which.
+void ExpectOldOrNew(const std::vector<std::string>& arguments, const std::string& target,
+                    const std::string& fresh) {
+  const std::map<std::string, std::string> start = {{"f.xml", kFormats},
+                                                    {"a.txt", "name,qty\nA1,5\n"},
+                                                    {"r.json", "[{\"PartName\":\"A1\"}]"},
+                                                    {"out.csv", "old"}};
+  const std::string old = start.at(target);
+  int code = 0;
+  int failures = 0;
+  ForEachFailure(
+      start, [&](FakeFileSystem&) { code = RunOn(arguments).code; },
+      [&](FakeFileSystem& files) {
+        failures += code != 0;
+        EXPECT_EQ(files.Contents[target], code == 0 ? fresh : old) << "exit code " << code;
+        EXPECT_TRUE(code == 0 || code == 3) << code;
+      });
+  EXPECT_GT(failures, 5);
+}
+
+TEST(ProgramFailureTest, AnExportIsWholeOrNotThere) {
+  ExpectOldOrNew(
+      {"export", "--kind", "parts", "--config", "f.xml", "--format", "f", "--records", "r.json", "out.csv"},
+      "out.csv", "\"PartName\",\"PartQuantity\",\n\"A1\",\"1\"\n");
+}
+
+TEST(ProgramFailureTest, AConversionIsWholeOrNotThere) {
+  ExpectOldOrNew(
+      {"convert", "--kind", "parts", "--config", "f.xml", "--from", "f", "--to", "f", "a.txt", "out.csv"},
+      "out.csv", "\"PartName\",\"PartQuantity\",\n\"A1\",\"5\"\n");
+}
+
+TEST(Progress, WaitsASecondThenTellsOnATerminalOnly) {
+  using std::chrono::milliseconds;
+  for (const bool isTerminal : {true, false}) {
+    std::istringstream in;
+    std::ostringstream out;
+    std::ostringstream error;
+    const Streams streams{in, out, error, isTerminal, isTerminal, true, 80};
+    {
+      Progress progress(streams);
+      const auto start = Progress::Clock::now();
+      progress.Start("reading a.csv", 200);
+      progress.AdvanceAt(start + milliseconds(900), 50);
+      EXPECT_EQ(error.str(), "");
+      progress.AdvanceAt(start + milliseconds(1100), 50);
+      progress.AdvanceAt(start + milliseconds(1150), 50);  // too soon after the last
+      progress.AdvanceAt(start + milliseconds(1500), 100);
+    }
+    EXPECT_EQ(error.str(),
+              isTerminal ? "\r\x1b[Kreading a.csv  50 %\r\x1b[Kreading a.csv  100 %\r\x1b[K" : "");
+  }
+}
+
+TEST(WatchedFiles, EndAfterSoManyLinesInAnyBlocks) {
+  for (const std::size_t block : {std::size_t{1}, std::size_t{3}, std::size_t{100}}) {
+    FakeFileSystem files;
+    files.Contents["a.txt"] = "one\ntwo\nthree\nfour";
+    files.LargestRead = block;
+    std::istringstream in;
+    std::ostringstream out;
+    const Streams streams{in, out, out};
+    Progress progress(streams);
+    const WatchedFiles watched(progress, 2);
+    std::string reason;
+    const auto file = Files().Open("a.txt", OpenMode::Read, reason);
+    std::string text;
+    char buffer[64];
+    for (std::ptrdiff_t count = 0; (count = file->Read(buffer, sizeof buffer)) > 0;)
+      text.append(buffer, static_cast<std::size_t>(count));
+    EXPECT_EQ(text, "one\ntwo\n");
+  }
+}
+
+}  // namespace
+}  // namespace qv
