@@ -1,6 +1,7 @@
 #include "dialogs/gtk/OptionWindow.h"
 
 #include "dialogs/gtk/Icons.h"
+#include "dialogs/gtk/WidgetText.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -42,6 +43,11 @@ GtkWidget* NewGroup(const char* title, GtkWidget* content) {
 bool IsActive(GtkWidget* box) { return gtk_toggle_button_get_active(GTK_TOGGLE_BUTTON(box)) != FALSE; }
 void SetActive(GtkWidget* box, bool isActive) {
   gtk_toggle_button_set_active(GTK_TOGGLE_BUTTON(box), isActive ? TRUE : FALSE);
+}
+
+std::string TextOf(GtkEntry* entry, const ShownText<std::string>& shown) {
+  std::string text = gtk_entry_get_text(entry);
+  return shown.IsShown(text) ? shown.Text() : text;
 }
 
 // The arrows stay within their range; a line typed beyond it, or read from a file, is taken as it is.
@@ -249,14 +255,14 @@ void OptionWindow::FormatChanged(GtkComboBox* names, gpointer self) {
 
 bool OptionWindow::TakeControls(OptionControls& controls, std::string&) {
   gtk_spin_button_update(GTK_SPIN_BUTTON(startLine_));
-  controls.FormatName = shownName_.Taken(gtk_entry_get_text(NameEntry()));
+  controls.FormatName = TextOf(NameEntry(), shownName_);
   controls.SetAsDefault = IsActive(default_);
   controls.StartLine = gtk_spin_button_get_value_as_int(GTK_SPIN_BUTTON(startLine_));
   const int qualifier = gtk_combo_box_get_active(GTK_COMBO_BOX(qualifier_));
   if (qualifier >= 0) controls.Qualifier = qualifier;
   for (std::size_t box = 0; box < delimiters_.size(); ++box)
     controls.Delimiters[box] = IsActive(delimiters_[box]);
-  controls.OtherDelimiters = shownOther_.Taken(gtk_entry_get_text(GTK_ENTRY(otherDelimiters_)));
+  controls.OtherDelimiters = TextOf(GTK_ENTRY(otherDelimiters_), shownOther_);
   controls.PartName = IsActive(nameOnly_) ? PartNameMode::NameOnly : PartNameMode::NameWithFullPath;
   controls.TreatAsOne = IsActive(treatAsOne_);
   return true;
@@ -266,7 +272,8 @@ void OptionWindow::ShowControls(const OptionControls& controls) {
   const auto rank = std::find(formatNames_.begin(), formatNames_.end(), controls.FormatName);
   if (rank != formatNames_.end())
     gtk_combo_box_set_active(GTK_COMBO_BOX(names_), static_cast<int>(rank - formatNames_.begin()));
-  gtk_entry_set_text(NameEntry(), shownName_.Show(controls.FormatName));
+  gtk_entry_set_text(NameEntry(),
+                     shownName_.Show(controls.FormatName, WidgetText(controls.FormatName)).c_str());
   SetActive(default_, controls.SetAsDefault);
   GtkSpinButton* const startLine = GTK_SPIN_BUTTON(startLine_);
   gtk_spin_button_set_range(startLine, kFirstStartLine, kLastStartLine);
@@ -276,7 +283,9 @@ void OptionWindow::ShowControls(const OptionControls& controls) {
   gtk_combo_box_set_active(GTK_COMBO_BOX(qualifier_), isListed ? controls.Qualifier : -1);
   for (std::size_t box = 0; box < delimiters_.size(); ++box)
     SetActive(delimiters_[box], controls.Delimiters[box]);
-  gtk_entry_set_text(GTK_ENTRY(otherDelimiters_), shownOther_.Show(controls.OtherDelimiters));
+  gtk_entry_set_text(
+      GTK_ENTRY(otherDelimiters_),
+      shownOther_.Show(controls.OtherDelimiters, WidgetText(controls.OtherDelimiters)).c_str());
   SetActive(controls.PartName == PartNameMode::NameOnly ? nameOnly_ : nameWithPath_, true);
   SetActive(treatAsOne_, controls.TreatAsOne);
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "dialogs/FormatOptionView.h"
+#include "dialogs/ShownText.h"
 #include "dialogs/gtk/HeaderWindow.h"
-#include "dialogs/gtk/ShownText.h"
 #include "dialogs/gtk/TextListBox.h"
 
 #include <gtk/gtk.h>
@@ -69,8 +69,8 @@ class OptionWindow final : public FormatOptionView {
   TextListBox sequence_;
   HeaderWindow headers_;
   std::vector<std::string> formatNames_;
-  ShownText shownName_;
-  ShownText shownOther_;
+  ShownText<std::string> shownName_;
+  ShownText<std::string> shownOther_;
   bool isOpen_ = true;
   bool isOk_ = false;
 };

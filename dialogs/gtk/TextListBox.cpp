@@ -1,6 +1,6 @@
 #include "dialogs/gtk/TextListBox.h"
 
-#include "dialogs/gtk/ShownText.h"
+#include "dialogs/gtk/WidgetText.h"
 
 namespace qv {
 

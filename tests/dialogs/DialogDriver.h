@@ -1,7 +1,6 @@
 #pragma once
 
 #include "dialogs/ColumnLists.h"
-#include "manager/FormatOptionDialog.h"
 
 #include <functional>
 #include <string>
@@ -78,7 +77,8 @@ class DialogDriver {
   virtual bool IsOpen() = 0;
 };
 
-/// Shows the dialog and lets `script` use it; a dialog that is still open at the script's end is cancelled.
-/// Returns what ShowFormatOptionDialog() returned. Messages for the user are appended to `messages`.
-bool RunDialog(const FormatOptionRequest& request, const std::function<void(DialogDriver&)>& script,
+/// Calls `show`, which shows the dialog until it is closed, and lets `script` use it; a dialog that is still
+/// open at the script's end is cancelled. Returns what `show` returned. Messages for the user are appended to
+/// `messages`.
+bool RunDialog(const std::function<bool()>& show, const std::function<void(DialogDriver&)>& script,
                std::vector<std::string>& messages);

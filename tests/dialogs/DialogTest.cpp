@@ -1,5 +1,6 @@
 // The real windows, used control by control. One set of cases for every toolkit.
 
+#include "manager/FormatOptionDialog.h"
 #include "manager/SettingsFile.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/dialogs/FormatFileText.h"
@@ -60,7 +61,9 @@ class DialogTest : public testing::Test {
         << "[Other]\r\nKey=Value\r\n[CsvXlsFormat]\r\nDefaultFormat=" << name << "\r\n";
   }
   FormatOptionRequest Request() const { return {true, "", nullptr, config_, sample_, 0}; }
-  bool Run(const std::function<void(D&)>& script) { return RunDialog(Request(), script, messages_); }
+  bool Run(const std::function<void(D&)>& script) {
+    return RunDialog([this] { return ShowFormatOptionDialog(Request()); }, script, messages_);
+  }
 
   TemporaryFolder folder_;
   std::string config_ = folder_ / "formats.xml";
@@ -516,14 +519,13 @@ TEST_F(DialogTest, TheCallersWishes) {
   FormatOptionRequest request = Request();
   request.offersHeaders = false;
   request.formatName = "Second";
-  EXPECT_TRUE(RunDialog(
-      request,
-      [](D& dialog) {
-        EXPECT_FALSE(dialog.IsVisible(Control::ShowHeader));
-        EXPECT_EQ(dialog.Text(Control::FormatName), "Second");
-        dialog.Click(Control::Ok);
-      },
-      messages_));
+  EXPECT_TRUE(RunDialog([&request] { return ShowFormatOptionDialog(request); },
+                        [](D& dialog) {
+                          EXPECT_FALSE(dialog.IsVisible(Control::ShowHeader));
+                          EXPECT_EQ(dialog.Text(Control::FormatName), "Second");
+                          dialog.Click(Control::Ok);
+                        },
+                        messages_));
   EXPECT_EQ(FormatsIn(config_).CurrentFormat, "Second");
 }
 

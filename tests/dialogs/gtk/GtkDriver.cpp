@@ -385,7 +385,7 @@ void UseDialog(const std::function<void(DialogDriver&)>& script) {
 
 }  // namespace
 
-bool RunDialog(const FormatOptionRequest& request, const std::function<void(DialogDriver&)>& script,
+bool RunDialog(const std::function<bool()>& show, const std::function<void(DialogDriver&)>& script,
                std::vector<std::string>& messages) {
   SetMessageBoxHandler(
       [](const char* text, void* to) { static_cast<std::vector<std::string>*>(to)->emplace_back(text); },
@@ -395,7 +395,7 @@ bool RunDialog(const FormatOptionRequest& request, const std::function<void(Dial
     UseDialog(script);
     isUsed = true;
   });
-  const bool isOk = ShowFormatOptionDialog(request);
+  const bool isOk = show();
   while (!isUsed)
     if (!g_main_context_iteration(nullptr, FALSE)) std::this_thread::sleep_for(1ms);
   person.join();

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+namespace qv {
+
+/// The module that this code, and with it the dialogs' resources, is part of: the library, or a program that
+/// holds it. Never the host's.
+HINSTANCE OwnModule();
+
+/// A window made from one of the module's own dialog resources.
+class DialogWindow {
+ public:
+  DialogWindow(const DialogWindow&) = delete;
+  DialogWindow& operator=(const DialogWindow&) = delete;
+
+  HWND Window() const { return window_; }
+  HWND Control(int id) const { return GetDlgItem(window_, id); }
+
+ protected:
+  DialogWindow() = default;
+  virtual ~DialogWindow() = default;
+
+  /// The result that the dialog was ended with; -1 when it could not be made.
+  INT_PTR RunModal(int resource, HWND parent);
+  /// False when the window could not be made.
+  bool Create(int resource, HWND parent);
+
+  /// The controls are there.
+  virtual void Opened() = 0;
+  virtual void Commanded(int control, int notification) = 0;
+
+  /// Puts an icon on a button, in the size of the screen's small icons, and its name into a tool tip.
+  void SetIcon(int button, int icon, const wchar_t* name);
+
+  std::wstring TextOf(int control) const;
+  void FillList(int list, const std::vector<std::string>& texts) const;
+
+ private:
+  struct IconDeleter {
+    void operator()(HICON icon) const { DestroyIcon(icon); }
+  };
+  using OwnedIcon = std::unique_ptr<std::remove_pointer_t<HICON>, IconDeleter>;
+
+  static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM value);
+  void AddToolTip(int control, const wchar_t* text) const;
+
+  HWND window_ = nullptr;
+  std::vector<OwnedIcon> icons_;
+};
+
+}  // namespace qv

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "dialogs/FormatOptionView.h"
+#include "dialogs/windows/DialogWindow.h"
+
+#include <string>
+#include <vector>
+
+/// The window "User Header Items": a hidden child of the format option dialog, shown beside it on demand.
+class HeaderMappingDlg final : public qv::DialogWindow {
+ public:
+  explicit HeaderMappingDlg(qv::FormatOptionCommands& commands) : commands_(commands) {}
+  ~HeaderMappingDlg() override;
+
+  bool CreateHidden(HWND dialog);
+
+  void Refill(const std::vector<std::string>& headers) const;
+  /// Shows the window in its size with its left edge at the dialog's right one and both bottoms at one
+  /// height.
+  void ShowBeside(HWND dialog) const;
+  void Hide() const { ShowWindow(Window(), SW_HIDE); }
+
+ private:
+  void Opened() override;
+  void Commanded(int control, int notification) override;
+
+  qv::FormatOptionCommands& commands_;
+  HHOOK keys_ = nullptr;
+};

@@ -1,0 +1,144 @@
+// What only the Windows view has to get right.
+
+#include "manager/FormatOptionDialog.h"
+#include "tests/dialogs/FormatFileText.h"
+#include "tests/dialogs/windows/DialogWindows.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <commctrl.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+
+namespace {
+
+class WindowsDialogTest : public testing::Test {
+ protected:
+  bool Run(const std::function<void(DialogDriver&)>& script, HWND parent = nullptr) {
+    return RunDialog(
+        [this, parent] {
+          return ShowFormatOptionDialog({true, "", parent, config_, "", 0});
+        },
+        script, messages_);
+  }
+
+  TemporaryFolder folder_;
+  std::string config_ =
+      folder_.Write("formats.xml", FormatFile("F", FormatElement("F", "PartName=0 Customer=1 Machine=2")));
+  std::vector<std::string> messages_;
+};
+
+TEST_F(WindowsDialogTest, ComplainsOfWhatItCannotTake) {
+  const struct {
+    Control control;
+    const char* text;
+    const char* complaint;
+  } cases[] = {
+      {Control::StartLine, "", "Please enter a whole number as the starting line."},
+      {Control::StartLine, "2x", "Please enter a whole number as the starting line."},
+      {Control::StartLine, "99999999999", "Please enter a whole number as the starting line."},
+      {Control::FormatName, "\xE9\x83\xA8\xE5\x93\x81",
+       "??: this system's code page does not have all of these characters."},
+      {Control::OtherDelimiters, "\xE3\x80\x81",
+       "?: this system's code page does not have all of these characters."},
+  };
+  const std::string before = TemporaryFolder::Read(config_);
+  for (const auto& row : cases) {
+    messages_.clear();
+    EXPECT_FALSE(Run([&row](DialogDriver& dialog) {
+      dialog.Type(row.control, row.text);
+      dialog.Click(Control::Ok);
+      EXPECT_TRUE(dialog.IsOpen());
+    }));
+    EXPECT_EQ(messages_, std::vector<std::string>{row.complaint});
+    EXPECT_EQ(TemporaryFolder::Read(config_), before);
+  }
+}
+
+TEST_F(WindowsDialogTest, TheArrowsStayWithinTheirRange) {
+  Run([](DialogDriver& dialog) {
+    const HWND arrows = GetDlgItem(OptionWindow(), IDC_START_LINE_SPIN);
+    int low = 0, high = 0;
+    SendMessageW(arrows, UDM_GETRANGE32, reinterpret_cast<WPARAM>(&low), reinterpret_cast<LPARAM>(&high));
+    EXPECT_EQ(low, 1);
+    EXPECT_EQ(high, 100);
+    dialog.Type(Control::StartLine, "100");
+    SendMessageW(WindowOf(Control::StartLine), WM_KEYDOWN, VK_UP, 0);
+    EXPECT_EQ(dialog.Text(Control::StartLine), "100");
+    SendMessageW(WindowOf(Control::StartLine), WM_KEYDOWN, VK_DOWN, 0);
+    EXPECT_EQ(dialog.Text(Control::StartLine), "99");
+  });
+}
+
+// A mnemonic that two controls claim, or a control that Tab does not reach, is a keyboard user's dead end.
+TEST_F(WindowsDialogTest, EveryControlIsReachedByTheKeyboard) {
+  Run([](DialogDriver&) {
+    std::map<wchar_t, std::wstring> mnemonics;
+    for (HWND child = GetWindow(OptionWindow(), GW_CHILD); child != nullptr;
+         child = GetWindow(child, GW_HWNDNEXT)) {
+      const std::wstring text = WindowText(child);
+      const std::size_t mark = text.find(L'&');
+      if (mark == std::wstring::npos || GetDlgCtrlID(child) == IDC_FORMAT_NAME) continue;
+      const auto letter = static_cast<wchar_t>(towupper(text[mark + 1]));
+      EXPECT_TRUE(mnemonics.emplace(letter, text).second)
+          << Utf8Of(text) << " and " << Utf8Of(mnemonics[letter]);
+    }
+    EXPECT_EQ(mnemonics.size(), 19U);
+
+    // The combo box's own edit has no place in the order; radio buttons share one.
+    EnableWindow(WindowOf(Control::OtherDelimiters), TRUE);
+    for (const Control control : {Control::Delete, Control::Up, Control::Down})
+      EnableWindow(WindowOf(control), TRUE);
+    std::vector<int> order;
+    const HWND first = WindowOf(Control::FormatName);
+    HWND stop = first;
+    do {
+      order.push_back(GetDlgCtrlID(stop));
+      stop = GetNextDlgTabItem(OptionWindow(), stop, FALSE);
+    } while (stop != first && order.size() < 40);
+    EXPECT_EQ(order, (std::vector<int>{IDC_FORMAT_NAME, IDC_DEFAULT,    IDC_START_LINE,     IDC_QUALIFIER,
+                                       IDC_TAB,         IDC_SEMICOLON,  IDC_COMMA,          IDC_SPACE,
+                                       IDC_OTHER,       IDC_OTHER_TEXT, IDC_NAME_ONLY,      IDC_TREAT_AS_ONE,
+                                       IDC_PLAN,        IDC_ADD,        IDC_DELETE,         IDC_SEQUENCE,
+                                       IDC_UP,          IDC_DOWN,       IDC_TOGGLE_HEADERS, IDOK,
+                                       IDCANCEL}));
+    EXPECT_EQ(LOWORD(SendMessageW(OptionWindow(), DM_GETDEFID, 0, 0)), IDOK);
+  });
+}
+
+TEST_F(WindowsDialogTest, TheHeaderWindowHasItsOwnKeys) {
+  Run([](DialogDriver& dialog) {
+    dialog.Click(Control::ShowHeader);
+    ASSERT_TRUE(dialog.IsHeaderWindowVisible());
+    PostMessageW(WindowOf(Control::Headers), WM_KEYDOWN, VK_ESCAPE, 0);
+    EXPECT_TRUE(WaitUntil([&dialog] { return !dialog.IsHeaderWindowVisible(); }));
+    EXPECT_TRUE(dialog.IsOpen());
+    EXPECT_EQ(dialog.Text(Control::ShowHeader), "Show Header");
+  });
+}
+
+TEST_F(WindowsDialogTest, IconButtonsBearTheirIcons) {
+  Run([](DialogDriver&) {
+    for (const Control control : {Control::Up, Control::Down, Control::Refresh})
+      EXPECT_NE(SendMessageW(WindowOf(control), BM_GETIMAGE, IMAGE_ICON, 0), 0);
+  });
+}
+
+TEST_F(WindowsDialogTest, TheParentIsDisabledMeanwhileAndAStaleOneDoesNoHarm) {
+  const HWND parent = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 100,
+                                      nullptr, nullptr, nullptr, nullptr);
+  EXPECT_FALSE(Run(
+      [parent](DialogDriver&) {
+        EXPECT_FALSE(IsWindowEnabled(parent));
+        EXPECT_EQ(GetWindow(OptionWindow(), GW_OWNER), parent);
+      },
+      parent));
+  EXPECT_TRUE(IsWindowEnabled(parent));
+  DestroyWindow(parent);
+  EXPECT_TRUE(Run([](DialogDriver& dialog) { dialog.Click(Control::Ok); }, parent));
+}
+
+}  // namespace
