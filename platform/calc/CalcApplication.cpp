@@ -49,7 +49,7 @@ std::unique_ptr<CalcWorkbook> CalcApplication::Load(const OUString& url, bool re
       Property("MacroExecutionMode", css::document::MacroExecMode::NEVER_EXECUTE),
       Property("UpdateDocMode", css::document::UpdateDocMode::NO_UPDATE)};
   const auto document = connection_->Desktop()->loadComponentFromURL(url, "_blank", 0, {how, std::size(how)});
-  if (!document.is()) throw SpreadsheetError("the file cannot be opened as a workbook");
+  if (!document.is()) throw SpreadsheetError("it is no document");
   return std::make_unique<CalcWorkbook>(document, activeSheet);
 }
 

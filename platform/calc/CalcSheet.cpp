@@ -14,6 +14,8 @@
 namespace qv {
 namespace {
 
+constexpr sal_Unicode kFeature = 1;  // stands for a tab in the value of a cell of several lines
+
 template <class Interface>
 css::uno::Reference<Interface> As(const css::uno::Reference<css::uno::XInterface>& object) {
   return css::uno::Reference<Interface>(object, css::uno::UNO_QUERY_THROW);
@@ -32,6 +34,7 @@ CalcSheet::CalcSheet(const css::uno::Reference<css::uno::XInterface>& sheet,
   cursor_ = As<css::table::XCellCursor>(sheet_->createCursorByRange(firstCell));
   data_ = As<css::sheet::XCellRangeData>(cursor_);
   properties_ = As<css::beans::XPropertySet>(cursor_);
+  end_ = As<css::sheet::XCellRangeAddressable>(sheet_)->getRangeAddress();
   formats_ = As<css::util::XNumberFormatsSupplier>(document)->getNumberFormats();
 }
 
@@ -56,6 +59,9 @@ std::int32_t CalcSheet::UsedColumns() {
 }
 
 void CalcSheet::GoTo(std::int32_t row, std::int32_t column) {
+  // A cursor would not move, and stay silent about it.
+  if (row < 1 || column < 1 || row > end_.EndRow + 1 || column > end_.EndColumn + 1)
+    throw SpreadsheetError("there is no such cell");
   if (row != row_ || column != column_) cursor_->gotoOffset(column - column_, row - row_);
   row_ = row;
   column_ = column;
@@ -65,7 +71,7 @@ std::string CalcSheet::ReadCell(std::int32_t row, std::int32_t column) {
   return CallOffice(CellName(row, column) + " cannot be read", [&] {
     GoTo(row, column);
     const css::uno::Any value = data_->getDataArray()[0][0];
-    if (OUString text; value >>= text) return FromOffice(text);
+    if (OUString text; value >>= text) return text.indexOf(kFeature) < 0 ? FromOffice(text) : ShownText();
     if (double number = 0; value >>= number) return NumberCellText(number);
     return ShownText();  // an error has no value, only a name
   });

@@ -46,6 +46,7 @@ class CalcSheet : public Worksheet {
   css::uno::Reference<css::beans::XPropertySet> properties_;
   css::uno::Reference<css::util::XNumberFormats> formats_;
   std::map<sal_Int32, NumberKind> kinds_;
+  css::table::CellRangeAddress end_;
   std::optional<css::table::CellRangeAddress> used_;
   std::int32_t row_ = 1;  // where the cursor stands
   std::int32_t column_ = 1;

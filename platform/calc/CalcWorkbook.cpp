@@ -29,7 +29,7 @@ CalcWorkbook::CalcWorkbook(const css::uno::Reference<css::lang::XComponent>& doc
       document_(document, css::uno::UNO_QUERY) {
   if (document_.is() && model_.is()) return;
   CallOffice("a document cannot be closed", [&] { CloseDocument(document); });
-  throw SpreadsheetError("the file is no workbook");
+  throw SpreadsheetError("it is no workbook");
 }
 
 CalcWorkbook::~CalcWorkbook() {

@@ -10,8 +10,8 @@
 
 namespace qv {
 
-/// Makes calls to the office and turns what it throws into a SpreadsheetError that begins with `what` could
-/// not be done.
+/// Makes calls to the office and turns what it throws into a SpreadsheetError that says first what went
+/// wrong.
 template <class Calls>
 auto CallOffice(const std::string& what, Calls&& calls) -> std::invoke_result_t<Calls> {
   try {
@@ -19,6 +19,8 @@ auto CallOffice(const std::string& what, Calls&& calls) -> std::invoke_result_t<
   } catch (const css::uno::Exception& exception) {
     const std::string reason = FromOffice(exception.Message);
     throw SpreadsheetError(reason.empty() ? what : what + ": " + reason);
+  } catch (const SpreadsheetError& error) {
+    throw SpreadsheetError(what + ": " + error.what());
   }
 }
 

@@ -65,7 +65,7 @@ void OfficeConnection::Connect() {
       office_.set(resolver->resolve(address), css::uno::UNO_QUERY_THROW);
     } catch (const css::connection::NoConnectException&) {
       if (process_.HasEnded() || std::chrono::steady_clock::now() > deadline)
-        throw SpreadsheetError("LibreOffice does not start");
+        throw SpreadsheetError(process_.HasEnded() ? "it ended at once" : "it does not answer");
       std::this_thread::sleep_for(kRetryPause);
     }
   }

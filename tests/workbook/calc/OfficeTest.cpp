@@ -1,0 +1,191 @@
+#include "engines/CXLSAssembly.h"
+#include "platform/SpreadsheetApplication.h"
+#include "platform/posix/OfficeFolder.h"
+#include "support/DiagnosticLog.h"
+#include "support/Host.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+// The office's headers keep one type description for ever.
+extern "C" const char* __lsan_default_suppressions() { return "leak:theRuntimeExceptionType\n"; }
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Sets an environment variable while it lives.
+class Variable {
+ public:
+  Variable(const char* name, const char* value) : name_(name) {
+    const char* const before = std::getenv(name);
+    if (before != nullptr) before_ = before;
+    wasSet_ = before != nullptr;
+    setenv(name, value, 1);
+  }
+  ~Variable() { wasSet_ ? setenv(name_, before_.c_str(), 1) : unsetenv(name_); }
+  Variable(const Variable&) = delete;
+  Variable& operator=(const Variable&) = delete;
+
+ private:
+  const char* name_;
+  std::string before_;
+  bool wasSet_;
+};
+
+/// The processes whose command line names the folder.
+std::vector<pid_t> ProcessesNaming(const std::string& folder) {
+  std::vector<pid_t> found;
+  for (const auto& entry : fs::directory_iterator("/proc")) {
+    const std::string name = entry.path().filename().string();
+    if (name.find_first_not_of("0123456789") != std::string::npos) continue;
+    std::ifstream file(entry.path() / "cmdline");
+    const std::string line{std::istreambuf_iterator<char>(file), {}};
+    if (line.find(folder) != std::string::npos) found.push_back(std::stoi(name));
+  }
+  return found;
+}
+
+/// The sockets of offices, which lie about in a folder of their own choice.
+std::set<std::string> OfficeSockets() {
+  std::set<std::string> sockets;
+  for (const auto& entry : fs::directory_iterator("/tmp"))
+    if (entry.path().filename().string().starts_with("OSL_PIPE_")) sockets.insert(entry.path().string());
+  return sockets;
+}
+
+/// Gives every office of a test a folder to work in, which must be empty in the end.
+class Office : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (qv::FindOfficeFolder().empty()) GTEST_SKIP() << "NOT TESTED: LibreOffice Calc is not installed";
+  }
+
+  /// The guard of a killed program cleans up after it, which takes a moment.
+  void ExpectNothingLeft() {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (IsSomethingLeft() && std::chrono::steady_clock::now() < deadline)
+      std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_TRUE(ProcessesNaming(Folder()).empty());
+    EXPECT_FALSE(HasOfficeFolder());
+    for (const std::string& socket : OfficeSockets()) EXPECT_TRUE(sockets_.contains(socket)) << socket;
+  }
+
+  std::string Folder() const { return folder_ / ""; }
+
+ private:
+  bool HasOfficeFolder() const {
+    const std::set<std::string> names = folder_.Names();
+    return std::any_of(names.begin(), names.end(),
+                       [](const std::string& name) { return name.starts_with("qvassembly-"); });
+  }
+
+  bool IsSomethingLeft() const {
+    return !ProcessesNaming(Folder()).empty() || HasOfficeFolder() || OfficeSockets() != sockets_;
+  }
+
+  const std::set<std::string> sockets_ = OfficeSockets();
+  const TemporaryFolder folder_;
+  const Variable temporary_{"TMPDIR", Folder().c_str()};
+};
+
+TEST_F(Office, RunsOnceForEachOperation) {
+  const TemporaryFolder files;
+  const std::string path = files / "parts.xls";
+  CXLSAssembly out;
+  out.StartLine = 1;
+  out.Columns(RecordKind::Parts) = {"PartName"};
+  out.StagedRecords.Of<PartInformation>().Begin().SetPartName("A1");
+  out.StagedRecords.Of<PartInformation>().Keep();
+  ASSERT_TRUE(out.Export(path.c_str()));
+  ExpectNothingLeft();
+  CXLSAssembly in;
+  in.StartLine = 1;
+  in.Columns(RecordKind::Parts) = {"PartName"};
+  EXPECT_TRUE(in.ImportParts(path.c_str()));
+  ASSERT_EQ(in.StagedRecords.Of<PartInformation>().Size(), 1u);
+  char name[256];
+  in.StagedRecords.Of<PartInformation>()[0]->GetPartName(name);
+  EXPECT_STREQ(name, "A1");
+  ExpectNothingLeft();
+  EXPECT_EQ(files.Names(), (std::set<std::string>{"parts.xls"}));
+}
+
+TEST_F(Office, MayDieInTheMiddle) {
+  std::string reason;
+  {
+    const auto application = qv::StartPlatformSpreadsheet(reason);
+    ASSERT_NE(application, nullptr) << reason;
+    const auto workbook = application->AddWorkbook();
+    const auto sheet = workbook->FindSheet("sheet1");
+    const std::vector<pid_t> offices = ProcessesNaming(Folder());
+    ASSERT_EQ(offices.size(), 1u);
+    kill(offices[0], SIGKILL);
+    EXPECT_THROW(for (int row = 1; row < 1000; ++row) sheet->WriteCell(row, 1, "x"), qv::SpreadsheetError);
+    EXPECT_THROW(workbook->Close(), qv::SpreadsheetError);
+  }
+  ExpectNothingLeft();
+}
+
+TEST_F(Office, GoesWithAProgramThatIsKilled) {
+  testing::FLAGS_gtest_death_test_style = "threadsafe";
+  EXPECT_EXIT(
+      {
+        std::string reason;
+        const auto application = qv::StartPlatformSpreadsheet(reason);
+        const auto workbook = application->AddWorkbook();
+        std::raise(SIGKILL);
+      },
+      testing::KilledBySignal(SIGKILL), "");
+  ExpectNothingLeft();
+}
+
+struct MissingCase {
+  const char* variable;
+  const char* value;
+  const char* reason;
+};
+
+const MissingCase kMissingCases[] = {
+    {"QVASSEMBLY_OFFICE", "/nowhere", "LibreOffice is not installed"},
+    {"QVASSEMBLY_CALC", "/nowhere/QVAssemblyFileCalc.so",
+     "the component QVAssemblyFileCalc.so is not installed"},
+    {"QVASSEMBLY_CALC", "/dev/null", nullptr},
+};
+
+TEST(MissingOffice, IsAMissingApplication) {
+  for (const MissingCase& c : kMissingCases) {
+    SCOPED_TRACE(c.value);
+    const Variable missing(c.variable, c.value);
+    std::string reason;
+    EXPECT_EQ(qv::StartPlatformSpreadsheet(reason), nullptr);
+    if (qv::FindOfficeFolder().empty())
+      EXPECT_EQ(reason, "LibreOffice is not installed");
+    else if (c.reason != nullptr)
+      EXPECT_EQ(reason, c.reason);
+    else
+      EXPECT_NE(reason, "");
+
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("parts.xls", "old");
+    host::Boxes boxes;
+    DiagnosticLog log;
+    CXLSAssembly engine;
+    EXPECT_TRUE(engine.ImportParts(path.c_str()));
+    EXPECT_FALSE(engine.Export(path.c_str()));
+    EXPECT_EQ(boxes.all, std::vector<std::string>{"Error"});
+    EXPECT_EQ(log.Codes(), "no-spreadsheet no-spreadsheet");
+    EXPECT_EQ(TemporaryFolder::Read(path), "old");
+    EXPECT_EQ(folder.Names().size(), 1u);
+  }
+}
+
+}  // namespace
