@@ -6,7 +6,7 @@ here=$(dirname "${BASH_SOURCE[0]}")
 . "$here/expect.sh"
 cd "$here/../.."
 
-mapfile -t scripts < <(grep -rlE '^#!.*\bbash|^# shellcheck shell=bash' scripts .ci tests)
+mapfile -t scripts < <(grep -rlE '^#!.*\bbash|^# shellcheck shell=bash' scripts .ci cmake tests)
 [ "${#scripts[@]}" -gt 5 ] || miss "only ${#scripts[@]} scripts were found; this test looks in the wrong place"
 
 if command -v shellcheck >/dev/null; then
