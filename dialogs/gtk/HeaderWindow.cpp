@@ -25,7 +25,7 @@ void HeaderWindow::Build() {
   gtk_window_set_title(GTK_WINDOW(window_), "User Header Items");
   gtk_window_set_transient_for(GTK_WINDOW(window_), dialog_);
   gtk_window_set_type_hint(GTK_WINDOW(window_), GDK_WINDOW_TYPE_HINT_DIALOG);
-  gtk_window_set_default_size(GTK_WINDOW(window_), 220, 320);
+  gtk_window_set_default_size(GTK_WINDOW(window_), 250, 320);
   gtk_container_set_border_width(GTK_CONTAINER(window_), 8);
 
   GtkWidget* const refresh = NewIconButton(Icon::Refresh, "Refresh");
@@ -44,16 +44,14 @@ void HeaderWindow::Build() {
 void HeaderWindow::ShowBeside() {
   GdkRectangle dialog{};
   gdk_window_get_frame_extents(gtk_widget_get_window(GTK_WIDGET(dialog_)), &dialog);
-  int width = 0, height = 0;
+  int width = 0, height = 0, dialogWidth = 0, dialogHeight = 0;
   gtk_window_get_size(GTK_WINDOW(window_), &width, &height);
-  gtk_window_move(GTK_WINDOW(window_), dialog.x + dialog.width, dialog.y + dialog.height - height);
+  gtk_window_get_size(dialog_, &dialogWidth, &dialogHeight);
+  // What a window manager puts around the window is not known before it is shown; it puts the same around
+  // both.
+  const int frame = dialog.height - dialogHeight;
+  gtk_window_move(GTK_WINDOW(window_), dialog.x + dialog.width, dialog.y + dialog.height - height - frame);
   gtk_window_present(GTK_WINDOW(window_));
-
-  // Only now is it known what a window manager puts around the window.
-  GdkRectangle frame{};
-  gdk_window_get_frame_extents(gtk_widget_get_window(window_), &frame);
-  if (frame.height > height)
-    gtk_window_move(GTK_WINDOW(window_), dialog.x + dialog.width, dialog.y + dialog.height - frame.height);
 }
 
 void HeaderWindow::RefreshClicked(GtkButton*, gpointer self) {
