@@ -1,0 +1,212 @@
+#include "engines/CXLSAssembly.h"
+#include "support/DiagnosticLog.h"
+#include "support/Host.h"
+#include "support/TemporaryFolder.h"
+#include "workbook/RecordRows.h"
+#include "workbook/automation/Server.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <regex>
+
+namespace {
+
+using workbook::Texts;
+
+class Automation : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!Server::IsAllowed()) GTEST_SKIP() << "NOT TESTED: this may be a machine with a real application";
+    server_ = std::make_unique<Server>();
+  }
+
+  Server& TheServer() { return *server_; }
+  const TemporaryFolder& Folder() const { return folder_; }
+
+  /// The conversation with what differs from run to run taken out: the folder and the working file's name.
+  Texts Conversation() const {
+    Texts lines = server_->Record();
+    for (std::string& line : lines) {
+      for (std::size_t at; (at = line.find(folder_ / "")) != std::string::npos;)
+        line.replace(at, (folder_ / "").size(), "<folder>\\");
+      line = std::regex_replace(line, std::regex("~qv[0-9a-f]+"), "<working>");
+    }
+    return lines;
+  }
+
+  /// Every application must have been told to quit, must have been let go, and must have had nothing to
+  /// complain about.
+  void ExpectGoodEnd() const {
+    const Texts lines = server_->Record();
+    ASSERT_FALSE(lines.empty()) << "an object of the application is still held";
+    EXPECT_EQ(lines.back(), "ended quit");
+    for (const std::string& line : lines) EXPECT_FALSE(line.starts_with("VIOLATION")) << line;
+  }
+
+ private:
+  std::unique_ptr<Server> server_;
+  const TemporaryFolder folder_;
+};
+
+Texts LinesOf(const std::string& text) {
+  std::istringstream in(text);
+  Texts lines;
+  for (std::string line; std::getline(in, line);) lines.push_back(line.substr(0, line.find('\r')));
+  return lines;
+}
+
+Texts ExpectedConversation(const char* name) {
+  return LinesOf(TemporaryFolder::Read(std::string(QV_CONVERSATIONS "/") + name));
+}
+
+constexpr const char* kTwoParts =
+    "active 1\nsheet Other\ncell 1 1 t Wrong\nsheet Parts\n"
+    "cell 1 1 t Name\ncell 1 2 t Qty\ncell 2 1 t A1\ncell 2 2 n 5\ncell 3 1 t A2\ncell 3 2 n 6\n";
+
+void ConfigureParts(CAssemblyFile& engine) {
+  engine.StartLine = 1;
+  engine.Columns(RecordKind::Parts) = {"PartName", "PartQuantity"};
+}
+
+void ConfigurePrograms(CAssemblyFile& engine) {
+  engine.StartLine = 2;
+  engine.FormatName = "Form1";
+  engine.Columns(RecordKind::PartPrograms) = {"PartName", "ToolType", "HoleType", "BendAngle"};
+  PrtInfo& program = engine.StagedRecords.Of<PrtInfo>().Begin();
+  program.SetPartName("P1");
+  std::vector<UsedToolInfo> tools(1);
+  std::strcpy(tools[0].ToolType, "RO");
+  program.SetUsedToolInfo(tools);
+  engine.StagedRecords.Of<PrtInfo>().Keep();
+}
+
+TEST_F(Automation, ReadsByTheGivenMembers) {
+  const std::string path = Folder().Write("parts.xls", kTwoParts);
+  CXLSAssembly engine;
+  ConfigureParts(engine);
+  EXPECT_TRUE(engine.ImportParts(path.c_str()));
+  EXPECT_EQ(workbook::RowsOf<PartInformation>(engine, engine.Columns(RecordKind::Parts)),
+            (std::vector<Texts>{{"A1", "5"}, {"A2", "6"}}));
+  EXPECT_EQ(Conversation(), ExpectedConversation("import.conversation"));
+}
+
+TEST_F(Automation, WritesByTheGivenMembers) {
+  TheServer().SetPlan("sheets 1");
+  CXLSAssembly engine;
+  ConfigurePrograms(engine);
+  EXPECT_TRUE(engine.Export((Folder() / "out.xls").c_str()));
+  EXPECT_EQ(Conversation(), ExpectedConversation("export.conversation"));
+  EXPECT_EQ(LinesOf(TemporaryFolder::Read(Folder() / "out.xls")), ExpectedConversation("export.workbook"));
+  EXPECT_EQ(Folder().Names(), (std::set<std::string>{"out.xls"}));
+}
+
+TEST_F(Automation, ReadsTheFormatName) {
+  const std::string path = Folder().Write("a.xls", "active 0\nsheet A\ncell 1 1 t [FMT_Name=Form1]\n");
+  std::string name;
+  CXLSAssembly().ReadFormatName(name, path.c_str());
+  EXPECT_EQ(name, "Form1");
+  ExpectGoodEnd();
+}
+
+TEST_F(Automation, TurnsValuesIntoTextByTheStandardConversion) {
+  const std::pair<const char*, std::string> values[] = {
+      {"n 1.5", "1.5"},         {"n 3", "3"},
+      {"n 1e20", "1E+20"},      {"n 0.3333333333333333", "0.333333333333333"},
+      {"b true", "-1"},         {"b false", "0"},
+      {"d 45322", "1/31/2024"}, {"c 12.5", "12.5"},
+      {"e 2007", "#DIV/0!"},    {"e 2042", "#N/A"},
+      {"e 2099", "Error 2099"}, {"t 0012", "0012"},
+      {"t =1+1", "=1+1"}};
+  std::string file = "active 0\nsheet A\ncell 1 1 t Text\n";
+  std::vector<Texts> expected;
+  int row = 1;
+  for (const auto& [value, text] : values) {
+    file += "cell " + std::to_string(++row) + " 1 " + value + "\n";
+    expected.push_back({text});
+  }
+  file += "cell " + std::to_string(++row) + " 1 t " + std::string(40000, 'x') + "\n";
+  expected.push_back({std::string(255, 'x')});
+  const std::string path = Folder().Write("a.xls", file);
+  CXLSAssembly engine;
+  engine.StartLine = 1;
+  engine.Columns(RecordKind::Parts) = {"PartName"};
+  engine.ImportParts(path.c_str());
+  EXPECT_EQ(workbook::RowsOf<PartInformation>(engine, {"PartName"}), expected);
+  ExpectGoodEnd();
+}
+
+/// Calls `work` with the first call failing, then the second, until there is none left to fail.
+template <class Work>
+void FailEachCall(Server& server, const std::string& plan, Work work) {
+  for (int n = 1;; ++n) {
+    SCOPED_TRACE("call " + std::to_string(n));
+    server.SetPlan(plan + " fail " + std::to_string(n));
+    work();
+    const Texts lines = server.Record();
+    ASSERT_FALSE(lines.empty()) << "an object of the application is still held";
+    EXPECT_EQ(lines.back(), "ended quit");
+    EXPECT_EQ(std::count_if(lines.begin(), lines.end(),
+                            [](const std::string& line) { return line.starts_with("VIOLATION"); }),
+              0);
+    if (static_cast<int>(lines.size()) - 1 < n) break;
+    ASSERT_LT(n, 200);
+  }
+}
+
+TEST_F(Automation, OutlivesAFailureOfEachCallOfAnImport) {
+  const std::string path = Folder().Write("parts.xls", kTwoParts);
+  FailEachCall(TheServer(), "", [&] {
+    CXLSAssembly engine;
+    ConfigureParts(engine);
+    EXPECT_TRUE(engine.ImportParts(path.c_str()));
+  });
+}
+
+TEST_F(Automation, KeepsTheOldFileWhicheverCallOfAnExportFails) {
+  const std::string path = Folder() / "out.xls";
+  FailEachCall(TheServer(), "sheets 1", [&] {
+    Folder().Write("out.xls", "old");
+    CXLSAssembly engine;
+    ConfigurePrograms(engine);
+    const bool done = engine.Export(path.c_str());
+    EXPECT_EQ(TemporaryFolder::Read(path) == "old", !done);
+    EXPECT_EQ(Folder().Names().size(), 1u) << "a working file was left";
+  });
+}
+
+TEST_F(Automation, AsksABusyApplicationAgain) {
+  const std::string path = Folder().Write("parts.xls", kTwoParts);
+  for (const int call : {1, 7, 20}) {
+    TheServer().SetPlan("busy " + std::to_string(call));
+    CXLSAssembly engine;
+    ConfigureParts(engine);
+    engine.ImportParts(path.c_str());
+    EXPECT_EQ(Conversation(), ExpectedConversation("import.conversation"));
+  }
+}
+
+TEST_F(Automation, TellsAFileThatCannotBeOpened) {
+  DiagnosticLog log;
+  CXLSAssembly engine;
+  ConfigureParts(engine);
+  EXPECT_TRUE(engine.ImportParts((Folder() / "missing.xls").c_str()));
+  EXPECT_EQ(log.Codes(), "file-not-opened");
+  ExpectGoodEnd();
+}
+
+TEST_F(Automation, IsMissedWhenItIsNotRegistered) {
+  TheServer().Unregister();
+  host::Boxes boxes;
+  DiagnosticLog log;
+  CXLSAssembly engine;
+  ConfigureParts(engine);
+  EXPECT_TRUE(engine.ImportParts("parts.xls"));
+  EXPECT_FALSE(engine.Export((Folder() / "out.xls").c_str()));
+  EXPECT_EQ(boxes.all, Texts{"Error"});
+  EXPECT_EQ(log.Codes(), "no-spreadsheet no-spreadsheet");
+  EXPECT_TRUE(Folder().Names().empty());
+}
+
+}  // namespace

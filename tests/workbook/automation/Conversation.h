@@ -1,0 +1,47 @@
+#pragma once
+
+#include <windows.h>
+
+#include <filesystem>
+#include <string>
+
+/// What the test tells its spreadsheet server to do, and what the server tells the test. Both are files
+/// beside the server's program, as nothing else is common to the two on every system.
+namespace server {
+
+inline std::filesystem::path FileBeside(const std::filesystem::path& program, const char* extension) {
+  return std::filesystem::path(program).replace_extension(extension);
+}
+
+/// The plan is words: "fail N" makes the n-th call fail, "busy N" makes it be rejected once, "sheets N" is
+/// how many sheets a new workbook has.
+struct Plan {
+  long fail = 0;
+  long busy = 0;
+  long sheets = 3;
+
+  static Plan Read(const std::filesystem::path& program);
+};
+
+/// The record of one application's life: a line for every call, one that begins with "VIOLATION" for every
+/// call that is not as it must be, and a last one "ended" with "quit" if the application was told to.
+class Conversation {
+ public:
+  explicit Conversation(const std::filesystem::path& program);
+
+  /// Counts and records a call. S_OK if it may go on.
+  HRESULT Call(const std::string& line);
+  void Violation(const std::string& line) { Write("VIOLATION " + line); }
+  void End(bool hasQuit) { Write(hasQuit ? "ended quit" : "ended"); }
+
+  const Plan& GetPlan() const { return plan_; }
+
+ private:
+  void Write(const std::string& line);
+
+  Plan plan_;
+  std::filesystem::path log_;
+  long calls_ = 0;
+};
+
+}  // namespace server
