@@ -44,9 +44,15 @@ void AppendControlPicture(std::string& out, char32_t code) {
   out += static_cast<char>(0x80 | last);
 }
 
+// Most texts, and nothing needs to be looked at twice in them.
+bool IsPrintableAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return c >= 0x20 && c < 0x7F; });
+}
+
 }  // namespace
 
 std::string Harmless(std::string_view utf8) {
+  if (IsPrintableAscii(utf8)) return std::string(utf8);
   std::string out;
   out.reserve(utf8.size());
   while (!utf8.empty()) {
@@ -61,6 +67,7 @@ std::string Harmless(std::string_view utf8) {
 }
 
 int DisplayWidth(std::string_view utf8) {
+  if (IsPrintableAscii(utf8)) return static_cast<int>(utf8.size());
   int width = 0;
   while (!utf8.empty()) {
     const Character character = FirstOf(utf8);

@@ -4,13 +4,13 @@
 # shellcheck disable=SC2034  # used by the scripts that source this
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 
-# Debian packages by purpose. A purpose lists all that it needs beyond the purposes named with it.
+# Debian packages by purpose.
 declare -A packages=(
   [native]="g++ cmake ninja-build pkg-config libpugixml-dev libsimpleini-dev libcli11-dev nlohmann-json3-dev libgtest-dev locales"
   [checks]="shellcheck man-db"
   [workbook]="libreoffice-calc-nogui libreoffice-dev"
   [dialog]="libgtk-3-dev xvfb xauth"
-  [windows]="g++-mingw-w64-x86-64-posix mingw-w64-tools wine wine64 fonts-wine xvfb xauth imagemagick"
+  [windows]="g++-mingw-w64-x86-64-posix googletest wine wine64 fonts-wine xvfb xauth"
   [bench]="libbenchmark-dev"
   [fuzz]="clang libclang-rt-14-dev"
 )
