@@ -2,6 +2,7 @@
 
 #include "dialogs/HeaderNames.h"
 #include "tests/dialogs/FormatFileText.h"
+#include "tests/support/FakeSpreadsheet.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <QVAssemblyFile/MessageBox.h>
@@ -49,6 +50,19 @@ TEST(SampleHeadersTest, WhatASampleGives) {
   EXPECT_EQ(Joined(qv::ReadSampleHeaders("folder.csv/file", {})), "");
   SetMessageBoxHandler(nullptr, nullptr);
   EXPECT_EQ(message, "");
+}
+
+TEST(SampleHeadersTest, AWorkbookGivesItsHeaderRow) {
+  const TemporaryFolder folder;
+  FakeSpreadsheet office;
+  const std::string path = folder / "jobs.xls";
+  FakeSpreadsheet::Store(path, {{"[FMT_Name=F]"}, {"Name", "Due"}, {"A1", "2026"}});
+  OptionForm form;
+  form.StartLine = 2;
+  EXPECT_EQ(Joined(qv::ReadSampleHeaders(path, form)), "Name Due");
+  EXPECT_EQ(office.Running, 0);
+  office.Installed = false;
+  EXPECT_EQ(Joined(qv::ReadSampleHeaders(path, form)), "");
 }
 
 TEST(SampleHeadersTest, TwoNamesAreKeptButNotShown) {
