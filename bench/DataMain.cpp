@@ -1,0 +1,85 @@
+// Writes a file of random rows, the format file for all of them, or a table's columns as JSON.
+
+#include "Data.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+namespace {
+
+using namespace bench;
+
+constexpr const char* kUsage =
+    "usage: qv_bench_data rows KIND csv|qualified|bare ROWS SEED   rows to standard output\n"
+    "       qv_bench_data formats                                  the format file\n"
+    "       qv_bench_data columns KIND                             the columns and their types as JSON\n";
+
+int Fail() {
+  std::fputs(kUsage, stderr);
+  return 2;
+}
+
+void Put(std::string& text) {
+  std::fwrite(text.data(), 1, text.size(), stdout);
+  text.clear();
+}
+
+int WriteRows(const DataTable& table, Dress dress, long rows, std::uint64_t random) {
+  std::string text;
+  AppendHeader(text, table, dress);
+  for (long row = 0; row < rows; ++row) {
+    AppendRow(text, table, dress, random);
+    if (text.size() > 1 << 20) Put(text);
+  }
+  Put(text);
+  return 0;
+}
+
+const char* DelimiterOf(const char* dress) { return std::strcmp(dress, "bare") == 0 ? "Semicolon" : "Comma"; }
+
+/// One format per kind and dress, named KIND-DRESS.
+int WriteFormats() {
+  std::puts("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<CSVOptionSetting Current=\"\">");
+  for (const DataTable& table : AllTables())
+    for (const char* dress : {"csv", "qualified", "bare"}) {
+      std::printf("<OptionForm Name=\"%s-%s\" Line=\"1\" Delimiters=\"%s\" Other=\"\" Qualifier=\"%d\" "
+                  "TreatAsOne=\"0\" Part=\"Name\">",
+                  table.kind.data(), dress, DelimiterOf(dress), std::strcmp(dress, "bare") == 0 ? 2 : 0);
+      for (std::size_t rank = 0; rank < table.columns.size(); ++rank)
+        std::printf("<%s Order=\"%zu\"/>", table.columns[rank].keyword.data(), rank);
+      std::puts("</OptionForm>");
+    }
+  std::puts("</CSVOptionSetting>");
+  return 0;
+}
+
+int WriteColumns(const DataTable& table) {
+  constexpr const char* kNames[] = {"text", "int", "real"};
+  const char* separator = "{";
+  for (const DataColumn& column : table.columns) {
+    std::printf("%s\"%s\":\"%s\"", separator, column.keyword.data(), kNames[static_cast<int>(column.type)]);
+    separator = ",";
+  }
+  std::puts("}");
+  return 0;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  const std::string_view command = count > 1 ? arguments[1] : "";
+  if (command == "formats" && count == 2) return WriteFormats();
+  const DataTable* const table = count > 2 ? FindTable(arguments[2]) : nullptr;
+  if (table == nullptr) return Fail();
+  if (command == "columns" && count == 3) return WriteColumns(*table);
+  if (command != "rows" || count != 6) return Fail();
+  const std::string_view dress = arguments[3];
+  if (dress != "csv" && dress != "qualified" && dress != "bare") return Fail();
+  return WriteRows(*table,
+                   dress == "csv"         ? Dress::Csv
+                   : dress == "qualified" ? Dress::Qualified
+                                          : Dress::Bare,
+                   std::atol(arguments[4]), std::strtoull(arguments[5], nullptr, 10));
+}

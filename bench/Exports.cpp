@@ -1,0 +1,38 @@
+#include "Data.h"
+#include "Scene.h"
+
+#include <QVAssemblyFile/CAssemblyFileMgr.h>
+#include <QVAssemblyFile/PartInformation.h>
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <memory>
+
+namespace bench {
+namespace {
+
+/// Writes the parts of a file again, as a host does: attached records of its own, one call.
+void ExportParts(benchmark::State& state) {
+  Scene& scene = Scene::The();
+  std::size_t bytes = 0;
+  for (auto _ : state) {
+    CAssemblyFileMgr source, manager;
+    for (CAssemblyFileMgr* each : {&source, &manager}) {
+      each->LoadFormatConfiguration(scene.formats.c_str());
+      each->SetCurrentFormat(scene.format.c_str());
+    }
+    source.ImportAssemblyFile(scene.file.data());
+    for (int rank = 0; rank < source.GetPartsCount(); ++rank)
+      manager.AddAndAttachPart(new PartInformation(*source.GetPartInfoAtRank(rank)));
+    source.ClearParts();
+    Time(state, [&] { manager.ExportAssemblyFile(scene.out.data()); });
+    bytes = std::filesystem::file_size(scene.out);
+    ::unlink(scene.out.c_str());
+  }
+  Did(state, scene.rows, bytes);
+}
+BENCHMARK(ExportParts)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace bench
