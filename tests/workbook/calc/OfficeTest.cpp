@@ -16,7 +16,9 @@
 #include <thread>
 
 // The office's headers keep one type description for ever.
-extern "C" const char* __lsan_default_suppressions() { return "leak:theRuntimeExceptionType\n"; }
+extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions() {
+  return "leak:theRuntimeExceptionType\n";
+}
 
 namespace {
 
