@@ -4,7 +4,9 @@
 get_filename_component(QV_TREE ${PROJECT_BINARY_DIR} NAME)
 
 # The tests' Windows is up before the first of them and ended after the last.
-if(CMAKE_CROSSCOMPILING)
+get_property(has_wine GLOBAL PROPERTY QV_HAS_WINE_FIXTURE)
+if(CMAKE_CROSSCOMPILING AND NOT has_wine)
+  set_property(GLOBAL PROPERTY QV_HAS_WINE_FIXTURE ON)
   add_test(NAME ${QV_TREE}.wine-start COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} --start)
   add_test(NAME ${QV_TREE}.wine-stop COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} --stop)
   set_tests_properties(${QV_TREE}.wine-start PROPERTIES FIXTURES_SETUP ${QV_TREE}.wine)

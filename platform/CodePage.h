@@ -20,4 +20,14 @@ std::optional<std::string> DecodeText(std::string_view text, const std::string& 
 /// The reverse of DecodeText(); what the encoding cannot hold becomes "?".
 std::optional<std::string> EncodeText(std::string_view utf8, const std::string& encoding);
 
+/// How far a text decodes.
+struct DecodedText {
+  std::string utf8;            ///< up to the first byte that does not decode
+  bool knownEncoding = false;  ///< whether the platform knows the encoding's name
+  bool whole = false;          ///< whether all of the text decoded
+};
+
+/// Text of a named encoding as UTF-8, up to the first byte that is not of it.
+DecodedText DecodeStrictly(std::string_view text, const std::string& encoding);
+
 }  // namespace qv

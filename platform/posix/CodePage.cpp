@@ -44,6 +44,14 @@ std::optional<std::string> DecodeText(std::string_view text, const std::string& 
   return utf8;
 }
 
+DecodedText DecodeStrictly(std::string_view text, const std::string& encoding) {
+  Iconv converter("UTF-8", encoding);
+  DecodedText decoded;
+  decoded.knownEncoding = converter.IsOpen();
+  decoded.whole = decoded.knownEncoding && converter.Convert(text, decoded.utf8);
+  return decoded;
+}
+
 std::optional<std::string> EncodeText(std::string_view utf8, const std::string& encoding) {
   Iconv converter(encoding, "UTF-8");
   if (!converter.IsOpen()) return std::nullopt;

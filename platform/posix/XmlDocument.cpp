@@ -2,8 +2,8 @@
 
 #include "platform/FileSystem.h"
 #include "platform/XmlCharacters.h"
-#include "platform/posix/XmlEncoding.h"
-#include "platform/posix/XmlWellFormed.h"
+#include "platform/XmlEncoding.h"
+#include "platform/XmlWellFormed.h"
 
 #include <array>
 #include <pugixml.hpp>

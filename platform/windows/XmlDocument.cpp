@@ -3,6 +3,8 @@
 #include "platform/CodePage.h"
 #include "platform/FileSystem.h"
 #include "platform/XmlCharacters.h"
+#include "platform/XmlEncoding.h"
+#include "platform/XmlWellFormed.h"
 #include "platform/windows/Com.h"
 
 #include <msxml2.h>
@@ -125,20 +127,32 @@ bool ForEachPiece(const Stream& stream, Take take) {
 
 // The file goes through the library's own file system, because a document takes a path for an address, in
 // which "%20" and "#" mean something else.
-Stream ReadFile(const char* path, XmlError& error) {
+bool ReadBytes(const char* path, std::string& bytes, XmlError& error) {
   const std::unique_ptr<OpenFile> file = Files().Open(path, OpenMode::Read, error.reason);
   if (file == nullptr) {
     error.missing = !Files().Exists(path);
-    return {};
+    return false;
   }
-  Stream stream = NewStream();
   std::array<char, 16384> buffer;
   std::ptrdiff_t count = 0;
-  while (stream && (count = file->Read(buffer.data(), buffer.size())) > 0) {
-    if (!Write(stream, {buffer.data(), static_cast<std::size_t>(count)})) stream.Reset();
+  while ((count = file->Read(buffer.data(), buffer.size())) > 0) {
+    bytes.append(buffer.data(), static_cast<std::size_t>(count));
   }
   if (count < 0) error.reason = file->Reason();
-  return stream && count == 0 && Rewind(stream) ? stream : Stream();
+  return count == 0;
+}
+
+// Not every version of the platform's parser says where it stopped.
+void FindPlace(std::string_view bytes, XmlError& error) {
+  XmlError own;
+  const std::optional<std::string> text = DecodeXml(bytes, own);
+  if (text) {
+    const XmlFault fault = FindXmlFault(*text);
+    if (fault.reason.empty()) return;
+    LocateXmlError(*text, fault.offset, own);
+    own.reason = fault.reason;
+  }
+  error = own;
 }
 
 class MsxmlDocument final : public XmlDocument {
@@ -147,14 +161,10 @@ class MsxmlDocument final : public XmlDocument {
 
   bool Load(const char* path, XmlError& error) override {
     error = {};
-    const Stream stream = ReadFile(path, error);
-    Variant source;
-    VARIANT_BOOL loaded = VARIANT_FALSE;
-    if (stream) {
-      source.SetObject(stream);
-      if (document_->load(source.Get(), &loaded) == S_OK && loaded == VARIANT_TRUE) return true;
-      TakeError(error);
-    }
+    std::string bytes;
+    const bool read = ReadBytes(path, bytes, error);
+    if (Parse(read ? bytes : std::string())) return true;  // what could not be read leaves nothing behind
+    if (read) TakeError(bytes, error);
     return false;
   }
 
@@ -197,7 +207,16 @@ class MsxmlDocument final : public XmlDocument {
   }
 
  private:
-  void TakeError(XmlError& error) const {
+  bool Parse(std::string_view bytes) {
+    const Stream stream = NewStream();
+    if (!stream || !Write(stream, bytes) || !Rewind(stream)) return false;
+    Variant source;
+    source.SetObject(stream);
+    VARIANT_BOOL loaded = VARIANT_FALSE;
+    return document_->load(source.Get(), &loaded) == S_OK && loaded == VARIANT_TRUE;
+  }
+
+  void TakeError(std::string_view bytes, XmlError& error) const {
     ComPtr<IXMLDOMParseError> told;
     document_->get_parseError(told.Receive());
     Bstr reason;
@@ -207,6 +226,7 @@ class MsxmlDocument final : public XmlDocument {
       told->get_linepos(&error.column);
     }
     error.reason = Narrow(reason.View());
+    if (error.line == 0) FindPlace(bytes, error);
     while (!error.reason.empty() &&
            std::string_view(" .\r\n").find(error.reason.back()) != std::string::npos) {
       error.reason.pop_back();

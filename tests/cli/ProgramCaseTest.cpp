@@ -1,4 +1,5 @@
 #include "cli/SpawnProgram.h"
+#include "platform/CodePage.h"
 #include "platform/FileSystem.h"
 #include "support/CaseFile.h"
 #include "support/TemporaryFolder.h"
@@ -54,6 +55,13 @@ bool MatchesPattern(std::string_view text, std::string_view pattern) {
   return false;
 }
 
+// Data files are of the platform's code page, unless a case names another encoding.
+bool IsInCodePage(const std::string& file, const TestCase& c) {
+  const bool isData = file.ends_with(".txt") || file.ends_with(".csv");
+  const std::string text = c.Setting("run", "");
+  return isData && text.find("--encoding") == std::string::npos;
+}
+
 // Data files end their lines as the platform's text files do.
 std::string WithPlainLineEnds(std::string text) {
   if (qv::kLineEnd != "\r\n") return text;
@@ -76,14 +84,18 @@ class ProgramCaseTest : public testing::TestWithParam<TestCase> {
     folder_.Write("AssemblyFormats.xml",
                   TemporaryFolder::Read(std::string(QV_CASES) + "/AssemblyFormats.xml"));
     for (const auto& [name, lines] : GetParam().sections)
-      if (name.starts_with("file ")) folder_.Write(name.substr(5), GetParam().Text(name));
+      if (name.starts_with("file ")) folder_.Write(name.substr(5), InFile(name.substr(5), GetParam().Text(name)));
+  }
+
+  static std::string InFile(const std::string& file, const std::string& text) {
+    return IsInCodePage(file, GetParam()) ? qv::FromUtf8(text) : text;
   }
 
   void CheckFiles() const {
     for (const auto& [name, lines] : GetParam().sections) {
       if (!name.starts_with("after ")) continue;
       const std::string actual = WithPlainLineEnds(TemporaryFolder::Read(folder_ / name.substr(6)));
-      EXPECT_EQ(actual, GetParam().Text(name)) << name;
+      EXPECT_EQ(actual, InFile(name.substr(6), GetParam().Text(name))) << name;
     }
     const std::string missing = GetParam().Setting("missing", "");
     EXPECT_FALSE(!missing.empty() && folder_.Names().contains(missing)) << missing;

@@ -31,7 +31,9 @@ class InstalledLibrary {
  public:
   explicit InstalledLibrary(const fs::path& library)
       : path_(ProgramFolder() / fs::path("ConfigurationManager").replace_extension(library.extension())) {
-    fs::copy_file(library, path_, fs::copy_options::overwrite_existing);
+    std::error_code notThere;
+    fs::remove(path_, notThere);  // one runtime refuses to overwrite
+    fs::copy_file(library, path_);
   }
   ~InstalledLibrary() {
     std::error_code stillLoaded;
@@ -95,12 +97,13 @@ TEST(SettingsFileTest, KeepsTheDefaultFormatBesideTheHostsSettings) {
   const TemporaryFolder folder;
   const std::string path = folder / "Setting.ini";
   EXPECT_EQ(ReadDefaultFormat(path), "");
-  folder.Write("Setting.ini", "[Host]\nLanguage=de\n");
+  const std::string hosts = "[Host]" + std::string(qv::kLineEnd) + "Language=de" + std::string(qv::kLineEnd);
+  folder.Write("Setting.ini", hosts);
   EXPECT_EQ(ReadDefaultFormat(path), "");
   for (const char* name : {"Form1", "Laser \xC3\xA4", ""}) {
     EXPECT_TRUE(WriteDefaultFormat(path, name));
     EXPECT_EQ(ReadDefaultFormat(path), name);
-    EXPECT_TRUE(TemporaryFolder::Read(path).starts_with("[Host]\nLanguage=de\n"));
+    EXPECT_TRUE(TemporaryFolder::Read(path).starts_with(hosts));
   }
 }
 

@@ -1,8 +1,9 @@
-#include "platform/posix/XmlEncoding.h"
+#include "platform/XmlEncoding.h"
 
-#include "platform/posix/Iconv.h"
+#include "platform/CodePage.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace qv {
 namespace {
@@ -57,19 +58,18 @@ std::optional<std::string> DecodeXml(std::string_view bytes, XmlError& error) {
   const Mark* mark = FindMark(bytes);
   const std::string encoding = mark != nullptr ? mark->encoding : DeclaredEncoding(bytes);
   if (mark != nullptr) bytes.remove_prefix(mark->length);
-  Iconv converter("UTF-8", encoding);
-  std::string text;
-  if (!converter.IsOpen()) {
+  DecodedText decoded = DecodeStrictly(bytes, encoding);
+  if (!decoded.knownEncoding) {
     LocateXmlError(bytes, 0, error);
     error.reason = "the encoding '" + encoding + "' is not known";
     return std::nullopt;
   }
-  if (!converter.Convert(bytes, text)) {
-    LocateXmlError(text, text.size(), error);
+  if (!decoded.whole) {
+    LocateXmlError(decoded.utf8, decoded.utf8.size(), error);
     error.reason = "a byte that is not " + encoding;
     return std::nullopt;
   }
-  return text;
+  return std::move(decoded.utf8);
 }
 
 void LocateXmlError(std::string_view text, std::size_t offset, XmlError& error) {

@@ -1,8 +1,8 @@
-#include "platform/posix/XmlWellFormed.h"
+#include "platform/XmlWellFormed.h"
 
 #include "platform/Utf8.h"
 #include "platform/XmlCharacters.h"
-#include "platform/posix/XmlEncoding.h"
+#include "platform/XmlEncoding.h"
 
 #include <array>
 #include <charconv>
