@@ -22,11 +22,15 @@ constexpr unsigned kUtf16BigEndian = 1201;
 
 // Names as they stand in files and on command lines, in small letters and without "-", "_", " " and ".".
 constexpr NamedCodePage kNamed[] = {
-    {"utf8", 65001}, {"utf7", 65000},   {"usascii", 20127},  {"ascii", 20127},  {"latin1", 28591},
-    {"l1", 28591},   {"latin2", 28592}, {"latin5", 28599},   {"latin9", 28605}, {"shiftjis", 932},
-    {"sjis", 932},   {"mskanji", 932},  {"windows31j", 932}, {"eucjp", 20932},  {"iso2022jp", 50220},
-    {"gb2312", 936}, {"gbk", 936},      {"gb18030", 54936},  {"big5", 950},     {"euckr", 51949},
-    {"uhc", 949},    {"koi8r", 20866},  {"koi8u", 21866},    {"tis620", 874},   {"macintosh", 10000},  {"utf16le", kUtf16},   {"utf16be", kUtf16BigEndian},
+    {"utf8", 65001},      {"utf7", 65000},     {"usascii", 20127},
+    {"ascii", 20127},     {"latin1", 28591},   {"l1", 28591},
+    {"latin2", 28592},    {"latin5", 28599},   {"latin9", 28605},
+    {"shiftjis", 932},    {"sjis", 932},       {"mskanji", 932},
+    {"windows31j", 932},  {"eucjp", 20932},    {"iso2022jp", 50220},
+    {"gb2312", 936},      {"gbk", 936},        {"gb18030", 54936},
+    {"big5", 950},        {"euckr", 51949},    {"uhc", 949},
+    {"koi8r", 20866},     {"koi8u", 21866},    {"tis620", 874},
+    {"macintosh", 10000}, {"utf16le", kUtf16}, {"utf16be", kUtf16BigEndian},
 };
 
 // What stands before a number in a name, and what is added to that number.

@@ -142,17 +142,17 @@ bool ReadBytes(const char* path, std::string& bytes, XmlError& error) {
   return count == 0;
 }
 
-// Not every version of the platform's parser says where it stopped.
-void FindPlace(std::string_view bytes, XmlError& error) {
-  XmlError own;
-  const std::optional<std::string> text = DecodeXml(bytes, own);
-  if (text) {
-    const XmlFault fault = FindXmlFault(*text);
-    if (fault.reason.empty()) return;
-    LocateXmlError(*text, fault.offset, own);
-    own.reason = fault.reason;
-  }
-  error = own;
+// The first fault of a document, with its place and a sentence that are the same on every platform. Found
+// before the parser sees the document, so that it never meets a reference to an entity that a document type
+// declares.
+bool FindFault(std::string_view bytes, XmlError& error) {
+  const std::optional<std::string> text = DecodeXml(bytes, error);
+  if (!text) return true;
+  const XmlFault fault = FindXmlFault(*text);
+  if (fault.reason.empty()) return false;
+  LocateXmlError(*text, fault.offset, error);
+  error.reason = fault.reason;
+  return true;
 }
 
 class MsxmlDocument final : public XmlDocument {
@@ -162,9 +162,11 @@ class MsxmlDocument final : public XmlDocument {
   bool Load(const char* path, XmlError& error) override {
     error = {};
     std::string bytes;
-    const bool read = ReadBytes(path, bytes, error);
-    if (Parse(read ? bytes : std::string())) return true;  // what could not be read leaves nothing behind
-    if (read) TakeError(bytes, error);
+    if (ReadBytes(path, bytes, error) && !FindFault(bytes, error)) {
+      if (Parse(bytes) && !HasDocumentType()) return true;
+      TakeError(error);
+    }
+    Parse({});  // nothing stays of what could not be loaded
     return false;
   }
 
@@ -216,7 +218,13 @@ class MsxmlDocument final : public XmlDocument {
     return document_->load(source.Get(), &loaded) == S_OK && loaded == VARIANT_TRUE;
   }
 
-  void TakeError(std::string_view bytes, XmlError& error) const {
+  // Documents of this class refuse one by default; not every version does.
+  bool HasDocumentType() const {
+    ComPtr<IXMLDOMDocumentType> type;
+    return document_->get_doctype(type.Receive()) == S_OK && type;
+  }
+
+  void TakeError(XmlError& error) const {
     ComPtr<IXMLDOMParseError> told;
     document_->get_parseError(told.Receive());
     Bstr reason;
@@ -226,12 +234,11 @@ class MsxmlDocument final : public XmlDocument {
       told->get_linepos(&error.column);
     }
     error.reason = Narrow(reason.View());
-    if (error.line == 0) FindPlace(bytes, error);
     while (!error.reason.empty() &&
            std::string_view(" .\r\n").find(error.reason.back()) != std::string::npos) {
       error.reason.pop_back();
     }
-    if (error.reason.empty()) error.reason = "the document is not well formed";
+    if (error.reason.empty()) error.reason = "a document type declaration is not allowed";
   }
 
   Document document_;

@@ -10,7 +10,7 @@ listed_exports() { grep -oE '\b_Z\w+' "$1" | LC_ALL=C sort; }
 exported_by_elf() { nm --dynamic --defined-only --format=just-symbols "$1" | LC_ALL=C sort; }
 
 exported_by_dll() {
-  "$cross-objdump" -p "$1" | awk '/^\[Ordinal\/Name Pointer\] Table/ { on = 1; next } on && NF == 0 { exit } on { print $NF }' |
+  "$cross-objdump" -p "$1" | awk '/^\[Ordinal\/Name Pointer\] Table/ { on = 1; next } NF == 0 { on = 0 } on { print $NF }' |
     LC_ALL=C sort
 }
 

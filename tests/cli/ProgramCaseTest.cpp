@@ -84,7 +84,8 @@ class ProgramCaseTest : public testing::TestWithParam<TestCase> {
     folder_.Write("AssemblyFormats.xml",
                   TemporaryFolder::Read(std::string(QV_CASES) + "/AssemblyFormats.xml"));
     for (const auto& [name, lines] : GetParam().sections)
-      if (name.starts_with("file ")) folder_.Write(name.substr(5), InFile(name.substr(5), GetParam().Text(name)));
+      if (name.starts_with("file "))
+        folder_.Write(name.substr(5), InFile(name.substr(5), GetParam().Text(name)));
   }
 
   static std::string InFile(const std::string& file, const std::string& text) {

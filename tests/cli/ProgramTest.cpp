@@ -95,7 +95,9 @@ void ExpectOldOrNew(const std::vector<std::string>& arguments, const std::string
       start, [&](FakeFileSystem&) { code = RunOn(arguments).code; },
       [&](FakeFileSystem& files) {
         failures += code != 0;
-        EXPECT_EQ(files.Contents[target], code == 0 ? fresh : old) << "exit code " << code;
+        std::string content = files.Contents[target];
+        if (qv::kLineEnd == "\r\n") std::erase(content, '\r');
+        EXPECT_EQ(content, code == 0 ? fresh : old) << "exit code " << code;
         EXPECT_TRUE(code == 0 || code == 3) << code;
       });
   EXPECT_GT(failures, 5);

@@ -267,7 +267,9 @@ TEST(RecordJson, TextsThatLoseSomethingAreWarnedAbout) {
   // Two hundred characters of two bytes.
   std::string wide;
   for (int count = 0; count < 200; ++count) wide += "ü";
-  EXPECT_EQ(Read("{\"PartName\":\"" + wide + "\"}").warnings, "1 PartName text-cut;");
+  const TextCoding utf8("utf-8");
+  EXPECT_EQ(Read("{\"PartName\":\"" + wide + "\"}", RecordKind::Parts, 7, utf8).warnings,
+            "1 PartName text-cut;");
   const TextCoding latin("windows-1252");
   const Outcome outcome = Read("{\"PartName\":\"" + wide + "株\"}", RecordKind::Parts, 7, latin);
   EXPECT_EQ(outcome.warnings, "1 PartName character-lost;");

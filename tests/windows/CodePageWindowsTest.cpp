@@ -21,9 +21,15 @@ TEST(CodePageWindowsTest, ConvertsBetweenTheCodePageAndUtf8) {
     std::string back;
   } cases[] = {
       {"nothing", "", "", ""},
-      {"letters and the euro sign", "Größe 5 €", "Gr\xF6\xDF" "e 5 \x80", "Größe 5 €"},
+      {"letters and the euro sign", "Größe 5 €",
+       "Gr\xF6\xDF"
+       "e 5 \x80",
+       "Größe 5 €"},
       {"one mark for each character that is lost", "a板\xF0\x9F\x98\x80z", "a??z", "a??z"},
-      {"no look-alikes", "Łódź ∞ ﬁ", "?\xF3" "d? ? ?", "?ód? ? ?"},
+      {"no look-alikes", "Łódź ∞ ﬁ",
+       "?\xF3"
+       "d? ? ?",
+       "?ód? ? ?"},
       {"NUL is a character", std::string("a\0b", 3), std::string("a\0b", 3), std::string("a\0b", 3)},
       {"a byte that is no UTF-8", "a\xFFz", "a?z", "a?z"},
   };
@@ -57,7 +63,9 @@ TEST(CodePageWindowsTest, ReplacesEachByteThatDoesNotDecode) {
 TEST(CodePageWindowsTest, GivesEveryPathANarrowForm) {
   const TemporaryFolder folder;
   const auto inFolder = [&](const char* utf8) { return (folder / "") + utf8; };
-  EXPECT_EQ(qv::PathFromUtf8(inFolder("Größe.csv")), (folder / "") + "Gr\xF6\xDF" "e.csv");
+  EXPECT_EQ(qv::PathFromUtf8(inFolder("Größe.csv")), (folder / "") +
+                                                         "Gr\xF6\xDF"
+                                                         "e.csv");
   EXPECT_EQ(qv::PathFromUtf8(inFolder("板厚.csv")), (folder / "") + "??.csv") << "nothing is there";
 
   const std::filesystem::path wide = std::filesystem::path(folder / "") / L"板";

@@ -13,7 +13,12 @@
 
 namespace {
 
-constexpr const char* kFormats = R"(<?xml version="1.0" encoding="UTF-8"?>
+constexpr const char* kPlainFormats = R"(<?xml version="1.0" encoding="UTF-8"?>
+<CSVOptionSetting Current="a"><OptionForm Name="a" Line="2" Part="Name"><PartName Order="0"/></OptionForm>
+</CSVOptionSetting>)";
+
+// What the code page cannot hold, and what it can.
+constexpr const char* kForeignFormats = R"(<?xml version="1.0" encoding="UTF-8"?>
 <CSVOptionSetting Current="板厚"><OptionForm Name="板厚" Line="2" Other="Ω|ä" Part="Name"><PartName Order="0"/>
 <板 Order="1"/></OptionForm><OptionForm Name="Größe €" Line="3" Part="Path"/></CSVOptionSetting>)";
 
@@ -37,13 +42,13 @@ void OnFreshThread(void (*body)()) { std::thread(body).join(); }
 TEST(ComTest, IsThereForALoadAndForNothingElse) {
   OnFreshThread([] {
     const TemporaryFolder folder;
-    const std::string path = folder.Write("formats.xml", kFormats);
+    const std::string path = folder.Write("formats.xml", kPlainFormats);
     FormatConfiguration configuration;
     EXPECT_FALSE(HasCom());
     EXPECT_TRUE(LoadFromFile(configuration, path.c_str()));
     EXPECT_FALSE(HasCom());
     EXPECT_FALSE(SaveToFile(configuration, path.c_str())) << "saving relies on the host's COM";
-    EXPECT_EQ(TemporaryFolder::Read(path), kFormats);
+    EXPECT_EQ(TemporaryFolder::Read(path), kPlainFormats);
     EXPECT_TRUE(LoadFromFile(configuration, (folder / "missing.xml").c_str()));
     EXPECT_FALSE(HasCom());
   });
@@ -52,12 +57,12 @@ TEST(ComTest, IsThereForALoadAndForNothingElse) {
 TEST(ComTest, LeavesTheHostsComAlone) {
   OnFreshThread([] {
     const TemporaryFolder folder;
-    const std::string path = folder.Write("formats.xml", kFormats);
+    const std::string path = folder.Write("formats.xml", kPlainFormats);
     for (const DWORD kind : {COINIT_APARTMENTTHREADED, COINIT_MULTITHREADED}) {
       const ComScope scope(kind);
       FormatConfiguration configuration;
       EXPECT_TRUE(LoadFromFile(configuration, path.c_str()));
-      ASSERT_EQ(configuration.Formats->Formats.size(), 2U);
+      ASSERT_EQ(configuration.Formats->Formats.size(), 1U);
       EXPECT_TRUE(SaveToFile(configuration, (folder / "saved.xml").c_str()));
       EXPECT_TRUE(HasCom());
     }
@@ -68,14 +73,16 @@ TEST(ComTest, LeavesTheHostsComAlone) {
 TEST(ComTest, LosesOnlyWhatTheCodePageCannotHold) {
   const TemporaryFolder folder;
   FormatConfiguration configuration;
-  ASSERT_TRUE(LoadFromFile(configuration, folder.Write("formats.xml", kFormats).c_str()));
+  ASSERT_TRUE(LoadFromFile(configuration, folder.Write("formats.xml", kForeignFormats).c_str()));
   const FormatList& list = *configuration.Formats;
   EXPECT_EQ(list.CurrentFormat, "??");
   ASSERT_EQ(list.Formats.size(), 2U);
   EXPECT_EQ(list.Formats[0].Name, "??");
   EXPECT_EQ(list.Formats[0].OtherDelimiters, "?|\xE4");
   EXPECT_EQ(list.Formats[0].Items[1].Name, "?");
-  EXPECT_EQ(list.Formats[1].Name, "Gr\xF6\xDF" "e \x80");
+  EXPECT_EQ(list.Formats[1].Name,
+            "Gr\xF6\xDF"
+            "e \x80");
 }
 
 // The platform's document refuses what could declare entities, wherever they would come from.
@@ -120,24 +127,60 @@ DWORD HandlesInUse() {
   return handles;
 }
 
-TEST(ComTest, LeaksNothingOverAThousandLoadsAndSaves) {
-  const TemporaryFolder folder;
-  const ComScope scope;
-  const std::string paths[] = {folder.Write("formats.xml", kFormats), folder.Write("broken.xml", "<a><b></a>"),
-                               folder / "missing.xml"};
-  const std::string saved = folder / "saved.xml";
-  FormatConfiguration configuration;
-  const auto cycle = [&] {
-    for (const std::string& path : paths) EXPECT_TRUE(LoadFromFile(configuration, path.c_str()));
-    EXPECT_TRUE(SaveToFile(configuration, saved.c_str()));
-    EXPECT_TRUE(SaveToFile(configuration, "C:\\no\\such\\folder\\formats.xml"));
-  };
+// Fails when `cycle` leaves anything behind: it would be there a thousand times.
+template <class Cycle>
+void ExpectNoLeak(Cycle cycle) {
   for (int i = 0; i < 20; ++i) cycle();
   const std::size_t blocks = BlocksInUse();
   const DWORD handles = HandlesInUse();
   for (int i = 0; i < 1000; ++i) cycle();
-  // Anything that a cycle left behind would be there a thousand times.
   EXPECT_LT(BlocksInUse(), blocks + 200);
+  EXPECT_LE(HandlesInUse(), handles);
+}
+
+TEST(ComTest, LeaksNothingOverAThousandLoads) {
+  const TemporaryFolder folder;
+  const std::string paths[] = {folder.Write("formats.xml", kForeignFormats),
+                               folder.Write("broken.xml", "<a><b></a>"),
+                               folder.Write("type.xml", "<!DOCTYPE a><a/>"), folder / "missing.xml"};
+  FormatConfiguration configuration;
+  ExpectNoLeak([&] {
+    for (const std::string& path : paths) EXPECT_TRUE(LoadFromFile(configuration, path.c_str()));
+  });
+}
+
+// Not with the declaration that a format file starts with: one version of the platform's library keeps each
+// document that it has saved with one, whoever asked for it.
+TEST(ComTest, LeaksNothingOverAThousandDocumentsBuiltAndSaved) {
+  const TemporaryFolder folder;
+  const ComScope scope;
+  const std::string path = folder / "saved.xml";
+  std::string reason;
+  ExpectNoLeak([&] {
+    const auto document = qv::XmlDocument::Create();
+    EXPECT_TRUE(document->AppendProcessingInstruction("sort", "by=name"));
+    const auto root = document->CreateRoot("root");
+    EXPECT_EQ(document->CreateRoot("second"), nullptr);
+    EXPECT_EQ(root->AppendElement("no name"), nullptr);
+    for (const char* name : {"a", "b"}) {
+      const auto child = root->AppendElement(name);
+      EXPECT_TRUE(child->SetAttribute("Order", "old") && child->SetAttribute("Order", name));
+    }
+    EXPECT_EQ(document->Root()->Children().size(), 2U);
+    EXPECT_TRUE(document->Save(path.c_str(), reason)) << reason;
+    EXPECT_FALSE(document->Save("C:\\no\\such\\folder\\saved.xml", reason));
+  });
+}
+
+TEST(ComTest, KeepsNoHandleOverAThousandSaves) {
+  const TemporaryFolder folder;
+  const ComScope scope;
+  const std::string path = folder.Write("formats.xml", kPlainFormats);
+  FormatConfiguration configuration;
+  EXPECT_TRUE(LoadFromFile(configuration, path.c_str()));
+  for (int i = 0; i < 5; ++i) EXPECT_TRUE(SaveToFile(configuration, path.c_str()));
+  const DWORD handles = HandlesInUse();
+  for (int i = 0; i < 1000; ++i) EXPECT_TRUE(SaveToFile(configuration, path.c_str()));
   EXPECT_LE(HandlesInUse(), handles);
 }
 

@@ -19,7 +19,8 @@ class InstalledProgram {
     for (const auto& entry : fs::directory_iterator(fs::path(QV_SETTINGS_PROGRAM).parent_path())) {
       const std::string name = entry.path().filename().string();
       const bool isRuntime = name.starts_with("lib") && name.ends_with(".dll");
-      if (isRuntime) fs::copy_file(entry.path(), "C:\\App\\bin\\" + name, fs::copy_options::overwrite_existing);
+      if (isRuntime)
+        fs::copy_file(entry.path(), "C:\\App\\bin\\" + name, fs::copy_options::overwrite_existing);
     }
   }
   ~InstalledProgram() { fs::remove_all("C:\\App"); }

@@ -74,8 +74,8 @@ TEST(MessageBoxTest, OpensARealBoxThatAPersonCloses) {
 }
 
 TEST(MessageBoxTest, BelongsToTheActiveWindow) {
-  const HWND window = CreateWindowA("Static", "host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 100, nullptr,
-                                    nullptr, nullptr, nullptr);
+  const HWND window = CreateWindowA("Static", "host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 100,
+                                    nullptr, nullptr, nullptr, nullptr);
   ASSERT_NE(window, nullptr);
   SetActiveWindow(window);
   ASSERT_EQ(GetActiveWindow(), window);

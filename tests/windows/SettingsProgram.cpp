@@ -1,5 +1,6 @@
 // A host, as far as its settings go.
-// usage: settings_program [NAME]     writes the default format when NAME is given, then tells where it is and what
+// usage: settings_program [NAME]     writes the default format when NAME is given, then tells where it is and
+// what
 
 #include "manager/SettingsFile.h"
 

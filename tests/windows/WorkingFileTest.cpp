@@ -57,7 +57,8 @@ TEST(WorkingFileTest, KeepsFilesOfOneNameApart) {
   EXPECT_EQ(TemporaryFolder::Read(first), "new a");
   EXPECT_EQ(TemporaryFolder::Read(second), "new b");
   for (const auto& entry : std::filesystem::directory_iterator("C:\\")) {
-    EXPECT_FALSE(std::regex_match(entry.path().filename().string(), std::regex(R"(\d+(-\d+){5})"))) << entry.path();
+    EXPECT_FALSE(std::regex_match(entry.path().filename().string(), std::regex(R"(\d+(-\d+){5})")))
+        << entry.path();
   }
 }
 

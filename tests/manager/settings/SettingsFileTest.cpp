@@ -29,8 +29,7 @@ std::string SettingsBesideProgram() {
 // The settings library stands beside the program while this lives.
 class InstalledLibrary {
  public:
-  explicit InstalledLibrary(const fs::path& library)
-      : path_(ProgramFolder() / fs::path("ConfigurationManager").replace_extension(library.extension())) {
+  explicit InstalledLibrary(const fs::path& library) : path_(Path(library)) {
     std::error_code notThere;
     fs::remove(path_, notThere);  // one runtime refuses to overwrite
     fs::copy_file(library, path_);
@@ -38,6 +37,10 @@ class InstalledLibrary {
   ~InstalledLibrary() {
     std::error_code stillLoaded;
     fs::remove(path_, stillLoaded);
+  }
+
+  static fs::path Path(const fs::path& library) {
+    return ProgramFolder() / fs::path("ConfigurationManager").replace_extension(library.extension());
   }
 
  private:
@@ -68,6 +71,8 @@ bool HasNoSettings() {
 
 TEST(SettingsLibraryDeathTest, MayLackTheReader) {
   EXPECT_EXIT(AskALibraryWithoutTheReader(), testing::ExitedWithCode(0), "");
+  fs::remove(
+      InstalledLibrary::Path(UNRELATED_LIBRARY));  // where a loaded library cannot be removed, it is left
 }
 
 TEST(SettingsLibraryTest, NamesTheFolderOnceItIsThere) {
