@@ -36,8 +36,8 @@ int RunConvert(Session& session, const ConvertOptions& options) {
   const OptionForm& to = formats.FindFor(options.outFormat, options.out, session.remarks);
   CAssemblyFileMgr manager;
   ImportFile(session, manager, kind, formats, from, in.file);
-  AttachCopies(OperationsOf(kind), manager);
-  ExportFile(session, manager, kind, formats, to, options.out);
+  ExportFile(session, manager, kind, formats, to, options.out,
+             [&] { AttachCopies(OperationsOf(kind), manager); });
   return kDone;
 }
 

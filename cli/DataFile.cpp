@@ -53,11 +53,12 @@ void ImportFile(Session& session, CAssemblyFileMgr& manager, RecordKind kind, co
 }
 
 void ExportFile(Session& session, CAssemblyFileMgr& manager, RecordKind kind, const FormatFile& formats,
-                const OptionForm& form, const Utf8Path& file) {
+                const OptionForm& form, const Utf8Path& file, const std::function<void()>& attach) {
   formats.LoadInto(manager, form, session.remarks);
   std::string path = PathFromUtf8(file);
   session.progress.Start("writing " + file, 0);
   const WatchedFiles watched(session.progress);
+  attach();
   const bool isDone = OperationsOf(kind).exportFile(manager, path.data());
   session.progress.Clear();
   CheckDone(session, isDone, file);

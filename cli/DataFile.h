@@ -6,6 +6,8 @@
 #include <QVAssemblyFile/CAssemblyFileMgr.h>
 #include <QVAssemblyFile/RecordKind.h>
 
+#include <functional>
+
 namespace qv {
 
 /// Reads the data file into the manager, with the format. Throws FileErrorTold or FileError when it cannot be
@@ -13,9 +15,10 @@ namespace qv {
 void ImportFile(Session& session, CAssemblyFileMgr& manager, RecordKind kind, const FormatFile& formats,
                 const OptionForm& form, const Utf8Path& file);
 
-/// Writes the manager's attached records of the kind to the data file. Throws in the same way.
+/// Writes records of the kind to the data file. They are attached by `attach`, once nothing can fail any more
+/// that would leave them without an owner. Throws in the same way.
 void ExportFile(Session& session, CAssemblyFileMgr& manager, RecordKind kind, const FormatFile& formats,
-                const OptionForm& form, const Utf8Path& file);
+                const OptionForm& form, const Utf8Path& file, const std::function<void()>& attach);
 
 /// The headers of the data file, in UTF-8, without reading more of a text file than its start. Throws in the
 /// same way.

@@ -71,10 +71,10 @@ int RunExport(Session& session, const ExportOptions& options) {
   const RecordType& type = RecordTypeOf(kind);
   std::vector<AnyRecord> records = options.records == "-" ? ReadStandardInput(session, type)
                                                           : ReadRecordsFile(session, type, options.records);
-  // Attached only now that all of them are known to be right; the export takes them over.
   CAssemblyFileMgr manager;
-  for (AnyRecord& record : records) OperationsOf(kind).attach(manager, record.Release());
-  ExportFile(session, manager, kind, formats, form, options.file);
+  ExportFile(session, manager, kind, formats, form, options.file, [&] {
+    for (AnyRecord& record : records) OperationsOf(kind).attach(manager, record.Release());
+  });
   return kDone;
 }
 
