@@ -1,5 +1,4 @@
 #include "cli/DataFile.h"
-#include "cli/Kinds.h"
 
 #include <CLI/CLI.hpp>
 
@@ -24,9 +23,10 @@ int RunCheck(Session& session, const FileOptions& options) {
   const FormatFile formats(options.config, {options.file}, session.remarks);
   const OptionForm& form = formats.FindFor(options.format, options.file, session.remarks);
   CAssemblyFileMgr manager;
-  ImportFile(session, manager, kind, formats, form, options.file);
+  std::int64_t records = 0;
+  ReadFile(session, manager, {options.file, kind, formats, form}, [&](void*) { ++records; });
   const std::int64_t warnings = session.remarks.Warnings();
-  session.remarks.Note(options.file + ": " + Counted(OperationsOf(kind).count(manager), "record") + ", " +
+  session.remarks.Note(options.file + ": " + Counted(records, "record") + ", " +
                        (warnings == 0 ? "nothing to remark on" : Counted(warnings, "remark")));
   return warnings == 0 ? kDone : kWarned;
 }

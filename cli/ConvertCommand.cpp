@@ -1,5 +1,4 @@
 #include "cli/DataFile.h"
-#include "cli/Kinds.h"
 
 #include <CLI/CLI.hpp>
 
@@ -21,23 +20,13 @@ struct ConvertOptions {
   std::string out;
 };
 
-// The records of an import end with the next one, so the export gets copies.
-void AttachCopies(const KindOperations& operations, CAssemblyFileMgr& manager) {
-  const int count = operations.count(manager);
-  for (int rank = 0; rank < count; ++rank)
-    operations.attach(manager, operations.copy(operations.at(manager, rank)));
-}
-
 int RunConvert(Session& session, const ConvertOptions& options) {
   const FileOptions& in = options.in;
   const RecordKind kind = KindForUse(in.kind, KindUse::Convert);
   const FormatFile formats(in.config, {in.file, options.out}, session.remarks);
   const OptionForm& from = formats.FindFor(in.format, in.file, session.remarks);
   const OptionForm& to = formats.FindFor(options.outFormat, options.out, session.remarks);
-  CAssemblyFileMgr manager;
-  ImportFile(session, manager, kind, formats, from, in.file);
-  ExportFile(session, manager, kind, formats, to, options.out,
-             [&] { AttachCopies(OperationsOf(kind), manager); });
+  ConvertFile(session, {in.file, kind, formats, from}, {options.out, kind, formats, to});
   return kDone;
 }
 

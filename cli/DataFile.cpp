@@ -1,12 +1,12 @@
 #include "cli/DataFile.h"
 
 #include "cli/Errors.h"
-#include "cli/Kinds.h"
 #include "cli/WatchedFiles.h"
 #include "platform/ConsoleProgram.h"
 
 #include <algorithm>
 #include <cctype>
+#include <exception>
 #include <filesystem>
 
 namespace qv {
@@ -28,6 +28,14 @@ void CheckDone(const Session& session, bool isDone, const Utf8Path& file) {
   if (!isDone) throw FileError({file, 0, "", "unsupported-file-type", "", session.remarks.MessageBox()});
 }
 
+std::string PrepareReading(Session& session, CAssemblyFileMgr& manager, const DataFile& file) {
+  if (IsWorkbook(file.path) && !OperationsOf(file.kind).readsWorkbooks)
+    throw FileError({file.path, 0, "", "unsupported-file-type", ".xls",
+                     "this kind is not read from workbooks; use a .txt or .csv file"});
+  file.formats.LoadInto(manager, file.form, session.remarks);
+  return PathFromUtf8(file.path);
+}
+
 }  // namespace
 
 bool IsWorkbook(const Utf8Path& file) {
@@ -37,31 +45,60 @@ bool IsWorkbook(const Utf8Path& file) {
   return extension == ".xls";
 }
 
-void ImportFile(Session& session, CAssemblyFileMgr& manager, RecordKind kind, const FormatFile& formats,
-                const OptionForm& form, const Utf8Path& file) {
-  const KindOperations& operations = OperationsOf(kind);
-  if (IsWorkbook(file) && !operations.readsWorkbooks)
-    throw FileError({file, 0, "", "unsupported-file-type", ".xls",
-                     "this kind is not read from workbooks; use a .txt or .csv file"});
-  formats.LoadInto(manager, form, session.remarks);
-  std::string path = PathFromUtf8(file);
-  session.progress.Start("reading " + file, SizeOf(file));
-  const WatchedFiles watched(session.progress);
-  const bool isDone = operations.importFile(manager, path.data());
+void ImportFile(Session& session, CAssemblyFileMgr& manager, const DataFile& file) {
+  std::string path = PrepareReading(session, manager, file);
+  session.progress.Start("reading " + file.path, SizeOf(file.path));
+  const WatchedFiles watched(session.progress, OpenMode::Read);
+  const bool isDone = OperationsOf(file.kind).importFile(manager, path.data());
   session.progress.Clear();
-  CheckDone(session, isDone, file);
+  CheckDone(session, isDone, file.path);
 }
 
-void ExportFile(Session& session, CAssemblyFileMgr& manager, RecordKind kind, const FormatFile& formats,
-                const OptionForm& form, const Utf8Path& file, const std::function<void()>& attach) {
-  formats.LoadInto(manager, form, session.remarks);
-  std::string path = PathFromUtf8(file);
-  session.progress.Start("writing " + file, 0);
-  const WatchedFiles watched(session.progress);
-  attach();
-  const bool isDone = OperationsOf(kind).exportFile(manager, path.data());
+void ReadFile(Session& session, CAssemblyFileMgr& manager, const DataFile& file,
+              const std::function<void(void* record)>& take) {
+  std::string path = PrepareReading(session, manager, file);
+  session.progress.Start("reading " + file.path, SizeOf(file.path));
+  const WatchedFiles watched(session.progress, OpenMode::Read);
+  std::exception_ptr thrown;  // nothing is thrown through the library
+  const bool isDone = OperationsOf(file.kind).readFile(manager, path.data(), [&](void* record) {
+    try {
+      take(record);
+    } catch (...) {
+      thrown = std::current_exception();
+    }
+    return thrown == nullptr;
+  });
   session.progress.Clear();
-  CheckDone(session, isDone, file);
+  if (thrown != nullptr) std::rethrow_exception(thrown);
+  CheckDone(session, isDone, file.path);
+}
+
+void WriteFile(Session& session, const DataFile& file, const FeedRecords& feed) {
+  CAssemblyFileMgr manager;
+  file.formats.LoadInto(manager, file.form, session.remarks);
+  std::string path = PathFromUtf8(file.path);
+  session.progress.Start("writing " + file.path, 0);
+  const WatchedFiles watched(session.progress, OpenMode::Write);
+  const bool isDone = OperationsOf(file.kind).writeFile(manager, path.data(), feed);
+  session.progress.Clear();
+  CheckDone(session, isDone, file.path);
+}
+
+void ConvertFile(Session& session, const DataFile& from, const DataFile& to) {
+  CAssemblyFileMgr reader, writer;
+  std::string fromPath = PrepareReading(session, reader, from);
+  to.formats.LoadInto(writer, to.form, session.remarks);
+  std::string toPath = PathFromUtf8(to.path);
+  session.progress.Start("converting " + from.path, SizeOf(from.path));
+  const WatchedFiles watched(session.progress, OpenMode::Read);
+  bool isRead = true;
+  const bool isDone = OperationsOf(to.kind).writeFile(writer, toPath.data(), [&](const TakeRecord& write) {
+    isRead = OperationsOf(from.kind).readFile(reader, fromPath.data(), write);
+    return isRead && !session.remarks.HasFailed();
+  });
+  session.progress.Clear();
+  CheckDone(session, isRead, from.path);
+  CheckDone(session, isDone, to.path);
 }
 
 std::vector<std::string> ReadHeaders(Session& session, const FormatFile& formats, const OptionForm& form,
@@ -69,7 +106,7 @@ std::vector<std::string> ReadHeaders(Session& session, const FormatFile& formats
   CAssemblyFileMgr manager;
   formats.LoadInto(manager, form, session.remarks);
   std::string path = PathFromUtf8(file);
-  const WatchedFiles watched(session.progress, std::max(form.StartLine, 1));
+  const WatchedFiles watched(session.progress, OpenMode::Read, std::max(form.StartLine, 1));
   // The header row is the same for every kind, so it does not matter which columns this kind knows.
   const Remarks::Silence silence(session.remarks, IsAboutColumns);
   const bool isDone = manager.ImportAssemblyFile(path.data());

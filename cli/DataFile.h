@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/FormatFile.h"
+#include "cli/Kinds.h"
 #include "cli/Session.h"
 
 #include <QVAssemblyFile/CAssemblyFileMgr.h>
@@ -10,15 +11,28 @@
 
 namespace qv {
 
-/// Reads the data file into the manager, with the format. Throws FileErrorTold or FileError when it cannot be
-/// read.
-void ImportFile(Session& session, CAssemblyFileMgr& manager, RecordKind kind, const FormatFile& formats,
-                const OptionForm& form, const Utf8Path& file);
+/// A data file and how it is read or written.
+struct DataFile {
+  const Utf8Path& path;
+  RecordKind kind;
+  const FormatFile& formats;
+  const OptionForm& form;
+};
 
-/// Writes records of the kind to the data file. They are attached by `attach`, once nothing can fail any more
-/// that would leave them without an owner. Throws in the same way.
-void ExportFile(Session& session, CAssemblyFileMgr& manager, RecordKind kind, const FormatFile& formats,
-                const OptionForm& form, const Utf8Path& file, const std::function<void()>& attach);
+/// Reads the data file into the manager. Throws FileErrorTold or FileError when it cannot be read.
+void ImportFile(Session& session, CAssemblyFileMgr& manager, const DataFile& file);
+
+/// Reads the data file and hands each record to `take` while it lives; the manager has the headers by then.
+/// Throws in the same way, and what `take` throws.
+void ReadFile(Session& session, CAssemblyFileMgr& manager, const DataFile& file,
+              const std::function<void(void* record)>& take);
+
+/// Writes what `feed` hands over to the data file. Throws in the same way.
+void WriteFile(Session& session, const DataFile& file, const FeedRecords& feed);
+
+/// Writes the records of one data file to another, one by one. Throws in the same way; the other file then
+/// stands as it was.
+void ConvertFile(Session& session, const DataFile& from, const DataFile& to);
 
 /// The headers of the data file, in UTF-8, without reading more of a text file than its start. Throws in the
 /// same way.

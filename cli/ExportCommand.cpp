@@ -1,5 +1,4 @@
 #include "cli/DataFile.h"
-#include "cli/Kinds.h"
 #include "cli/RecordJsonReader.h"
 #include "platform/CodePage.h"
 #include "platform/ConsoleProgram.h"
@@ -69,11 +68,13 @@ int RunExport(Session& session, const ExportOptions& options) {
   const FormatFile formats(options.config, {options.file}, session.remarks);
   const OptionForm& form = formats.FindFor(options.format, options.file, session.remarks);
   const RecordType& type = RecordTypeOf(kind);
-  std::vector<AnyRecord> records = options.records == "-" ? ReadStandardInput(session, type)
-                                                          : ReadRecordsFile(session, type, options.records);
-  CAssemblyFileMgr manager;
-  ExportFile(session, manager, kind, formats, form, options.file, [&] {
-    for (AnyRecord& record : records) OperationsOf(kind).attach(manager, record.Release());
+  const std::vector<AnyRecord> records = options.records == "-"
+                                             ? ReadStandardInput(session, type)
+                                             : ReadRecordsFile(session, type, options.records);
+  WriteFile(session, {options.file, kind, formats, form}, [&](const TakeRecord& write) {
+    for (const AnyRecord& record : records)
+      if (!write(record.Pointer())) break;
+    return true;
   });
   return kDone;
 }

@@ -1,7 +1,6 @@
 #include "cli/DataFile.h"
 #include "cli/FormatColumns.h"
 #include "cli/JsonText.h"
-#include "cli/Kinds.h"
 #include "cli/RecordJson.h"
 #include "cli/Table.h"
 #include "platform/CodePage.h"
@@ -23,70 +22,74 @@ struct ImportOptions : FileOptions {
   std::string as;
 };
 
-/// The records of one import, as a table or as JSON.
-class ImportPrinter {
- public:
-  ImportPrinter(Session& session, CAssemblyFileMgr& manager, RecordKind kind, const Utf8Path& file)
-      : session_(session),
-        manager_(manager),
-        operations_(OperationsOf(kind)),
-        type_(RecordTypeOf(kind)),
-        file_(file),
-        count_(static_cast<std::size_t>(operations_.count(manager))) {}
-
-  void PrintTable(const OptionForm& form);
-  void PrintDocument(const OptionForm& form);
-  void PrintLines();
-
- private:
-  void* At(std::size_t row) { return operations_.at(manager_, static_cast<int>(row)); }
-  std::string RecordJson(std::size_t row);
-
-  Session& session_;
-  CAssemblyFileMgr& manager_;
-  const KindOperations& operations_;
-  const RecordType& type_;
-  const Utf8Path& file_;
-  std::size_t count_;
-};
-
-void ImportPrinter::PrintTable(const OptionForm& form) {
+/// A table needs all records at once, as its columns are as wide as the widest cell.
+void PrintTable(Session& session, const DataFile& file) {
+  CAssemblyFileMgr manager;
+  ImportFile(session, manager, file);
+  const KindOperations& operations = OperationsOf(file.kind);
+  const auto count = static_cast<std::size_t>(operations.count(manager));
   std::vector<TableColumn> columns;
   std::vector<const RecordField*> fields;
-  for (const FormatColumn& column : ColumnsOf(form)) {
-    const RecordField* const field = FindFieldOfColumn(type_, column.keyword);
+  for (const FormatColumn& column : ColumnsOf(file.form)) {
+    const RecordField* const field = FindFieldOfColumn(RecordTypeOf(file.kind), column.keyword);
     if (field == nullptr) continue;
     fields.push_back(field);
     columns.push_back(
         {ToUtf8(column.keyword), field->type != FieldType::Text && field->type != FieldType::Bool});
   }
   if (columns.empty()) return;
-  Table table(std::move(columns), count_, [&](std::size_t row, std::size_t column) {
-    return session_.coding.Decode(GetText(At(row), *fields[column]));
+  Table table(std::move(columns), count, [&](std::size_t row, std::size_t column) {
+    void* const record = operations.at(manager, static_cast<int>(row));
+    return session.coding.Decode(GetText(record, *fields[column]));
   });
-  table.FitTo(session_.streams.width);
-  session_.Write(table.Header(session_.streams.ColoursOut()));
-  for (std::size_t row = 0; row < count_; ++row) session_.Write(table.Row(row));
+  table.FitTo(session.streams.width);
+  session.Write(table.Header(session.streams.ColoursOut()));
+  for (std::size_t row = 0; row < count; ++row) session.Write(table.Row(row));
   if (table.LeftOut() > 0)
-    session_.remarks.Note("qvassembly: " + std::to_string(table.LeftOut()) + " of " +
-                          std::to_string(fields.size()) + " columns do not fit; --as json has them all");
+    session.remarks.Note("qvassembly: " + std::to_string(table.LeftOut()) + " of " +
+                         std::to_string(fields.size()) + " columns do not fit; --as json has them all");
 }
 
-std::string ImportPrinter::RecordJson(std::size_t row) {
-  std::string json;
-  const std::string_view lost = AppendRecordJson(json, type_, At(row), session_.coding);
-  if (!lost.empty())
-    session_.remarks.Warn(
-        {file_, 0, std::string(lost), "number-not-finite", "",
-         "record " + std::to_string(row + 1) + ": JSON has no such number; null stands in"});
-  return json;
+/// Prints records as JSON.
+class JsonPrinter {
+ public:
+  JsonPrinter(Session& session, const DataFile& file)
+      : session_(session), file_(file), type_(RecordTypeOf(file.kind)) {}
+
+  /// Each record as soon as it is read, so that a file of any length takes no more memory than a record.
+  void PrintLines() {
+    ReadFile(session_, manager_, file_, [this](void* record) { PrintRecord("", record, "\n"); });
+  }
+
+  /// A document is whole or not there.
+  void PrintDocument();
+
+ private:
+  std::string DocumentStart();
+  void PrintRecord(std::string_view before, void* record, std::string_view after);
+
+  Session& session_;
+  const DataFile& file_;
+  const RecordType& type_;
+  CAssemblyFileMgr manager_;
+  std::int64_t printed_ = 0;
+};
+
+void JsonPrinter::PrintDocument() {
+  ImportFile(session_, manager_, file_);
+  const KindOperations& operations = OperationsOf(file_.kind);
+  const int count = operations.count(manager_);
+  session_.Write(DocumentStart());
+  for (int row = 0; row < count; ++row)
+    PrintRecord(row == 0 ? "\n" : ",\n", operations.at(manager_, row), "");
+  session_.Write(count == 0 ? "]}\n" : "\n]}\n");
 }
 
-void ImportPrinter::PrintDocument(const OptionForm& form) {
+std::string JsonPrinter::DocumentStart() {
   std::string start = "{\"kind\":";
   AppendJsonText(start, type_.name);
   start += ",\"format\":";
-  AppendJsonText(start, ToUtf8(form.Name));
+  AppendJsonText(start, ToUtf8(file_.form.Name));
   start += ",\"headers\":[";
   bool isFirst = true;
   for (const std::string& header : HeadersOf(session_, manager_)) {
@@ -94,29 +97,32 @@ void ImportPrinter::PrintDocument(const OptionForm& form) {
     isFirst = false;
     AppendJsonText(start, header);
   }
-  session_.Write(start + "],\"records\":[");
-  for (std::size_t row = 0; row < count_; ++row) session_.Write((row == 0 ? "\n" : ",\n") + RecordJson(row));
-  session_.Write(count_ == 0 ? "]}\n" : "\n]}\n");
+  return start + "],\"records\":[";
 }
 
-void ImportPrinter::PrintLines() {
-  for (std::size_t row = 0; row < count_; ++row) session_.Write(RecordJson(row) + "\n");
+void JsonPrinter::PrintRecord(std::string_view before, void* record, std::string_view after) {
+  ++printed_;
+  std::string json(before);
+  const std::string_view lost = AppendRecordJson(json, type_, record, session_.coding);
+  if (!lost.empty())
+    session_.remarks.Warn(
+        {file_.path, 0, std::string(lost), "number-not-finite", "",
+         "record " + std::to_string(printed_) + ": JSON has no such number; null stands in"});
+  session_.Write(json.append(after));
 }
 
 int RunImport(Session& session, const ImportOptions& options) {
   const RecordKind kind = KindForUse(options.kind, KindUse::Import);
   const FormatFile formats(options.config, {options.file}, session.remarks);
   const OptionForm& form = formats.FindFor(options.format, options.file, session.remarks);
-  CAssemblyFileMgr manager;
-  ImportFile(session, manager, kind, formats, form, options.file);
-  ImportPrinter printer(session, manager, kind, options.file);
+  const DataFile file{options.file, kind, formats, form};
   const std::string as = !options.as.empty() ? options.as : session.streams.outIsTerminal ? "table" : "json";
   if (as == "table")
-    printer.PrintTable(form);
+    PrintTable(session, file);
   else if (as == "json")
-    printer.PrintDocument(form);
+    JsonPrinter(session, file).PrintDocument();
   else
-    printer.PrintLines();
+    JsonPrinter(session, file).PrintLines();
   return kDone;
 }
 

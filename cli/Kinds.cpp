@@ -24,53 +24,58 @@ void* At(Manager& manager, int rank) {
   return (manager.*Function)(rank);
 }
 
-template <class Record>
-void* Copy(void* record) {
-  return new Record(*static_cast<const Record*>(record));
+template <class Record, bool (Manager::*Function)(char*, RecordHandler<Record>, void*)>
+bool Read(Manager& manager, char* path, const TakeRecord& take) {
+  const auto handler = [](Record* record, void* context) {
+    return (*static_cast<const TakeRecord*>(context))(record);
+  };
+  return (manager.*Function)(path, handler, const_cast<TakeRecord*>(&take));
 }
 
-template <class Record, void (Manager::*Function)(Record*)>
-void Attach(Manager& manager, void* record) {
-  (manager.*Function)(static_cast<Record*>(record));
+template <class Record, bool (Manager::*Function)(char*, RecordFeed<Record>, void*)>
+bool Write(Manager& manager, char* path, const FeedRecords& feed) {
+  const auto feeder = [](RecordSink<Record>& sink, void* context) {
+    return (*static_cast<const FeedRecords*>(context))(
+        [&sink](void* record) { return sink.Write(*static_cast<const Record*>(record)); });
+  };
+  return (manager.*Function)(path, feeder, const_cast<FeedRecords*>(&feed));
 }
 
 constexpr KindOperations kOperations[] = {
     {RecordKind::Parts, OnFile<&Manager::ImportAssemblyFile>, Count<&Manager::GetPartsCount>,
-     At<&Manager::GetPartInfoAtRank>, Copy<PartInformation>,
-     Attach<PartInformation, &Manager::AddAndAttachPart>, OnFile<&Manager::ExportAssemblyFile>, true},
+     At<&Manager::GetPartInfoAtRank>, Read<PartInformation, &Manager::ReadAssemblyFile>,
+     Write<PartInformation, &Manager::WriteAssemblyFile>, true},
     {RecordKind::Tools, OnFile<&Manager::ImportToolsAssemblyFile>, Count<&Manager::GetToolsCount>,
-     At<&Manager::GetToolInfoAtRank>, Copy<ToolInformation>,
-     Attach<ToolInformation, &Manager::AddAndAttachTool>, OnFile<&Manager::ExportToolsInfoAssemblyFile>,
-     true},
+     At<&Manager::GetToolInfoAtRank>, Read<ToolInformation, &Manager::ReadToolsAssemblyFile>,
+     Write<ToolInformation, &Manager::WriteToolsInfoAssemblyFile>, true},
     {RecordKind::Materials, OnFile<&Manager::ImportMatsAssemblyFile>, Count<&Manager::GetMatsCount>,
-     At<&Manager::GetMatInfoAtRank>, Copy<MaterialInfomation>,
-     Attach<MaterialInfomation, &Manager::AddAndAttachMat>, OnFile<&Manager::ExportMatsInfoAssemblyFile>,
-     true},
+     At<&Manager::GetMatInfoAtRank>, Read<MaterialInfomation, &Manager::ReadMatsAssemblyFile>,
+     Write<MaterialInfomation, &Manager::WriteMatsInfoAssemblyFile>, true},
     {RecordKind::Sheets, OnFile<&Manager::ImportShtInfoAssemblyFile>, Count<&Manager::GetShtCount>,
-     At<&Manager::GetShtInfoAtRank>, Copy<ShtInfo>, Attach<ShtInfo, &Manager::AddAndAttachShtInfo>,
-     OnFile<&Manager::ExportShtInfoAssemblyFile>, true},
+     At<&Manager::GetShtInfoAtRank>, Read<ShtInfo, &Manager::ReadShtInfoAssemblyFile>,
+     Write<ShtInfo, &Manager::WriteShtInfoAssemblyFile>, true},
     {RecordKind::PartPrograms, OnFile<&Manager::ImportPrtInfoAssemblyFile>,
-     Count<&Manager::GetPrtCountInMenu>, At<&Manager::GetPrtInfoInMenuAtRank>, Copy<PrtInfo>,
-     Attach<PrtInfo, &Manager::AddAndAttachPrtInfo>, OnFile<&Manager::ExportPrtInfoAssemblyFile>, true},
+     Count<&Manager::GetPrtCountInMenu>, At<&Manager::GetPrtInfoInMenuAtRank>,
+     Read<PrtInfo, &Manager::ReadPrtInfoAssemblyFile>, Write<PrtInfo, &Manager::WritePrtInfoAssemblyFile>,
+     true},
     {RecordKind::MaterialInventory, OnFile<&Manager::ImportMatAmncITAssemblyFile>,
-     Count<&Manager::GetMatAmncITCount>, At<&Manager::GetMatAmncITInfoAtRank>, nullptr, nullptr, nullptr,
-     false},
+     Count<&Manager::GetMatAmncITCount>, At<&Manager::GetMatAmncITInfoAtRank>,
+     Read<MatAmncITInfo, &Manager::ReadMatAmncITAssemblyFile>, nullptr, false},
     {RecordKind::MaterialLibrary, OnFile<&Manager::ImportMatLibraryAssemblyFile>,
-     Count<&Manager::GetMatLibraryInfoCount>, At<&Manager::GetMatLibraryInfoAtRank>, nullptr, nullptr,
-     nullptr, false},
+     Count<&Manager::GetMatLibraryInfoCount>, At<&Manager::GetMatLibraryInfoAtRank>,
+     Read<MatLibraryInfo, &Manager::ReadMatLibraryAssemblyFile>, nullptr, false},
     {RecordKind::JobProgress, nullptr, nullptr, nullptr, nullptr,
-     Attach<JobProgressInfo, &Manager::AddAndAttachJobProgress>,
-     OnFile<&Manager::ExportJobProgressAssemblyFile>, false},
+     Write<JobProgressInfo, &Manager::WriteJobProgressAssemblyFile>, false},
 };
 
 bool Fits(const KindOperations& kind, KindUse use) {
-  const bool isRead = use == KindUse::Export || kind.importFile != nullptr;
-  const bool isWritten = use == KindUse::Import || kind.exportFile != nullptr;
+  const bool isRead = use == KindUse::Export || kind.readFile != nullptr;
+  const bool isWritten = use == KindUse::Import || kind.writeFile != nullptr;
   return isRead && isWritten;
 }
 
 const char* WhyNot(const KindOperations& kind) {
-  return kind.importFile == nullptr ? "is only ever written" : "is only ever read";
+  return kind.readFile == nullptr ? "is only ever written" : "is only ever read";
 }
 
 }  // namespace

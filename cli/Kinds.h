@@ -4,6 +4,7 @@
 
 #include <QVAssemblyFile/RecordKind.h>
 
+#include <functional>
 #include <string>
 
 class CAssemblyFileMgr;
@@ -19,16 +20,21 @@ RecordKind KindForUse(const std::string& name, KindUse use);
 /// The names of all kinds that can be used so: "parts, tools, …".
 std::string KindNames(KindUse use);
 
-/// What the manager offers for one kind. The import-only kinds have neither `attach` nor `exportFile`, the
-/// export-only one has neither `importFile`, `count` nor `at`.
+/// Takes a record of a kind that both sides know; false when no more are wanted. Must not throw.
+using TakeRecord = std::function<bool(void* record)>;
+
+/// Hands all records of a file to `write`; false when the file is to be given up. Must not throw.
+using FeedRecords = std::function<bool(const TakeRecord& write)>;
+
+/// What the manager offers for one kind. The import-only kinds have no `writeFile`, the export-only one has
+/// that alone.
 struct KindOperations {
   RecordKind kind;
   bool (*importFile)(CAssemblyFileMgr& manager, char* path);
   int (*count)(CAssemblyFileMgr& manager);
   void* (*at)(CAssemblyFileMgr& manager, int rank);
-  void* (*copy)(void* record);
-  void (*attach)(CAssemblyFileMgr& manager, void* record);
-  bool (*exportFile)(CAssemblyFileMgr& manager, char* path);
+  bool (*readFile)(CAssemblyFileMgr& manager, char* path, const TakeRecord& take);
+  bool (*writeFile)(CAssemblyFileMgr& manager, char* path, const FeedRecords& feed);
   bool readsWorkbooks;
 };
 

@@ -52,8 +52,8 @@ class WatchedFile final : public OpenFile {
 
 }  // namespace
 
-WatchedFiles::WatchedFiles(Progress& progress, std::int64_t lines)
-    : files_(Files()), progress_(progress), lines_(lines) {
+WatchedFiles::WatchedFiles(Progress& progress, OpenMode counted, std::int64_t lines)
+    : files_(Files()), progress_(progress), counted_(counted), lines_(lines) {
   SetFileSystem(this);
 }
 
@@ -61,9 +61,8 @@ WatchedFiles::~WatchedFiles() { SetFileSystem(&files_ == &PlatformFiles() ? null
 
 std::unique_ptr<OpenFile> WatchedFiles::Open(const std::string& path, OpenMode mode, std::string& reason) {
   auto file = files_.Open(path, mode, reason);
-  if (file == nullptr) return nullptr;
-  return std::make_unique<WatchedFile>(std::move(file), progress_,
-                                       mode == OpenMode::Read ? lines_ : kAllLines);
+  if (file == nullptr || mode != counted_) return file;
+  return std::make_unique<WatchedFile>(std::move(file), progress_, lines_);
 }
 
 }  // namespace qv

@@ -9,13 +9,13 @@
 
 namespace qv {
 
-/// Stands before the file system while it lives: tells the progress of what the library reads and writes, and
+/// Stands before the file system while it lives: tells the progress of what the library reads or writes, and
 /// can end every file after so many lines, for those who want to know only how it starts.
 class WatchedFiles final : public FileSystem {
  public:
   static constexpr std::int64_t kAllLines = -1;
 
-  explicit WatchedFiles(Progress& progress, std::int64_t lines = kAllLines);
+  WatchedFiles(Progress& progress, OpenMode counted, std::int64_t lines = kAllLines);
   ~WatchedFiles() override;
 
   std::unique_ptr<OpenFile> Open(const std::string& path, OpenMode mode, std::string& reason) override;
@@ -38,6 +38,7 @@ class WatchedFiles final : public FileSystem {
  private:
   FileSystem& files_;
   Progress& progress_;
+  OpenMode counted_;
   std::int64_t lines_;
 };
 

@@ -13,6 +13,30 @@
 
 #include <memory>
 #include <new>
+#include <utility>
+
+namespace {
+
+/// A sink that does with each record what a callable says.
+template <class Record, class Take>
+class SinkOf final : public RecordSink<Record> {
+ public:
+  explicit SinkOf(Take take) : take_(take) {}
+  bool Write(const Record& record) override {
+    take_(record);
+    return true;
+  }
+
+ private:
+  Take take_;
+};
+
+template <class Record, class Take>
+SinkOf<Record, Take> MakeSink(Take take) {
+  return SinkOf<Record, Take>(take);
+}
+
+}  // namespace
 
 template <class Record>
 RecordList<Record>::RecordList() = default;
@@ -32,9 +56,17 @@ Record& RecordList<Record>::Begin() {
 }
 
 template <class Record>
-void RecordList<Record>::Keep() {
+bool RecordList<Record>::Keep() {
+  if (handler_ != nullptr) return handler_(Built(built_), handlerContext_);
   hasBegun_ = false;
   ++built_;
+  return true;
+}
+
+template <class Record>
+void RecordList<Record>::HandTo(RecordHandler<Record> handler, void* context) {
+  handler_ = handler;
+  handlerContext_ = context;
 }
 
 template <class Record>
@@ -58,6 +90,36 @@ template <class Record>
 void RecordList<Record>::Stage(std::shared_ptr<qv::AttachedRecord> record) {
   staged_.push_back(std::move(record));
   staged_.back()->TakeOver();
+}
+
+template <class Record>
+void RecordList<Record>::FeedFrom(RecordFeed<Record> feed, void* context) {
+  feed_ = feed;
+  feedContext_ = context;
+}
+
+template <class Record>
+bool RecordList<Record>::WriteInto(RecordSink<Record>& sink) const {
+  if (feed_ != nullptr) return feed_(sink, feedContext_);
+  for (const Record* record : *this)
+    if (!sink.Write(*record)) break;
+  return true;
+}
+
+template <class Record>
+bool RecordList<Record>::TakeFed() {
+  if (feed_ == nullptr) return true;
+  auto sink = MakeSink<Record>([this](const Record& record) {
+    Begin() = record;
+    Keep();
+  });
+  return std::exchange(feed_, nullptr)(sink, feedContext_);
+}
+
+template <class Record>
+bool RecordList<Record>::DropFed() const {
+  auto sink = MakeSink<Record>([](const Record&) {});
+  return feed_ == nullptr || feed_(sink, feedContext_);
 }
 
 template <class Record>

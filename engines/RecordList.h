@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QVAssemblyFile/RecordStream.h>
+
 #include <cstddef>
 #include <memory>
 #include <tuple>
@@ -20,7 +22,7 @@ class AttachedRecord;
 
 /// The records of one kind that an engine holds: built by an import (the engine's own, in blocks of the
 /// list's) or staged for an export (held together with the manager that attached them). All of them go with
-/// the list.
+/// the list. Instead of being held, records may also pass through it one by one.
 template <class Record>
 class RecordList {
  public:
@@ -30,12 +32,28 @@ class RecordList {
   RecordList& operator=(const RecordList&) = delete;
 
   /// A fresh record for the engine to fill. It becomes the last one of the list with Keep(); without, it is
-  /// gone with the next Begin().
+  /// gone with the next Begin(). Keep() returns false when no more records are wanted.
   Record& Begin();
-  void Keep();
+  bool Keep();
+
+  /// From now on what Keep() would add to the list is handed to `handler` and not held.
+  void HandTo(RecordHandler<Record> handler, void* context);
 
   /// Takes a share in a record that a host attached. The library owns it from now on.
   void Stage(std::shared_ptr<qv::AttachedRecord> record);
+
+  /// From now on `feed` stands for the records of the list when they are written.
+  void FeedFrom(RecordFeed<Record> feed, void* context);
+
+  /// Writes all records into the sink; false when the feed gave up.
+  bool WriteInto(RecordSink<Record>& sink) const;
+
+  /// Takes copies of what the feed has to give into the list, for those who need the records more than once.
+  /// False when the feed gave up.
+  bool TakeFed();
+
+  /// Hears the feed out without writing anything; false when it gave up. True without a feed.
+  bool DropFed() const;
 
   std::size_t Size() const { return built_ + staged_.size(); }
   Record* operator[](std::size_t rank) const { return rank < built_ ? Built(rank) : Staged(rank - built_); }
@@ -70,6 +88,10 @@ class RecordList {
   std::size_t built_ = 0;
   bool hasBegun_ = false;
   std::vector<std::shared_ptr<qv::AttachedRecord>> staged_;
+  RecordHandler<Record> handler_ = nullptr;
+  void* handlerContext_ = nullptr;
+  RecordFeed<Record> feed_ = nullptr;
+  void* feedContext_ = nullptr;
 };
 
 /// One list per kind, found by record class.
@@ -82,6 +104,14 @@ class RecordLists {
   template <class Record>
   const RecordList<Record>& Of() const {
     return std::get<RecordList<Record>>(lists_);
+  }
+
+  /// As the lists' own, for the one that has a feed.
+  bool TakeFed() {
+    return std::apply([](auto&... list) { return (list.TakeFed() && ...); }, lists_);
+  }
+  bool DropFed() const {
+    return std::apply([](const auto&... list) { return (list.DropFed() && ...); }, lists_);
   }
 
  private:

@@ -38,7 +38,7 @@ void WritePreamble(const CAssemblyFile& engine, TextFileWriter& file) {
 }
 
 template <class Record>
-class RowWriter {
+class RowWriter final : public RecordSink<Record> {
  public:
   RowWriter(const CAssemblyFile& engine, TextFileWriter& file, const FileReport& report)
       : keywords_(engine.Columns(KindTraits<Record>::kKind)),
@@ -59,11 +59,12 @@ class RowWriter {
     EndLine();
   }
 
-  void Write(const Record& record) {
+  bool Write(const Record& record) override {
     std::size_t rows = 1;
     for (const Column<Record>* column : columns_)
       if (column != nullptr && column->count != nullptr) rows = std::max(rows, column->count(record));
     for (std::size_t row = 0; row < rows; ++row) WriteRow(record, row);
+    return file_.IsWhole();
   }
 
  private:
@@ -101,24 +102,29 @@ class RowWriter {
   std::int64_t line_ = 1;
 };
 
-/// Writes the kind if it has columns.
 template <class Record>
-bool WriteKind(const CAssemblyFile& engine, TextFileWriter& file, const FileReport& report) {
-  if (engine.Columns(KindTraits<Record>::kKind).empty()) return false;
-  RowWriter<Record> writer(engine, file, report);
-  writer.WriteHeader();
-  for (const Record* record : engine.StagedRecords.Of<Record>()) writer.Write(*record);
-  return true;
+bool HasColumns(const CAssemblyFile& engine) {
+  return !engine.Columns(KindTraits<Record>::kKind).empty();
 }
 
-void WriteFirstKind(const CAssemblyFile& engine, TextFileWriter& file, const FileReport& report) {
-  const bool written =
-      WriteKind<PartInformation>(engine, file, report) || WriteKind<ToolInformation>(engine, file, report) ||
-      WriteKind<MaterialInfomation>(engine, file, report) || WriteKind<ShtInfo>(engine, file, report) ||
-      WriteKind<PrtInfo>(engine, file, report) || WriteKind<JobProgressInfo>(engine, file, report);
-  if (!written)
-    report.Tell(DiagnosticCode::NoColumns, 0, {}, {}, {},
-                "the format has no columns; no header and no rows written");
+/// False when what feeds the records gave up.
+template <class Record>
+bool WriteKind(const CAssemblyFile& engine, TextFileWriter& file, const FileReport& report) {
+  RowWriter<Record> writer(engine, file, report);
+  writer.WriteHeader();
+  return engine.StagedRecords.Of<Record>().WriteInto(writer);
+}
+
+bool WriteFirstKind(const CAssemblyFile& engine, TextFileWriter& file, const FileReport& report) {
+  if (HasColumns<PartInformation>(engine)) return WriteKind<PartInformation>(engine, file, report);
+  if (HasColumns<ToolInformation>(engine)) return WriteKind<ToolInformation>(engine, file, report);
+  if (HasColumns<MaterialInfomation>(engine)) return WriteKind<MaterialInfomation>(engine, file, report);
+  if (HasColumns<ShtInfo>(engine)) return WriteKind<ShtInfo>(engine, file, report);
+  if (HasColumns<PrtInfo>(engine)) return WriteKind<PrtInfo>(engine, file, report);
+  if (HasColumns<JobProgressInfo>(engine)) return WriteKind<JobProgressInfo>(engine, file, report);
+  report.Tell(DiagnosticCode::NoColumns, 0, {}, {}, {},
+              "the format has no columns; no header and no rows written");
+  return engine.StagedRecords.DropFed();
 }
 
 }  // namespace
@@ -128,7 +134,7 @@ bool ExportRows(CAssemblyFile& engine, const char* path) {
   TextFileWriter file(path, WorkingPlace::BesideTarget);
   if (file.IsOpen()) {
     WritePreamble(engine, file);
-    WriteFirstKind(engine, file, report);
+    if (!WriteFirstKind(engine, file, report)) return true;
   }
   if (!file.Commit())
     report.Tell(DiagnosticCode::FileNotWritten, 0, {}, {}, {}, "cannot be written: " + file.Reason());

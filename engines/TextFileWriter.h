@@ -13,6 +13,9 @@ class TextFileWriter {
 
   bool IsOpen() const { return open_; }
 
+  /// False once something could not be written: all that follows is in vain.
+  bool IsWhole() const { return open_ && whole_; }
+
   /// The text that has not been written yet; append to it, then end the line.
   std::string& Pending() { return pending_; }
 
@@ -33,12 +36,13 @@ class TextFileWriter {
   static constexpr std::size_t kBlockSize = std::size_t{1} << 18;
 
   void WritePending() {
-    if (open_) file_.Write(pending_);
+    if (open_ && !file_.Write(pending_)) whole_ = false;
     pending_.clear();
   }
 
   ReplacingFile file_;
   bool open_;
+  bool whole_ = true;
   std::string pending_;
 };
 

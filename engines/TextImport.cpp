@@ -27,7 +27,7 @@ void ReadRows(CTxtAssembly& engine, RowReader& rows, const FileReport& report, T
   while (rows.Next()) {
     const FieldViews& row = rows.Row();
     remarks.Tell(rows.LineNumber(), row);
-    if (builder.Build(records.Begin(), row, rows.LineNumber(), row.line)) records.Keep();
+    if (builder.Build(records.Begin(), row, rows.LineNumber(), row.line) && !records.Keep()) break;
   }
 }
 

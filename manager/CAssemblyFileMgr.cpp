@@ -77,26 +77,62 @@ bool RenewEngine(const Configuration& configuration, Engine& engine, const char*
   return engine != nullptr;
 }
 
-template <class Record>
-bool Import(const Configuration& configuration, Engine& engine, const char* path,
-            bool (CAssemblyFile::*operation)(const char*)) {
+using ImportOperation = bool (CAssemblyFile::*)(const char*);
+
+/// `prepare` is called with the engine's list before the engine is at work.
+template <class Record, class Prepare>
+bool Import(const Configuration& configuration, Engine& engine, const char* path, ImportOperation operation,
+            Prepare prepare) {
   if (!RenewEngine(configuration, engine, path)) return false;
   const KindFlag flag(*engine, qv::KindTraits<Record>::kKind);
   ApplyFormat(*engine, CurrentForm(FormatsOf(configuration)), path);
+  prepare(engine->StagedRecords.Of<Record>());
   (engine.get()->*operation)(path);
+  return true;
+}
+
+template <class Record>
+bool Import(const Configuration& configuration, Engine& engine, const char* path, ImportOperation operation) {
+  return Import<Record>(configuration, engine, path, operation, [](RecordList<Record>&) {});
+}
+
+template <class Record>
+bool Read(const Configuration& configuration, Engine& engine, const char* path, ImportOperation operation,
+          RecordHandler<Record> handler, void* context) {
+  if (handler == nullptr) handler = [](Record*, void*) { return true; };
+  const auto handOver = [&](RecordList<Record>& records) { records.HandTo(handler, context); };
+  if (!Import<Record>(configuration, engine, path, operation, handOver)) return false;
+  engine->StagedRecords.Of<Record>().Clear();
+  return true;
+}
+
+template <class Record, class Prepare>
+bool Export(const Configuration& configuration, Engine& engine, const char* path, Prepare prepare) {
+  if (!RenewEngine(configuration, engine, path)) return false;
+  const KindFlag flag(*engine, qv::KindTraits<Record>::kKind);
+  const FormatList& formats = FormatsOf(configuration);
+  ApplyFormat(*engine, CurrentForm(formats), path);
+  prepare(engine->StagedRecords.Of<Record>());
+  engine->FormatName = formats.CurrentFormat;
+  engine->Export(path);
   return true;
 }
 
 template <class Record>
 bool Export(const Configuration& configuration, Engine& engine, const char* path,
             const std::vector<std::shared_ptr<qv::AttachedRecord>>& attached) {
-  if (!RenewEngine(configuration, engine, path)) return false;
-  const KindFlag flag(*engine, qv::KindTraits<Record>::kKind);
-  const FormatList& formats = FormatsOf(configuration);
-  ApplyFormat(*engine, CurrentForm(formats), path);
-  for (const auto& record : attached) engine->StagedRecords.Of<Record>().Stage(record);
-  engine->FormatName = formats.CurrentFormat;
-  engine->Export(path);
+  return Export<Record>(configuration, engine, path, [&](RecordList<Record>& records) {
+    for (const auto& record : attached) records.Stage(record);
+  });
+}
+
+template <class Record>
+bool Write(const Configuration& configuration, Engine& engine, const char* path, RecordFeed<Record> feed,
+           void* context) {
+  if (feed == nullptr) feed = [](RecordSink<Record>&, void*) { return true; };
+  const auto takeFrom = [&](RecordList<Record>& records) { records.FeedFrom(feed, context); };
+  if (!Export<Record>(configuration, engine, path, takeFrom)) return false;
+  engine->StagedRecords.Of<Record>().Clear();
   return true;
 }
 
@@ -215,6 +251,41 @@ bool CAssemblyFileMgr::ImportMatLibraryAssemblyFile(char* path) {
   return Import<MatLibraryInfo>(configuration_, engine_, path, &CAssemblyFile::ImportMaterialLibrary);
 }
 
+bool CAssemblyFileMgr::ReadAssemblyFile(char* path, RecordHandler<PartInformation> handler, void* context) {
+  return Read<PartInformation>(configuration_, engine_, path, &CAssemblyFile::ImportParts, handler, context);
+}
+
+bool CAssemblyFileMgr::ReadToolsAssemblyFile(char* path, RecordHandler<ToolInformation> handler,
+                                             void* context) {
+  return Read<ToolInformation>(configuration_, engine_, path, &CAssemblyFile::ImportTools, handler, context);
+}
+
+bool CAssemblyFileMgr::ReadMatsAssemblyFile(char* path, RecordHandler<MaterialInfomation> handler,
+                                            void* context) {
+  return Read<MaterialInfomation>(configuration_, engine_, path, &CAssemblyFile::ImportMaterials, handler,
+                                  context);
+}
+
+bool CAssemblyFileMgr::ReadShtInfoAssemblyFile(char* path, RecordHandler<ShtInfo> handler, void* context) {
+  return Read<ShtInfo>(configuration_, engine_, path, &CAssemblyFile::ImportSheets, handler, context);
+}
+
+bool CAssemblyFileMgr::ReadPrtInfoAssemblyFile(char* path, RecordHandler<PrtInfo> handler, void* context) {
+  return Read<PrtInfo>(configuration_, engine_, path, &CAssemblyFile::ImportPartPrograms, handler, context);
+}
+
+bool CAssemblyFileMgr::ReadMatAmncITAssemblyFile(char* path, RecordHandler<MatAmncITInfo> handler,
+                                                 void* context) {
+  return Read<MatAmncITInfo>(configuration_, engine_, path, &CAssemblyFile::ImportMaterialInventory, handler,
+                             context);
+}
+
+bool CAssemblyFileMgr::ReadMatLibraryAssemblyFile(char* path, RecordHandler<MatLibraryInfo> handler,
+                                                  void* context) {
+  return Read<MatLibraryInfo>(configuration_, engine_, path, &CAssemblyFile::ImportMaterialLibrary, handler,
+                              context);
+}
+
 bool CAssemblyFileMgr::ExportAssemblyFile(char* path) {
   return Export<PartInformation>(configuration_, engine_, path, state_->Of<PartInformation>());
 }
@@ -237,6 +308,33 @@ bool CAssemblyFileMgr::ExportPrtInfoAssemblyFile(char* path) {
 
 bool CAssemblyFileMgr::ExportJobProgressAssemblyFile(char* path) {
   return Export<JobProgressInfo>(configuration_, engine_, path, state_->Of<JobProgressInfo>());
+}
+
+bool CAssemblyFileMgr::WriteAssemblyFile(char* path, RecordFeed<PartInformation> feed, void* context) {
+  return Write<PartInformation>(configuration_, engine_, path, feed, context);
+}
+
+bool CAssemblyFileMgr::WriteToolsInfoAssemblyFile(char* path, RecordFeed<ToolInformation> feed,
+                                                  void* context) {
+  return Write<ToolInformation>(configuration_, engine_, path, feed, context);
+}
+
+bool CAssemblyFileMgr::WriteMatsInfoAssemblyFile(char* path, RecordFeed<MaterialInfomation> feed,
+                                                 void* context) {
+  return Write<MaterialInfomation>(configuration_, engine_, path, feed, context);
+}
+
+bool CAssemblyFileMgr::WriteShtInfoAssemblyFile(char* path, RecordFeed<ShtInfo> feed, void* context) {
+  return Write<ShtInfo>(configuration_, engine_, path, feed, context);
+}
+
+bool CAssemblyFileMgr::WritePrtInfoAssemblyFile(char* path, RecordFeed<PrtInfo> feed, void* context) {
+  return Write<PrtInfo>(configuration_, engine_, path, feed, context);
+}
+
+bool CAssemblyFileMgr::WriteJobProgressAssemblyFile(char* path, RecordFeed<JobProgressInfo> feed,
+                                                    void* context) {
+  return Write<JobProgressInfo>(configuration_, engine_, path, feed, context);
 }
 
 int CAssemblyFileMgr::GetPartsCount() { return Count<PartInformation>(engine_); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QVAssemblyFile/Export.h>
+#include <QVAssemblyFile/RecordStream.h>
 #include <QVAssemblyFile/WindowHandle.h>
 
 #include <memory>
@@ -71,6 +72,17 @@ class QVASSEMBLY_API CAssemblyFileMgr {
   bool ImportMatAmncITAssemblyFile(char* path);
   bool ImportMatLibraryAssemblyFile(char* path);
 
+  /// The same imports for files of any length: each record is handed to `handler` as soon as it is built, and
+  /// is not kept. Counts are 0 afterwards. Remarks on a row come before its record; those on the format, the
+  /// header row and the lines before it come first of all. With a null handler only the remarks are left.
+  bool ReadAssemblyFile(char* path, RecordHandler<PartInformation> handler, void* context);
+  bool ReadToolsAssemblyFile(char* path, RecordHandler<ToolInformation> handler, void* context);
+  bool ReadMatsAssemblyFile(char* path, RecordHandler<MaterialInfomation> handler, void* context);
+  bool ReadShtInfoAssemblyFile(char* path, RecordHandler<ShtInfo> handler, void* context);
+  bool ReadPrtInfoAssemblyFile(char* path, RecordHandler<PrtInfo> handler, void* context);
+  bool ReadMatAmncITAssemblyFile(char* path, RecordHandler<MatAmncITInfo> handler, void* context);
+  bool ReadMatLibraryAssemblyFile(char* path, RecordHandler<MatLibraryInfo> handler, void* context);
+
   /// Write the attached records of the kind to `path` with the current format, replacing an existing file as
   /// a whole. From then on the library owns these records; each later export writes them again. False when
   /// the file type is not supported.
@@ -80,6 +92,16 @@ class QVASSEMBLY_API CAssemblyFileMgr {
   bool ExportShtInfoAssemblyFile(char* path);
   bool ExportPrtInfoAssemblyFile(char* path);
   bool ExportJobProgressAssemblyFile(char* path);
+
+  /// The same exports for lists of any length: `feed` is called with a sink that writes each record as it
+  /// comes. Attached records are not written, and no record changes its owner. A workbook is made of copies
+  /// of the records, once the feed has come to its end. The feed is not called when the file cannot be begun.
+  bool WriteAssemblyFile(char* path, RecordFeed<PartInformation> feed, void* context);
+  bool WriteToolsInfoAssemblyFile(char* path, RecordFeed<ToolInformation> feed, void* context);
+  bool WriteMatsInfoAssemblyFile(char* path, RecordFeed<MaterialInfomation> feed, void* context);
+  bool WriteShtInfoAssemblyFile(char* path, RecordFeed<ShtInfo> feed, void* context);
+  bool WritePrtInfoAssemblyFile(char* path, RecordFeed<PrtInfo> feed, void* context);
+  bool WriteJobProgressAssemblyFile(char* path, RecordFeed<JobProgressInfo> feed, void* context);
 
   /// What the last import read; 0 and null without one. A rank outside the list gives null.
   int GetPartsCount();

@@ -13,5 +13,6 @@
 #include <QVAssemblyFile/PartInformation.h>
 #include <QVAssemblyFile/PrtInfo.h>
 #include <QVAssemblyFile/RecordKind.h>
+#include <QVAssemblyFile/RecordStream.h>
 #include <QVAssemblyFile/ShtInfo.h>
 #include <QVAssemblyFile/ToolInformation.h>

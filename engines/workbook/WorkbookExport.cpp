@@ -68,6 +68,9 @@ void SaveAndQuit(SpreadsheetApplication& application, std::unique_ptr<Workbook> 
 }  // namespace
 
 bool ExportWorkbook(CAssemblyFile& engine, const char* path) {
+  // The lists of part programs go over their records once each, and no second application is started while
+  // this one is at work.
+  if (!engine.StagedRecords.TakeFed()) return false;
   const FileReport report(path);
   const auto fail = [&](DiagnosticCode code, const std::string& reason) {
     report.Tell(code, 0, {}, {}, {}, "cannot be written: " + reason);

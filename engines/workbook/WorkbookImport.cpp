@@ -73,7 +73,7 @@ void ReadRows(CAssemblyFile& engine, OpenedSheet& sheet, const FileReport& repor
   for (sheet.row = headerRow + std::int64_t{1}; sheet.row <= sheet.rows; ++sheet.row) {
     const FieldViews& fields = cells.Read(sheet.cells, static_cast<std::int32_t>(sheet.row));
     const std::string text = report.IsWanted() ? cells.Text() : std::string();
-    if (builder.Build(records.Begin(), fields, sheet.row, text)) records.Keep();
+    if (builder.Build(records.Begin(), fields, sheet.row, text) && !records.Keep()) break;
   }
 }
 

@@ -146,7 +146,7 @@ TEST(WatchedFiles, EndAfterSoManyLinesInAnyBlocks) {
     std::ostringstream out;
     const Streams streams{in, out, out};
     Progress progress(streams);
-    const WatchedFiles watched(progress, 2);
+    const WatchedFiles watched(progress, OpenMode::Read, 2);
     std::string reason;
     const auto file = Files().Open("a.txt", OpenMode::Read, reason);
     std::string text;

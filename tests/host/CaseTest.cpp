@@ -21,13 +21,17 @@ namespace {
 
 using nlohmann::json;
 
+using Take = std::function<bool(void*)>;
+
 struct KindOperations {
   RecordKind kind;
   std::function<bool(CAssemblyFileMgr&, char*)> import;
   std::function<int(CAssemblyFileMgr&)> count;
   std::function<void*(CAssemblyFileMgr&, int)> at;
+  std::function<bool(CAssemblyFileMgr&, char*, Take&)> read;
   std::function<void(CAssemblyFileMgr&, void*)> attach;
   std::function<bool(CAssemblyFileMgr&, char*)> write;
+  std::function<bool(CAssemblyFileMgr&, char*, std::vector<void*>&)> writeSingly;
 };
 
 template <class Record>
@@ -36,33 +40,61 @@ std::function<void(CAssemblyFileMgr&, void*)> AttachWith(void (CAssemblyFileMgr:
       [attach](CAssemblyFileMgr& manager, void* record) { (manager.*attach)(static_cast<Record*>(record)); };
 }
 
+template <class Record>
+std::function<bool(CAssemblyFileMgr&, char*, Take&)> ReadWith(
+    bool (CAssemblyFileMgr::*read)(char*, RecordHandler<Record>, void*)) {
+  return [read](CAssemblyFileMgr& manager, char* path, Take& take) {
+    const auto handler = [](Record* record, void* context) { return (*static_cast<Take*>(context))(record); };
+    return (manager.*read)(path, handler, &take);
+  };
+}
+
+template <class Record>
+std::function<bool(CAssemblyFileMgr&, char*, std::vector<void*>&)> WriteWith(
+    bool (CAssemblyFileMgr::*write)(char*, RecordFeed<Record>, void*)) {
+  return [write](CAssemblyFileMgr& manager, char* path, std::vector<void*>& records) {
+    const auto feed = [](RecordSink<Record>& sink, void* context) {
+      for (void* record : *static_cast<std::vector<void*>*>(context))
+        sink.Write(*static_cast<Record*>(record));
+      return true;
+    };
+    return (manager.*write)(path, feed, &records);
+  };
+}
+
 const std::map<std::string, KindOperations>& Kinds() {
   using M = CAssemblyFileMgr;
   static const std::map<std::string, KindOperations> kinds = {
       {"parts",
        {RecordKind::Parts, &M::ImportAssemblyFile, &M::GetPartsCount, &M::GetPartInfoAtRank,
-        AttachWith(&M::AddAndAttachPart), &M::ExportAssemblyFile}},
+        ReadWith(&M::ReadAssemblyFile), AttachWith(&M::AddAndAttachPart), &M::ExportAssemblyFile,
+        WriteWith(&M::WriteAssemblyFile)}},
       {"tools",
        {RecordKind::Tools, &M::ImportToolsAssemblyFile, &M::GetToolsCount, &M::GetToolInfoAtRank,
-        AttachWith(&M::AddAndAttachTool), &M::ExportToolsInfoAssemblyFile}},
+        ReadWith(&M::ReadToolsAssemblyFile), AttachWith(&M::AddAndAttachTool),
+        &M::ExportToolsInfoAssemblyFile, WriteWith(&M::WriteToolsInfoAssemblyFile)}},
       {"materials",
        {RecordKind::Materials, &M::ImportMatsAssemblyFile, &M::GetMatsCount, &M::GetMatInfoAtRank,
-        AttachWith(&M::AddAndAttachMat), &M::ExportMatsInfoAssemblyFile}},
+        ReadWith(&M::ReadMatsAssemblyFile), AttachWith(&M::AddAndAttachMat), &M::ExportMatsInfoAssemblyFile,
+        WriteWith(&M::WriteMatsInfoAssemblyFile)}},
       {"sheets",
        {RecordKind::Sheets, &M::ImportShtInfoAssemblyFile, &M::GetShtCount, &M::GetShtInfoAtRank,
-        AttachWith(&M::AddAndAttachShtInfo), &M::ExportShtInfoAssemblyFile}},
+        ReadWith(&M::ReadShtInfoAssemblyFile), AttachWith(&M::AddAndAttachShtInfo),
+        &M::ExportShtInfoAssemblyFile, WriteWith(&M::WriteShtInfoAssemblyFile)}},
       {"part-programs",
        {RecordKind::PartPrograms, &M::ImportPrtInfoAssemblyFile, &M::GetPrtCountInMenu,
-        &M::GetPrtInfoInMenuAtRank, AttachWith(&M::AddAndAttachPrtInfo), &M::ExportPrtInfoAssemblyFile}},
+        &M::GetPrtInfoInMenuAtRank, ReadWith(&M::ReadPrtInfoAssemblyFile),
+        AttachWith(&M::AddAndAttachPrtInfo), &M::ExportPrtInfoAssemblyFile,
+        WriteWith(&M::WritePrtInfoAssemblyFile)}},
       {"material-inventory",
        {RecordKind::MaterialInventory, &M::ImportMatAmncITAssemblyFile, &M::GetMatAmncITCount,
-        &M::GetMatAmncITInfoAtRank, nullptr, nullptr}},
+        &M::GetMatAmncITInfoAtRank, ReadWith(&M::ReadMatAmncITAssemblyFile), nullptr, nullptr, nullptr}},
       {"material-library",
        {RecordKind::MaterialLibrary, &M::ImportMatLibraryAssemblyFile, &M::GetMatLibraryInfoCount,
-        &M::GetMatLibraryInfoAtRank, nullptr, nullptr}},
+        &M::GetMatLibraryInfoAtRank, ReadWith(&M::ReadMatLibraryAssemblyFile), nullptr, nullptr, nullptr}},
       {"job-progress",
-       {RecordKind::JobProgress, nullptr, nullptr, nullptr, AttachWith(&M::AddAndAttachJobProgress),
-        &M::ExportJobProgressAssemblyFile}},
+       {RecordKind::JobProgress, nullptr, nullptr, nullptr, nullptr, AttachWith(&M::AddAndAttachJobProgress),
+        &M::ExportJobProgressAssemblyFile, WriteWith(&M::WriteJobProgressAssemblyFile)}},
   };
   return kinds;
 }
@@ -237,10 +269,45 @@ class CaseTest : public testing::TestWithParam<TestCase> {
     }
   }
 
+  /// Reading record by record gives what the list held.
+  void CheckReading() {
+    std::vector<std::string> held, read;
+    for (int rank = 0; rank < kind->count(manager); ++rank) held.push_back(AllOf(kind->at(manager, rank)));
+    Take take = [&](void* record) {
+      read.push_back(AllOf(record));
+      return true;
+    };
+    EXPECT_TRUE(kind->read(manager, host::Path(path), take));
+    EXPECT_EQ(read, held);
+    EXPECT_EQ(kind->count(manager), 0);
+  }
+
+  std::string AllOf(void* record) const {
+    std::string all;
+    for (const qv::RecordField& field : qv::RecordTypeOf(kind->kind).fields)
+      all.append(field.stem).append(" ").append(ToJson(record, field).dump()).append("\n");
+    return all;
+  }
+
+  static std::vector<qv::AnyRecord> ExportedRecords(const TestCase& c, const qv::RecordType& type) {
+    std::vector<qv::AnyRecord> records;
+    for (const std::string& line : c.Lines("export")) records.push_back(FromJson(json::parse(line), type));
+    return records;
+  }
+
   void CheckExport(const TestCase& c) {
-    for (const std::string& line : c.Lines("export"))
-      kind->attach(manager, FromJson(json::parse(line), qv::RecordTypeOf(kind->kind)).Release());
+    for (qv::AnyRecord& record : ExportedRecords(c, qv::RecordTypeOf(kind->kind)))
+      kind->attach(manager, record.Release());
     EXPECT_TRUE(kind->write(manager, host::Path(path)));
+    EXPECT_EQ(TemporaryFolder::Read(path), host::AsTextFile(c.Text("output")));
+  }
+
+  /// Records that are fed one by one give the file that attached ones give.
+  void CheckWriting(const TestCase& c) {
+    std::vector<void*> fed;
+    const auto records = ExportedRecords(c, qv::RecordTypeOf(kind->kind));
+    for (const qv::AnyRecord& record : records) fed.push_back(record.Pointer());
+    EXPECT_TRUE(kind->writeSingly(manager, host::Path(path), fed));
     EXPECT_EQ(TemporaryFolder::Read(path), host::AsTextFile(c.Text("output")));
   }
 
@@ -263,12 +330,14 @@ class CaseTest : public testing::TestWithParam<TestCase> {
 TEST_P(CaseTest, Holds) {
   const TestCase& c = GetParam();
   SCOPED_TRACE(c.file + ":" + std::to_string(c.lineNumber) + ": " + c.name);
-  const DiagnosticLog log;
-  if (c.Has("export"))
-    CheckExport(c);
-  else
-    CheckImport(c);
-  EXPECT_EQ(RemarksOf(log), c.Lines("diagnostics"));
+  for (const bool singly : {false, true}) {
+    const DiagnosticLog log;
+    if (c.Has("export"))
+      singly ? CheckWriting(c) : CheckExport(c);
+    else
+      singly ? CheckReading() : CheckImport(c);
+    EXPECT_EQ(RemarksOf(log), c.Lines("diagnostics")) << (singly ? "one by one" : "as a list");
+  }
 }
 
 std::string NameOf(const testing::TestParamInfo<TestCase>& info) {

@@ -169,6 +169,59 @@ TEST_F(ManagerTest, KeepsAttachedRecordsAcrossExports) {
   EXPECT_EQ(TemporaryFolder::Read(first), TemporaryFolder::Read(second));
 }
 
+// What a host does that converts a file of any length: the one manager reads while the other writes.
+struct Copying {
+  CAssemblyFileMgr& reader;
+  std::string from;
+  int left;    // how many records to ask for
+  bool gives;  // whether the feed ends well
+  RecordSink<PartInformation>* sink = nullptr;
+
+  static bool Take(PartInformation* part, void* self) {
+    auto& copying = *static_cast<Copying*>(self);
+    return copying.sink->Write(*part) && --copying.left > 0;
+  }
+  static bool Feed(RecordSink<PartInformation>& sink, void* self) {
+    auto& copying = *static_cast<Copying*>(self);
+    copying.sink = &sink;
+    return copying.reader.ReadAssemblyFile(Path(copying.from), Take, self) && copying.gives;
+  }
+};
+
+TEST_F(ManagerTest, CopiesRecordByRecordAsFarAsIsWanted) {
+  const std::string file = folder.Write("a.csv", "\nname,quantity\nA,1\nB,2\nC,3\n");
+  CAssemblyFileMgr reader(manager);
+  const std::string header = "[FMT_Name=Parts]\n\"PartName\",\"PartQuantity\",\n";
+  const struct {
+    int wanted;
+    bool gives;
+    std::string written;
+  } cases[] = {{9, true, "\"A\",\"1\"\n\"B\",\"2\"\n\"C\",\"3\"\n"},
+               {2, true, "\"A\",\"1\"\n\"B\",\"2\"\n"},
+               {1, true, "\"A\",\"1\"\n"},
+               {9, false, {}}};
+  for (const auto& c : cases) {
+    const std::string out = folder.Write("out.csv", "as it was");
+    Copying copying{reader, file, c.wanted, c.gives};
+    EXPECT_TRUE(manager.WriteAssemblyFile(Path(out), Copying::Feed, &copying));
+    EXPECT_EQ(TemporaryFolder::Read(out), c.gives ? host::AsTextFile(header + c.written) : "as it was");
+    EXPECT_EQ(reader.GetPartsCount() + manager.GetPartsCount(), 0);
+    EXPECT_EQ(reader.GetHeaderCount(), 2);
+  }
+  Copying onto{reader, file, 9, true};
+  EXPECT_TRUE(manager.WriteAssemblyFile(Path(file), Copying::Feed, &onto));
+  EXPECT_EQ(TemporaryFolder::Read(file), host::AsTextFile(header + cases[0].written));
+  // Without columns there is nothing to write, but the feed may still find that there is nothing to read.
+  manager.SetCurrentFormat("none");
+  Copying fruitless{reader, file, 9, false};
+  const std::string out = folder.Write("out.csv", "as it was");
+  EXPECT_TRUE(manager.WriteAssemblyFile(Path(out), Copying::Feed, &fruitless));
+  EXPECT_EQ(TemporaryFolder::Read(out), "as it was");
+  EXPECT_NE(fruitless.sink, nullptr);
+  EXPECT_TRUE(reader.ReadAssemblyFile(Path(file), nullptr, nullptr));
+  EXPECT_FALSE(reader.ReadAssemblyFile(Path(folder / "a.doc"), nullptr, nullptr));
+}
+
 TEST_F(ManagerTest, LeavesUnexportedRecordsToTheHost) {
   const auto part = std::make_unique<PartInformation>();
   {
