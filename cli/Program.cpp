@@ -132,6 +132,7 @@ int RunProgram(const std::vector<std::string>& arguments, const Streams& streams
   program.footer(kFooter);
   program.require_subcommand(1);
   program.fallthrough();
+  program.allow_windows_style_options(false);  // what starts with a slash is a path, on every platform
   CommonOptions options;
   AddCommonOptions(program, options);
   AddCommands(program, session);

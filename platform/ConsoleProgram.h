@@ -29,7 +29,11 @@ class ConsoleScope {
   ConsoleScope(const ConsoleScope&) = delete;
   ConsoleScope& operator=(const ConsoleScope&) = delete;
 
+  /// False where a terminal shows colour sequences instead of obeying them.
+  bool ObeysColour() const { return obeysColour_; }
+
  private:
+  bool obeysColour_ = true;
   [[maybe_unused]] unsigned previousCodePage_ = 0;  // where the platform has one
 };
 

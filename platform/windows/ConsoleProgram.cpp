@@ -68,8 +68,9 @@ ConsoleScope::ConsoleScope() : previousCodePage_(GetConsoleOutputCP()) {
   for (int stream = 0; stream < kStandardStreams; ++stream) _setmode(stream, _O_BINARY);
   for (const int stream : {kOutput, kError}) {
     DWORD mode = 0;
-    if (ConsoleMode(stream, mode)) {
-      SetConsoleMode(StreamHandle(stream), mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+    if (ConsoleMode(stream, mode) &&
+        SetConsoleMode(StreamHandle(stream), mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) == FALSE) {
+      obeysColour_ = false;
     }
   }
   Gather(stdout, kOutput);

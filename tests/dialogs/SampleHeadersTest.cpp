@@ -3,9 +3,8 @@
 #include "dialogs/HeaderNames.h"
 #include "tests/dialogs/FormatFileText.h"
 #include "tests/support/FakeSpreadsheet.h"
+#include "tests/support/Host.h"
 #include "tests/support/TemporaryFolder.h"
-
-#include <QVAssemblyFile/MessageBox.h>
 
 #include <gtest/gtest.h>
 
@@ -36,8 +35,7 @@ TEST(SampleHeadersTest, WhatASampleGives) {
       {"empty.csv", "", 1, ""},
       {"blank.csv", "\n", 1, ""},
   };
-  std::string message;
-  SetMessageBoxHandler([](const char* text, void* to) { *static_cast<std::string*>(to) = text; }, &message);
+  const host::Boxes boxes;
   for (const auto& row : cases) {
     SCOPED_TRACE(row.fileName);
     if (row.bytes != nullptr) folder.Write(row.fileName, row.bytes);
@@ -48,21 +46,23 @@ TEST(SampleHeadersTest, WhatASampleGives) {
   }
   EXPECT_EQ(Joined(qv::ReadSampleHeaders("", {})), "");
   EXPECT_EQ(Joined(qv::ReadSampleHeaders("folder.csv/file", {})), "");
-  SetMessageBoxHandler(nullptr, nullptr);
-  EXPECT_EQ(message, "");
+  EXPECT_TRUE(boxes.all.empty());
 }
 
 TEST(SampleHeadersTest, AWorkbookGivesItsHeaderRow) {
   const TemporaryFolder folder;
   FakeSpreadsheet office;
+  const host::Boxes boxes;
   const std::string path = folder / "jobs.xls";
   FakeSpreadsheet::Store(path, {{"[FMT_Name=F]"}, {"Name", "Due"}, {"A1", "2026"}});
   OptionForm form;
   form.StartLine = 2;
   EXPECT_EQ(Joined(qv::ReadSampleHeaders(path, form)), "Name Due");
   EXPECT_EQ(office.Running, 0);
+  EXPECT_TRUE(boxes.all.empty());
   office.Installed = false;
   EXPECT_EQ(Joined(qv::ReadSampleHeaders(path, form)), "");
+  EXPECT_EQ(boxes.all, std::vector<std::string>{"Error"});
 }
 
 TEST(SampleHeadersTest, TwoNamesAreKeptButNotShown) {

@@ -88,7 +88,7 @@ int Run(const ProgramCall& call, const TemporaryFolder& streams) {
   PROCESS_INFORMATION process{};
   if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, Wide(call.folder).c_str(),
                       &start, &process))
-    throw std::runtime_error(call.program + " cannot be started");
+    throw std::runtime_error(call.program + " cannot be started: error " + std::to_string(GetLastError()));
   const Handle thread(process.hThread);
   const Handle child(process.hProcess);
   WaitForSingleObject(child.Get(), INFINITE);
