@@ -12,6 +12,7 @@
 #include <rtl/bootstrap.hxx>
 
 #include <atomic>
+#include <csignal>
 #include <thread>
 
 namespace qv {
@@ -33,10 +34,29 @@ css::uno::Reference<css::uno::XComponentContext> LocalContext(const std::string&
   return cppu::defaultBootstrap_InitialComponentContext();
 }
 
+/// Keeps SIGPIPE from this thread, and for good from those that it starts, while it lives. The line to the
+/// office is written by threads of its own; when the office dies, the signal would end the host.
+class NoPipeSignal {
+ public:
+  NoPipeSignal() {
+    sigset_t pipe;
+    sigemptyset(&pipe);
+    sigaddset(&pipe, SIGPIPE);
+    pthread_sigmask(SIG_BLOCK, &pipe, &before_);
+  }
+  ~NoPipeSignal() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+  NoPipeSignal(const NoPipeSignal&) = delete;
+  NoPipeSignal& operator=(const NoPipeSignal&) = delete;
+
+ private:
+  sigset_t before_;
+};
+
 }  // namespace
 
 OfficeConnection::OfficeConnection(const std::string& programFolder)
     : process_(programFolder, NewPipeName()), context_(LocalContext(programFolder)) {
+  const NoPipeSignal inNewThreads;
   try {
     Connect();
   } catch (...) {
