@@ -1,4 +1,8 @@
+#include "cli/CheckReport.h"
 #include "cli/DataFile.h"
+#include "cli/RejectedRows.h"
+#include "cli/Suggestions.h"
+#include "platform/CodePage.h"
 
 #include <CLI/CLI.hpp>
 
@@ -8,27 +12,44 @@ namespace qv {
 namespace {
 
 constexpr const char* kFooter = R"(
-Ends with 1 when something was not taken as it stands in the file.
+Ends with 1 when something was not taken as it stands in the file. Suggestions
+are given only where they are certain, and do not count.
 
 Examples:
   qvassembly check --kind parts --format orders parts.csv
-  qvassembly check --kind tools --diagnostics json tools.txt 2>report.jsonl)";
+  qvassembly check --kind parts --rejects left-out.csv parts.csv
+  qvassembly check --kind tools --as json tools.txt | jq .counts)";
 
-std::string Counted(std::int64_t count, const std::string& what) {
-  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+struct CheckOptions : FileOptions {
+  std::string as = "text";
+  std::optional<std::string> rejects;
+};
+
+std::optional<RejectedRows> PrepareRejects(const CheckOptions& options) {
+  if (!options.rejects) return std::nullopt;
+  if (IsWorkbook(options.file)) throw UsageError("--rejects: the rows of a workbook are no lines of text");
+  return std::optional<RejectedRows>(std::in_place, options.file, *options.rejects);
 }
 
-int RunCheck(Session& session, const FileOptions& options) {
+int RunCheck(Session& session, const CheckOptions& options) {
   const RecordKind kind = KindForUse(options.kind, KindUse::Import);
+  std::optional<RejectedRows> rejects = PrepareRejects(options);
+  CheckReport report(session, options.file, options.kind, options.as == "json",
+                     rejects ? &*rejects : nullptr);
   const FormatFile formats(options.config, {options.file}, session.remarks);
   const OptionForm& form = formats.FindFor(options.format, options.file, session.remarks);
   CAssemblyFileMgr manager;
   std::int64_t records = 0;
-  ReadFile(session, manager, {options.file, kind, formats, form}, [&](void*) { ++records; });
-  const std::int64_t warnings = session.remarks.Warnings();
-  session.remarks.Note(options.file + ": " + Counted(records, "record") + ", " +
-                       (warnings == 0 ? "nothing to remark on" : Counted(warnings, "remark")));
-  return warnings == 0 ? kDone : kWarned;
+  try {
+    ReadFile(session, manager, {options.file, kind, formats, form}, [&](void*) { ++records; });
+  } catch (...) {
+    report.Abandon();
+    throw;
+  }
+  if (rejects) rejects->Commit();
+  report.Finish(Suggestions(options.file, form, RecordTypeOf(kind), session.coding), ToUtf8(form.Name),
+                records);
+  return session.remarks.Warnings() == 0 ? kDone : kWarned;
 }
 
 }  // namespace
@@ -36,10 +57,15 @@ int RunCheck(Session& session, const FileOptions& options) {
 void AddCheckCommand(CLI::App& program, Session& session) {
   CLI::App* const command =
       program.add_subcommand("check", "Read a data file and print only what is wrong with it");
-  const auto options = std::make_shared<FileOptions>();
+  const auto options = std::make_shared<CheckOptions>();
   AddKindOption(*command, *options, KindNames(KindUse::Import));
   AddConfigOption(*command, options->config);
   AddFormatOption(*command, *options);
+  command->add_option("--as", options->as, "text (remarks on standard error) or json (one document)")
+      ->check(CLI::IsMember({"text", "json"}))
+      ->type_name("FORM");
+  command->add_option("--rejects", options->rejects, "writes the rows that are left out, as they stand")
+      ->type_name("FILE");
   AddFileArgument(*command, *options, "FILE", "the data file");
   command->footer(kFooter);
   command->callback(

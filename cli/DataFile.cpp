@@ -18,6 +18,13 @@ std::int64_t SizeOf(const Utf8Path& file) {
   return none ? 0 : static_cast<std::int64_t>(size);
 }
 
+bool HasExtension(const Utf8Path& file, std::string_view wanted) {
+  std::string extension = file.substr(file.size() - std::min(file.size(), wanted.size()));
+  std::transform(extension.begin(), extension.end(), extension.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return extension == wanted;
+}
+
 bool IsAboutColumns(DiagnosticCode code) {
   return code == DiagnosticCode::UnknownColumn || code == DiagnosticCode::NoColumns ||
          code == DiagnosticCode::PositionTaken || code == DiagnosticCode::InvalidPosition;
@@ -38,12 +45,9 @@ std::string PrepareReading(Session& session, CAssemblyFileMgr& manager, const Da
 
 }  // namespace
 
-bool IsWorkbook(const Utf8Path& file) {
-  std::string extension = file.substr(file.size() - std::min<std::size_t>(file.size(), 4));
-  std::transform(extension.begin(), extension.end(), extension.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return extension == ".xls";
-}
+bool IsWorkbook(const Utf8Path& file) { return HasExtension(file, ".xls"); }
+
+bool IsCsv(const Utf8Path& file) { return HasExtension(file, ".csv"); }
 
 void ImportFile(Session& session, CAssemblyFileMgr& manager, const DataFile& file) {
   std::string path = PrepareReading(session, manager, file);

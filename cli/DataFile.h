@@ -42,7 +42,8 @@ std::vector<std::string> ReadHeaders(Session& session, const FormatFile& formats
 /// The headers that the manager's last import found, in UTF-8.
 std::vector<std::string> HeadersOf(const Session& session, CAssemblyFileMgr& manager);
 
-/// True for a path that ends in ".xls", in any case.
+/// What the path's extension (".xls", ".csv") says of the file, in any case.
 bool IsWorkbook(const Utf8Path& file);
+bool IsCsv(const Utf8Path& file);
 
 }  // namespace qv

@@ -23,6 +23,7 @@ struct Remark {
   std::string code;  ///< stable name for machines
   std::string text;  ///< as it was found
   std::string message;
+  std::string stored = {};  ///< what went into the record, where the remark is about a cell
 };
 
 /// The command line asks for something that cannot be.

@@ -62,7 +62,7 @@ Remarks::~Remarks() {
 
 void Remarks::Warn(const Remark& remark) {
   ++warnings_;
-  Tell(remark);
+  if (listener_ == nullptr || listener_->Hear(remark)) Tell(remark);
 }
 
 void Remarks::Fail(const Remark& remark) {
@@ -79,9 +79,10 @@ void Remarks::Note(const std::string& sentence) {
 
 void Remarks::Receive(const Diagnostic& diagnostic) {
   if (silence_ != nullptr && silence_->Keep(diagnostic.code)) return;
-  const Remark remark{ToUtf8(diagnostic.file),         diagnostic.line,
-                      ToUtf8(diagnostic.column),       DiagnosticCodeName(diagnostic.code),
-                      coding_.Decode(diagnostic.text), coding_.Decode(diagnostic.message)};
+  const Remark remark{ToUtf8(diagnostic.file),          diagnostic.line,
+                      ToUtf8(diagnostic.column),        DiagnosticCodeName(diagnostic.code),
+                      coding_.Decode(diagnostic.text),  coding_.Decode(diagnostic.message),
+                      coding_.Decode(diagnostic.stored)};
   IsFailure(diagnostic.code) ? Fail(remark) : Warn(remark);
 }
 

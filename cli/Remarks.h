@@ -13,6 +13,15 @@
 
 namespace qv {
 
+/// Hears what is remarked on before it is told.
+class RemarkListener {
+ public:
+  virtual ~RemarkListener() = default;
+
+  /// Returns false when the remark need not be told any more.
+  virtual bool Hear(const Remark& remark) = 0;
+};
+
 /// Everything that is told to the user besides the data: what the library reports while this lives, and what
 /// the commands themselves have to say. Goes to standard error as lines of text or of JSON.
 class Remarks {
@@ -27,10 +36,15 @@ class Remarks {
   /// What the library's remarks quote is in this encoding.
   void UseCoding(const TextCoding& coding) { coding_ = coding; }
 
+  /// Hears every warning from now on; null: nobody.
+  void SetListener(RemarkListener* listener) { listener_ = listener; }
+
   /// The data was not taken as it stood.
   void Warn(const Remark& remark);
   /// The work could not be done.
   void Fail(const Remark& remark);
+  /// What may help, and is no warning.
+  void Advise(const Remark& remark) { Tell(remark); }
   /// A plain sentence that is no warning; nothing in JSON.
   void Note(const std::string& sentence);
 
@@ -82,6 +96,7 @@ class Remarks {
   bool isJson_ = false;
   bool failed_ = false;
   Silence* silence_ = nullptr;
+  RemarkListener* listener_ = nullptr;
   std::int64_t warnings_ = 0;
   std::string messageBox_;
 };

@@ -9,7 +9,7 @@ declare -gA _qvassembly_options=(
   [export]='--kind --config --format --records'
   [convert]='--kind --config --from --to'
   [headers]='--config --format'
-  [check]='--kind --config --format'
+  [check]='--kind --config --format --as --rejects'
   [formats]='--config'
   [formats list]='--config --as'
   [formats show]='--config --as'
@@ -37,7 +37,7 @@ declare -gA _qvassembly_kinds=(
 # Whether the option is followed by a value.
 _qvassembly_takes_value() {
   case $1 in
-    --kind | --config | --format | --from | --to | --as | --records | --sample | --diagnostics | --encoding) ;;
+    --kind | --config | --format | --from | --to | --as | --records | --rejects | --sample | --diagnostics | --encoding) ;;
     --start-line | --delimiters | --other | --qualifier | --part-key | --columns | --set) ;;
     *) return 1 ;;
   esac
@@ -78,6 +78,7 @@ _qvassembly_value() {
     --format | --from | --to) _qvassembly_offer < <(_qvassembly_formats) ;;
     --config) _qvassembly_offer_files 'xml' ;;
     --records) _qvassembly_offer_files 'json|jsonl' ;;
+    --rejects) _qvassembly_offer_files 'csv|txt' ;;
     --sample) _qvassembly_offer_files 'csv|txt|xls' ;;
     --as)
       case $command in

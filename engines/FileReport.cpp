@@ -32,6 +32,10 @@ std::string Quoted(std::string_view text) {
   return quoted;
 }
 
+std::string Counted(std::size_t count, const char* what) {
+  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
 void FileReport::Tell(DiagnosticCode code, std::int64_t line, std::string_view column, std::string_view text,
                       std::string_view stored, std::string message) const {
   if (!wanted_) return;

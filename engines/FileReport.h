@@ -29,6 +29,9 @@ class FileReport {
   bool wanted_;
 };
 
+/// "1 field", "2 fields".
+std::string Counted(std::size_t count, const char* what);
+
 /// `text` in quotes for a sentence, cut when it is long.
 std::string Quoted(std::string_view text);
 

@@ -72,8 +72,7 @@ class RecordBuilder {
 
   void TellLength(const FieldViews& row, std::int64_t line, std::string_view text) const {
     if (columns_.empty()) return;
-    const std::string counts =
-        std::to_string(row.total) + " fields for " + std::to_string(columns_.size()) + " columns";
+    const std::string counts = Counted(row.total, "field") + " for " + Counted(columns_.size(), "column");
     if (row.total > columns_.size())
       report_.Tell(DiagnosticCode::RowTooLong, line, {}, text, {}, counts + "; the surplus is ignored");
     // A last cell that is empty looks like no cell at all.

@@ -48,10 +48,11 @@ int ReadNumber(const std::string& text, const char* attribute, const Source& sou
   return number;
 }
 
-// Only this very word sets the flag, not even the "1" that a set flag is saved as.
+// Only this very word sets the flag, not even the "1" that a set flag is saved as. What saving writes is no
+// news at every load, though.
 bool ReadFlag(const std::string& text, const char* attribute, const Source& source) {
   if (text == kTrue) return true;
-  if (!text.empty() && text != "0" && text != "false") {
+  if (!text.empty() && text != "0" && text != "1" && text != "false") {
     ReportAttribute(source, attribute, DiagnosticCode::UnknownWord, text, "false",
                     "is not the word \"true\"");
   }

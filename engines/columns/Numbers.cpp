@@ -137,6 +137,8 @@ Parsed<double> ParseReal(std::string_view text) {
   if (result.ec == std::errc::result_out_of_range) {
     value = BeyondRange({at, static_cast<std::size_t>(result.ptr - at)}, hexadecimal);
     remark = Remark::NumberOutOfRange;
+  } else if (remark == Remark::None && !std::isfinite(value)) {
+    remark = std::isnan(value) ? Remark::NotANumber : Remark::NumberOutOfRange;
   }
   return {negative ? -value : value, remark};
 }

@@ -83,9 +83,10 @@ TEST_F(ProgramTest, RecordsThatCannotBeReadToTheirEndAreNotWritten) {
 
 // Whichever call fails, the file is the old one or the new one, and the exit code tells which.
 void ExpectOldOrNew(const std::vector<std::string>& arguments, const std::string& target,
-                    const std::string& fresh) {
+                    const std::string& fresh, int done = 0) {
   const std::map<std::string, std::string> start = {{"f.xml", kFormats},
                                                     {"a.txt", "name,qty\nA1,5\n"},
+                                                    {"mixed.txt", "name,qty\nA1,5\n,2\n\nA2,1\n"},
                                                     {"r.json", "[{\"PartName\":\"A1\"}]"},
                                                     {"out.csv", "old"}};
   const std::string old = start.at(target);
@@ -94,11 +95,12 @@ void ExpectOldOrNew(const std::vector<std::string>& arguments, const std::string
   ForEachFailure(
       start, [&](FakeFileSystem&) { code = RunOn(arguments).code; },
       [&](FakeFileSystem& files) {
-        failures += code != 0;
+        failures += code != done;
         std::string content = files.Contents[target];
         if (qv::kLineEnd == "\r\n") std::erase(content, '\r');
-        EXPECT_EQ(content, code == 0 ? fresh : old) << "exit code " << code;
-        EXPECT_TRUE(code == 0 || code == 3) << code;
+        EXPECT_EQ(content, code == done ? fresh : old) << "exit code " << code;
+        EXPECT_TRUE(code == done || code == 3) << code;
+        EXPECT_FALSE(files.Contents.contains(FakeFileSystem::WorkingPathOf(target)) && !files.Failed());
       });
   EXPECT_GT(failures, 5);
 }
@@ -113,6 +115,12 @@ TEST(ProgramFailureTest, AConversionIsWholeOrNotThere) {
   ExpectOldOrNew(
       {"convert", "--kind", "parts", "--config", "f.xml", "--from", "f", "--to", "f", "a.txt", "out.csv"},
       "out.csv", "\"PartName\",\"PartQuantity\",\n\"A1\",\"5\"\n");
+}
+
+TEST(ProgramFailureTest, RejectedRowsAreAllThereOrNotThere) {
+  ExpectOldOrNew(
+      {"check", "--kind", "parts", "--config", "f.xml", "--format", "f", "--rejects", "out.csv", "mixed.txt"},
+      "out.csv", ",2\n\n", 1);
 }
 
 TEST(Progress, WaitsASecondThenTellsOnATerminalOnly) {

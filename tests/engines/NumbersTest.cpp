@@ -161,6 +161,8 @@ TEST(ParseReal, RemarksOnOddTexts) {
   EXPECT_EQ(qv::ParseReal("-").remark, Remark::NotANumber);
   EXPECT_EQ(qv::ParseReal("").remark, Remark::EmptyValue);
   EXPECT_EQ(qv::ParseReal("1e999").remark, Remark::NumberOutOfRange);
+  EXPECT_EQ(qv::ParseReal("-inf").remark, Remark::NumberOutOfRange);
+  EXPECT_EQ(qv::ParseReal("nan").remark, Remark::NotANumber);
 }
 
 std::string Printed(double value, int decimals) {

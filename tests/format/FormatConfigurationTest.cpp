@@ -104,7 +104,7 @@ TEST_F(FormatConfigurationTest, OnlyOneWordSetsTheFlag) {
   } cases[] = {{"true", true, ""},
                {"0", false, ""},
                {"", false, ""},
-               {"1", false, "unknown-word"},
+               {"1", false, ""},
                {"TRUE", false, "unknown-word"},
                {" true", false, "unknown-word"}};
   for (const auto& test : cases) {

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "cli/RejectedRows.h"
+#include "cli/Session.h"
+
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace qv {
+
+/// Everything that is wrong with one data file: as lines of text among the program's remarks, or as one JSON
+/// document on standard output. Hears the remarks while it lives and keeps none of them.
+class CheckReport final : public RemarkListener {
+ public:
+  /// `rejects` gets the rows that are left out; may be null.
+  CheckReport(Session& session, Utf8Path file, std::string kind, bool asJson, RejectedRows* rejects);
+  ~CheckReport() override { session_.remarks.SetListener(nullptr); }
+  CheckReport(const CheckReport&) = delete;
+  CheckReport& operator=(const CheckReport&) = delete;
+
+  bool Hear(const Remark& remark) override;
+
+  /// Ends the report: what may help, what to do about the remarks, how many rows there were.
+  void Finish(const std::vector<Remark>& suggestions, const std::string& format, std::int64_t records);
+
+  /// Ends a report that has begun on a file that cannot be read any further.
+  void Abandon();
+
+ private:
+  void FinishText(const std::vector<Remark>& suggestions, std::int64_t records) const;
+  void FinishJson(const std::vector<Remark>& suggestions, const std::string& format, std::int64_t records,
+                  bool isComplete);
+  void BeginJson();
+  void Count(const std::string& code);
+
+  Session& session_;
+  Utf8Path file_;
+  std::string kind_;
+  bool asJson_;
+  bool hasBegun_ = false;
+  RejectedRows* rejects_;
+  std::int64_t remarks_ = 0;
+  std::int64_t leftOut_ = 0;
+  std::vector<std::pair<std::string, std::int64_t>> counts_;  // per code, in the order of the first remarks
+};
+
+}  // namespace qv

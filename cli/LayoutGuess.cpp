@@ -1,0 +1,203 @@
+#include "cli/LayoutGuess.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+namespace qv {
+namespace {
+
+struct NamedDelimiter {
+  char character;
+  const char* name;  // in a format
+};
+
+constexpr NamedDelimiter kDelimiters[] = {{';', "Semicolon"}, {'\t', "Tab"}, {',', "Comma"}, {' ', "Space"}};
+
+/// What a file may have been separated by, from the surest to the least sure.
+struct Candidate {
+  char delimiter;
+  bool treatAsOne;
+  const char* shown;
+  const char* advice;
+};
+
+constexpr Candidate kCandidates[] = {
+    {';', false, ";", "Semicolon"},
+    {'\t', false, "a tab", "Tab"},
+    {',', false, ",", "Comma"},
+    {'|', false, "|", "Other, which is |"},
+    {' ', false, "a blank", "Space"},
+    {' ', true, "runs of blanks", "Space and TreatAsOne=\"true\" in the format file"}};
+
+std::string Trimmed(std::string text) {
+  const auto isBlank = [](char c) { return c == ' ' || c == '\r'; };
+  while (!text.empty() && isBlank(text.back())) text.pop_back();
+  text.erase(0, std::min(text.find_first_not_of(' '), text.size()));
+  if (text.starts_with('"')) text.erase(0, 1);
+  if (text.ends_with('"')) text.pop_back();
+  return text;
+}
+
+std::string Times(std::size_t count, const char* what) {
+  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+/// How many fields most rows have, and how many rows have so many.
+struct Width {
+  std::size_t fields = 0;
+  std::size_t rows = 0;
+};
+
+class Sample {
+ public:
+  Sample(const std::vector<std::string_view>& rows, std::size_t columns) : rows_(rows), columns_(columns) {}
+
+  std::size_t Size() const { return rows_.size(); }
+
+  std::size_t Filled(const Layout& layout) const {
+    return static_cast<std::size_t>(std::count_if(
+        rows_.begin(), rows_.end(), [&](std::string_view row) { return Fills(row, layout, columns_); }));
+  }
+
+  Width UsualWidth(const Layout& layout) const {
+    std::map<std::size_t, std::size_t> rowsOfWidth;
+    for (const std::string_view row : rows_) ++rowsOfWidth[PlainFields(row, layout).size()];
+    Width usual;
+    for (const auto& [fields, rows] : rowsOfWidth)
+      if (rows >= usual.rows) usual = {fields, rows};
+    return usual;
+  }
+
+  /// Whether the layout fits every row and the other one fails most.
+  bool IsFarBetter(const Layout& layout, const Layout& than) const {
+    return columns_ > 1 && Filled(layout) == Size() && 2 * Filled(than) <= Size();
+  }
+
+  /// Whether the layout makes a table of rows that the other one does not split at all.
+  bool IsFirstToSplit(const Layout& layout, const Layout& than) const {
+    if (Size() < 3 || layout.delimiters == " ") return false;
+    const Width before = UsualWidth(than);
+    const Width after = UsualWidth(layout);
+    return before.fields == 1 && before.rows == Size() && after.fields > 1 && after.rows == Size();
+  }
+
+  /// Whether each field of every row stands between two of the character.
+  bool IsWrapped(const Layout& layout, char qualifier) const {
+    return std::all_of(rows_.begin(), rows_.end(), [&](std::string_view row) {
+      const auto fields = PlainFields(row, layout);
+      return std::all_of(fields.begin(), fields.end(), [&](const std::string& field) {
+        return field.size() > 1 && field.front() == qualifier && field.back() == qualifier;
+      });
+    });
+  }
+
+  bool IsBetter(const Layout& layout, const Layout& than) const {
+    return columns_ > 1 && Filled(layout) == Size() && Filled(than) < Size();
+  }
+
+ private:
+  const std::vector<std::string_view>& rows_;
+  std::size_t columns_;
+};
+
+std::string Found(const Sample& sample, const Layout& now) {
+  const Width usual = sample.UsualWidth(now);
+  return Times(usual.fields, "field") + " found in " + std::to_string(usual.rows) + " of " +
+         Times(sample.Size(), "row");
+}
+
+LayoutGuess GuessDelimiter(const Sample& sample, const Layout& now, bool isCsv) {
+  for (const Candidate& candidate : kCandidates) {
+    if (now.delimiters.find(candidate.delimiter) != std::string::npos) continue;
+    const Layout other{std::string(1, candidate.delimiter), now.qualifier, candidate.treatAsOne};
+    if (!sample.IsFarBetter(other, now) && !sample.IsFirstToSplit(other, now)) continue;
+    std::string message = Found(sample, now) + "; with " + candidate.shown + " there would be " +
+                          std::to_string(sample.UsualWidth(other).fields);
+    message += isCsv ? ". A .csv file always has commas: name the file .txt and use a format with "
+                     : ". Use a format with ";
+    return {"suggest-delimiter", message + "the delimiter " + candidate.advice};
+  }
+  return {};
+}
+
+LayoutGuess GuessQualifier(const Sample& sample, const Layout& now) {
+  constexpr std::pair<char, const char*> kQualifiers[] = {
+      {'"', "double quotes"}, {'\'', "single quotes"}, {'\0', "no text qualifier"}};
+  for (const auto& [qualifier, name] : kQualifiers) {
+    const Layout other{now.delimiters, qualifier, now.treatAsOne};
+    if (qualifier == now.qualifier) continue;
+    if (sample.IsWrapped(now, qualifier))
+      return {"suggest-qualifier",
+              std::string("every field stands between ") + name + ", which the format does not name"};
+    if (sample.IsBetter(other, now))
+      return {"suggest-qualifier", Found(sample, now) + "; with " + name + " in the format there would be " +
+                                       std::to_string(sample.UsualWidth(other).fields) + " in all"};
+  }
+  return {};
+}
+
+LayoutGuess GuessTreatAsOne(const Sample& sample, const Layout& now) {
+  Layout other = now;
+  other.treatAsOne = !now.treatAsOne;
+  if (!sample.IsBetter(other, now)) return {};
+  return {"suggest-treat-as-one",
+          Found(sample, now) + "; with consecutive delimiters counted " +
+              (other.treatAsOne ? "as one (TreatAsOne=\"true\" in the format file)"
+                                : "one by one (TreatAsOne=\"0\" in the format file)") +
+              " there would be " + std::to_string(sample.UsualWidth(other).fields) + " in all"};
+}
+
+}  // namespace
+
+Layout LayoutOf(const OptionForm& form, bool isCsv) {
+  if (isCsv) return {",", '"', false};
+  Layout layout;
+  for (const NamedDelimiter& delimiter : kDelimiters)
+    if (form.Delimiters.find(delimiter.name) != std::string::npos) layout.delimiters += delimiter.character;
+  if (form.Delimiters.find("Other") != std::string::npos) layout.delimiters += form.OtherDelimiters;
+  layout.qualifier = form.Qualifier == 2 ? '\0' : form.Qualifier == 1 ? '\'' : '"';
+  layout.treatAsOne = form.TreatAsOne;
+  return layout;
+}
+
+std::vector<std::string> PlainFields(std::string_view line, const Layout& layout) {
+  std::vector<std::string> fields;
+  std::string field;
+  bool isInside = false;
+  bool isClosed = false;  // a field that was qualified, maybe an empty one
+  for (const char c : line) {
+    if (c == layout.qualifier && c != '\0') {
+      isInside = !isInside;
+      isClosed = true;
+    } else if (!isInside && layout.delimiters.find(c) != std::string::npos) {
+      if (!field.empty() || isClosed || !layout.treatAsOne) fields.push_back(Trimmed(field));
+      field.clear();
+      isClosed = false;
+    } else {
+      field += c;
+    }
+  }
+  field = Trimmed(field);
+  if (!field.empty() || isClosed) fields.push_back(field);
+  return fields;
+}
+
+bool Fills(std::string_view line, const Layout& layout, std::size_t columns) {
+  const std::size_t found = PlainFields(line, layout).size();
+  const bool endsOpen = !line.empty() && layout.delimiters.find(line.back()) != std::string::npos;
+  return found == columns || (found + 1 == columns && endsOpen);
+}
+
+LayoutGuess GuessLayout(const std::vector<std::string_view>& rows, const OptionForm& form, bool isCsv,
+                        std::size_t columns) {
+  if (rows.empty()) return {};
+  const Sample sample(rows, columns);
+  const Layout now = LayoutOf(form, isCsv);
+  LayoutGuess guess = GuessDelimiter(sample, now, isCsv);
+  if (guess.code.empty() && !isCsv) guess = GuessQualifier(sample, now);
+  if (guess.code.empty() && !isCsv) guess = GuessTreatAsOne(sample, now);
+  return guess;
+}
+
+}  // namespace qv

@@ -1,0 +1,214 @@
+#include "cli/Suggestions.h"
+
+#include "cli/DataFile.h"
+#include "cli/FormatColumns.h"
+#include "cli/KeywordGuess.h"
+#include "cli/LayoutGuess.h"
+#include "platform/CodePage.h"
+#include "platform/ConsoleProgram.h"
+#include "platform/FileSystem.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace qv {
+namespace {
+
+constexpr std::size_t kSampleSize = std::size_t{1} << 18;
+constexpr std::size_t kSampleRows = 1000;
+constexpr std::size_t kHeaderSearch = 50;
+constexpr std::string_view kIgnore = "Ignore";
+
+std::string ReadStart(const Utf8Path& file) {
+  std::string reason;
+  const auto source = Files().Open(PathFromUtf8(file), OpenMode::Read, reason);
+  std::string bytes(source == nullptr ? 0 : kSampleSize, '\0');
+  std::size_t size = 0;
+  while (size < bytes.size()) {
+    const std::ptrdiff_t count = source->Read(bytes.data() + size, bytes.size() - size);
+    if (count <= 0) break;
+    size += static_cast<std::size_t>(count);
+  }
+  bytes.resize(size);
+  return bytes;
+}
+
+/// Whole lines without their line ends; one that the sample's end cuts is left out.
+std::vector<std::string_view> LinesOf(std::string_view bytes) {
+  if (bytes.size() == kSampleSize) bytes = bytes.substr(0, bytes.rfind('\n') + 1);
+  std::vector<std::string_view> lines;
+  while (!bytes.empty() && lines.size() < kSampleRows) {
+    const std::size_t end = std::min(bytes.find('\n'), bytes.size());
+    std::string_view line = bytes.substr(0, end);
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    lines.push_back(line);
+    bytes.remove_prefix(std::min(end + 1, bytes.size()));
+  }
+  return lines;
+}
+
+/// Files that are no text of this kind at all, by how they start.
+struct FileShape {
+  std::string_view start;
+  const char* code;
+  const char* message;
+};
+
+using namespace std::string_view_literals;
+
+constexpr FileShape kShapes[] = {
+    {"PK\x03\x04"sv, "suggest-file-type",
+     "this is a workbook or an archive under the name of a text file; save it as text or CSV where it comes "
+     "from"},
+    {"\xD0\xCF\x11\xE0"sv, "suggest-file-type",
+     "this is a workbook under the name of a text file; name it .xls, or save it as text or CSV"},
+    {"%PDF"sv, "suggest-file-type",
+     "this is a PDF document; save the list as text or CSV where it comes from"},
+    {"<"sv, "suggest-file-type", "this looks like a web page or XML; save the list as text or CSV"},
+    {"{\\rtf"sv, "suggest-file-type", "this is a text with layout (RTF); save it as plain text"},
+    {"\xFF\xFE"sv, "suggest-encoding", "the file is UTF-16; save it as UTF-8 or in the system's code page"},
+    {"\xFE\xFF"sv, "suggest-encoding", "the file is UTF-16; save it as UTF-8 or in the system's code page"},
+};
+
+class Survey {
+ public:
+  Survey(const Utf8Path& file, const OptionForm& form, const RecordType& type, const TextCoding& coding)
+      : file_(file), form_(form), type_(type), coding_(coding), columns_(ColumnsOf(form)) {}
+
+  std::vector<Remark> Take() {
+    LookAtKeywords();
+    if (!IsWorkbook(file_)) LookAtFile();
+    return std::move(found_);
+  }
+
+ private:
+  void Add(std::int64_t line, std::string column, std::string code, std::string text, std::string message) {
+    found_.push_back({file_, line, std::move(column), std::move(code), std::move(text), std::move(message)});
+  }
+
+  void LookAtKeywords();
+  void LookAtFile();
+  bool IsOfAnotherShape(std::string_view bytes);
+  void LookAtEncoding(const std::vector<std::string_view>& lines);
+  void LookAtHeader(const std::vector<std::string_view>& lines, std::size_t header);
+  void LookAtOrder(const std::vector<std::string>& headers, std::size_t header);
+  std::size_t Agreeing(std::string_view line) const;
+
+  const Utf8Path& file_;
+  const OptionForm& form_;
+  const RecordType& type_;
+  const TextCoding& coding_;
+  std::vector<FormatColumn> columns_;
+  std::vector<Remark> found_;
+};
+
+void Survey::LookAtKeywords() {
+  std::vector<std::string> keywords;
+  for (const FormatColumn& column : columns_)
+    if (column.keyword != kIgnore) keywords.push_back(column.keyword);
+  if (const std::string_view kind = GuessKind(type_, keywords); !kind.empty()) {
+    Add(0, "", "suggest-kind", form_.Name,
+        "the format \"" + ToUtf8(form_.Name) + "\" has the columns of another kind; --kind " +
+            std::string(kind) + "?");
+    return;
+  }
+  for (const std::string& keyword : keywords)
+    if (const std::string meant = GuessKeyword(type_, keyword); !meant.empty())
+      Add(0, ToUtf8(keyword), "suggest-keyword", ToUtf8(keyword),
+          "column " + ToUtf8(keyword) + " is not a keyword; " + meant + "?");
+}
+
+void Survey::LookAtFile() {
+  const std::string bytes = ReadStart(file_);
+  if (IsOfAnotherShape(bytes)) return;
+  const std::vector<std::string_view> lines = LinesOf(bytes);
+  LookAtEncoding(lines);
+  const auto header = static_cast<std::size_t>(std::max(form_.StartLine, 1)) - 1;
+  if (header + 1 >= lines.size()) {
+    Add(0, "", "suggest-rows", "",
+        bytes.empty() ? "the file is empty"
+                      : "the file has no row below line " + std::to_string(header + 1) +
+                            ", where the format expects the header row");
+    return;
+  }
+  std::vector<std::string_view> rows(lines.begin() + static_cast<std::ptrdiff_t>(header) + 1, lines.end());
+  std::erase_if(rows, [](std::string_view row) { return row.find_first_not_of(' ') == row.npos; });
+  const LayoutGuess guess = GuessLayout(rows, form_, IsCsv(file_), columns_.size());
+  if (!guess.code.empty())
+    Add(0, "", guess.code, "", guess.message);
+  else
+    LookAtHeader(lines, header);
+}
+
+bool Survey::IsOfAnotherShape(std::string_view bytes) {
+  const std::size_t known = found_.size();
+  for (const FileShape& shape : kShapes)
+    if (found_.size() == known && bytes.starts_with(shape.start)) Add(0, "", shape.code, "", shape.message);
+  const auto count = [&](char c) { return std::count(bytes.begin(), bytes.end(), c); };
+  if (found_.size() == known && bytes.size() > 3 && 3 * static_cast<std::size_t>(count('\0')) > bytes.size())
+    Add(0, "", "suggest-encoding", "",
+        "the file looks like UTF-16; save it as UTF-8 or in the system's code page");
+  if (found_.size() == known && count('\r') > 0 && count('\n') == 0 && bytes.find('\r') + 1 < bytes.size())
+    Add(0, "", "suggest-line-ends", "",
+        "the lines end with CR alone, so the file is one single line; save it with LF or CR LF");
+  return found_.size() > known;
+}
+
+void Survey::LookAtEncoding(const std::vector<std::string_view>& lines) {
+  constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+  for (std::size_t rank = 0; rank < lines.size(); ++rank) {
+    const std::string_view line = lines[rank];
+    if (line.find(kReplacement) != line.npos || coding_.Decode(line).find(kReplacement) == std::string::npos)
+      continue;
+    Add(static_cast<std::int64_t>(rank) + 1, "", "suggest-encoding", "",
+        "the line holds bytes that are not of the encoding; name the file's one, such as --encoding "
+        "windows-1252 or shift_jis");
+    return;
+  }
+}
+
+/// How many columns bear their own keyword in this line.
+std::size_t Survey::Agreeing(std::string_view line) const {
+  const auto headers = PlainFields(line, LayoutOf(form_, IsCsv(file_)));
+  std::size_t agreeing = 0;
+  for (std::size_t rank = 0; rank < std::min(headers.size(), columns_.size()); ++rank)
+    agreeing += columns_[rank].keyword != kIgnore && SameIgnoringCase(headers[rank], columns_[rank].keyword);
+  return agreeing;
+}
+
+void Survey::LookAtHeader(const std::vector<std::string_view>& lines, std::size_t header) {
+  const auto wanted = static_cast<std::size_t>(std::count_if(
+      columns_.begin(), columns_.end(), [](const FormatColumn& c) { return c.keyword != kIgnore; }));
+  if (wanted < 2 || Agreeing(lines[header]) == wanted) return;
+  for (std::size_t rank = 0; rank < std::min(lines.size(), kHeaderSearch); ++rank)
+    if (Agreeing(lines[rank]) == wanted) {
+      Add(static_cast<std::int64_t>(rank) + 1, "", "suggest-header-line", "",
+          "the header row stands here, but the format expects it in line " + std::to_string(header + 1));
+      return;
+    }
+  LookAtOrder(PlainFields(lines[header], LayoutOf(form_, IsCsv(file_))), header);
+}
+
+void Survey::LookAtOrder(const std::vector<std::string>& headers, std::size_t header) {
+  for (std::size_t rank = 0; rank < std::min(headers.size(), columns_.size()); ++rank) {
+    const std::string& keyword = columns_[rank].keyword;
+    if (keyword == kIgnore || SameIgnoringCase(headers[rank], keyword)) continue;
+    const bool isOther = std::any_of(columns_.begin(), columns_.end(), [&](const FormatColumn& column) {
+      return column.keyword != kIgnore && SameIgnoringCase(column.keyword, headers[rank]);
+    });
+    if (isOther)
+      Add(static_cast<std::int64_t>(header) + 1, ToUtf8(keyword), "suggest-column-order",
+          coding_.Decode(headers[rank]),
+          "column " + std::to_string(rank + 1) + " is headed \"" + coding_.Decode(headers[rank]) +
+              "\"; the format reads it as " + ToUtf8(keyword));
+  }
+}
+
+}  // namespace
+
+std::vector<Remark> Suggestions(const Utf8Path& file, const OptionForm& form, const RecordType& type,
+                                const TextCoding& coding) {
+  return Survey(file, form, type, coding).Take();
+}
+
+}  // namespace qv
