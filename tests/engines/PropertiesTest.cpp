@@ -1,0 +1,275 @@
+#include "cli/RecordFields.h"
+#include "engines/AttachedRecord.h"
+#include "engines/CAssemblyFile.h"
+#include "engines/columns/ColumnTables.h"
+#include "support/DiagnosticLog.h"
+#include "support/FakeFileSystem.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <map>
+#include <random>
+#include <set>
+
+// What holds for any records in any format, tried on generated ones: what is written reads back, but for the
+// fields listed here, and nothing depends on line ends, blocks, places in the file, or the locale.
+
+namespace qv {
+namespace {
+
+using Random = std::mt19937;
+
+struct Kind {
+  RecordKind kind;
+  bool (CAssemblyFile::*import)(const char*);
+  void (*stage)(CAssemblyFile& engine, void* record);
+  void* (*at)(const CAssemblyFile& engine, std::size_t rank);
+  std::size_t (*count)(const CAssemblyFile& engine);
+  std::set<std::string> changed;  ///< the fields that a file does not bring back as they were
+};
+
+template <class Record>
+Kind KindOf(bool (CAssemblyFile::*import)(const char*), std::set<std::string> changed) {
+  return {KindTraits<Record>::kKind,
+          import,
+          [](CAssemblyFile& engine, void* record) {
+            auto attached = AttachedRecord::Of(static_cast<Record*>(record));
+            attached->TakeOver();
+            engine.StagedRecords.Of<Record>().Stage(attached);
+          },
+          [](const CAssemblyFile& engine, std::size_t rank) -> void* {
+            return engine.StagedRecords.Of<Record>()[rank];
+          },
+          [](const CAssemblyFile& engine) { return engine.StagedRecords.Of<Record>().Size(); },
+          changed};
+}
+
+std::vector<Kind> Kinds() {
+  return {
+      // Written as hours:minutes:seconds and read as a number.
+      KindOf<PartInformation>(&CAssemblyFile::ImportParts, {"EstimateTime"}),
+      KindOf<ToolInformation>(&CAssemblyFile::ImportTools, {}),
+      // Columns that are only written, a keyword that is read with a blank behind it and written without, and
+      // a
+      // corner whose word means another number when it is read.
+      KindOf<MaterialInfomation>(&CAssemblyFile::ImportMaterials,
+                                 {"RecoveryDisM105XY", "PierceHoleTool", "MJTool", "OutsideCutouts_ExceedsY",
+                                  "CustomPeri_ComCutting_StartingCorner"}),
+      // Columns that are only written; the lists of a part program are written too and never read.
+      KindOf<ShtInfo>(&CAssemblyFile::ImportSheets, {"SheetName", "ClampPosition", "TotalRunTime"}),
+      KindOf<PrtInfo>(&CAssemblyFile::ImportPartPrograms,
+                      {"PartName", "PartSizeX", "PartSizeY", "EstimateTime", "PartDefaultPosition",
+                       "AverProcessTime", "GridSpacingH", "GridSpacingV", "MarginTop", "MarginBottom",
+                       "MarginLeft", "MarginRight", "ClampPosition"}),
+  };
+}
+
+/// The numbers that have a word in files; another one is not brought back.
+const std::map<std::string_view, std::vector<int>> kChoices = {
+    {"ToolType", {1, 3, 103, 104, 105, 106, 107, 108, 109, 110}},
+    {"PierceType", {0, 1, 2, 3, 4, 5}},
+    {"AfterCutConditionsInformation", {0, 1, 2}},
+    {"CustomPeri_ComCutting_Style", {0, 1, 2}},
+    {"DwellBeforePierce", {0, 1}},
+    {"DwellAfterPierce", {0, 1}},
+    {"PeriNotchReliefLeadInType", {0, 1}},
+    {"PeriNotchReliefLeadOutType", {0, 1}},
+    {"SplitSheetLeadInType", {0, 1}},
+    {"SplitSheetLeadOutType", {0, 1}},
+};
+
+struct Setting {
+  std::string path;
+  OptionForm form;
+};
+
+Setting AnySetting(Random& random, const RecordType& type) {
+  constexpr const char* kDelimiters[] = {"Tab", "Semicolon,", "Comma,Tab,", "Other"};
+  Setting setting;
+  setting.path = random() % 2 == 0 ? "a.csv" : "a.txt";
+  setting.form.Name = "F";
+  setting.form.StartLine = static_cast<int>(random() % 4);
+  setting.form.Delimiters = kDelimiters[random() % std::size(kDelimiters)];
+  setting.form.OtherDelimiters = "|";
+  setting.form.Qualifier = static_cast<int>(random() % 3);
+  int position = 0;
+  for (const RecordField& field : type.fields)
+    if (!field.keyword.empty() && field.keyword2.empty())  // two keywords: none is both read and written
+      setting.form.Items.push_back({std::string(field.keyword), std::to_string(position++)});
+  return setting;
+}
+
+// Characters that no format takes for anything but themselves; not empty, as some columns know no empty cell.
+std::string AnyText(Random& random) {
+  constexpr std::string_view kPlain = "abzAZ09-_.:/\\#%&()[]{}<>?!*+=@~^$\xC3\xA4\xE9\x80\xFF";
+  std::string text = "x";
+  for (auto length = random() % 30; length > 0; --length) text += kPlain[random() % kPlain.size()];
+  if (random() % 4 == 0) text += " in two";
+  return text;
+}
+
+FieldValue AnyValue(Random& random, const RecordField& field) {
+  const auto whole = static_cast<int>(random()) >> (random() % 32);
+  if (const auto choice = kChoices.find(field.stem); choice != kChoices.end())
+    return choice->second[random() % choice->second.size()];
+  switch (field.type) {
+    case FieldType::Int:
+      return whole;
+    case FieldType::Bool:
+      return random() % 2 == 0;
+    case FieldType::Float:
+      return static_cast<float>(whole % 100000) / 8;
+    case FieldType::Double:
+      return static_cast<double>(whole % 10000000) / 64;
+    default:
+      return AnyText(random);
+  }
+}
+
+AnyRecord GeneratedRecord(Random& random, const RecordType& type) {
+  AnyRecord record(type);
+  for (const RecordField& field : type.fields)
+    if (!field.keyword.empty()) field.set(record.Pointer(), AnyValue(random, field));
+  return record;
+}
+
+std::unique_ptr<CAssemblyFile> EngineFor(const Setting& setting, const Kind& kind) {
+  auto engine = CreateAssemblyEngine(setting.path.c_str());
+  engine->KindFlags[static_cast<std::size_t>(kind.kind)] = true;
+  ApplyFormat(*engine, setting.form, setting.path.c_str());
+  engine->FormatName = setting.form.Name;
+  return engine;
+}
+
+std::string Export(const Setting& setting, const Kind& kind, const std::vector<AnyRecord>& records) {
+  FakeFileSystem files;
+  const auto engine = EngineFor(setting, kind);
+  for (const AnyRecord& record : records) {
+    AnyRecord copy(record.Type());
+    for (const RecordField& field : record.Type().fields)
+      if (field.type != FieldType::List) field.set(copy.Pointer(), field.get(record.Pointer()));
+    kind.stage(*engine, copy.Release());
+  }
+  engine->Export(setting.path.c_str());
+  return files.Contents[setting.path];
+}
+
+/// All that an import gives: the fields of every record and what was remarked on.
+struct Imported {
+  std::vector<std::vector<std::string>> records;
+  std::vector<std::string> headers;
+  std::string codes;
+  bool operator==(const Imported&) const = default;
+};
+
+Imported Import(const Setting& setting, const Kind& kind, const std::string& content,
+                std::size_t largestRead = 1 << 20) {
+  FakeFileSystem files;
+  files.Contents[setting.path] = content;
+  files.LargestRead = largestRead;
+  const DiagnosticLog log;
+  const auto engine = EngineFor(setting, kind);
+  (engine.get()->*kind.import)(setting.path.c_str());
+  Imported imported;
+  for (std::size_t rank = 0; rank < kind.count(*engine); ++rank) {
+    auto& fields = imported.records.emplace_back();
+    for (const RecordField& field : RecordTypeOf(kind.kind).fields)
+      fields.push_back(GetText(kind.at(*engine, rank), field));
+  }
+  for (std::size_t rank = 0; rank < engine->HeaderFields.Size(); ++rank)
+    imported.headers.emplace_back(engine->HeaderFields[rank]);
+  imported.codes = log.Codes();
+  return imported;
+}
+
+std::string WithLineEnds(const std::string& content, const char* lineEnd) {
+  std::string out;
+  for (const char c : content)
+    if (c == '\n')
+      out += lineEnd;
+    else if (c != '\r')
+      out += c;
+  return out;
+}
+
+// Lines before the header row move everything behind them in the read buffer.
+Imported ImportShifted(Setting setting, const Kind& kind, const std::string& content, std::size_t shift) {
+  const int first = std::max(setting.form.StartLine, 1);
+  setting.form.StartLine = first + 1;
+  return Import(setting, kind, std::string(shift, '-') + "\n" + content);
+}
+
+/// A locale with a decimal comma while it lives, where there is one.
+class CommaLocale {
+ public:
+  CommaLocale() { std::setlocale(LC_ALL, "de_DE.UTF-8"); }
+  ~CommaLocale() { std::setlocale(LC_ALL, "C"); }
+};
+
+class PropertiesTest : public testing::TestWithParam<Kind> {
+ protected:
+  const Kind& kind_ = GetParam();
+  const RecordType& type_ = RecordTypeOf(kind_.kind);
+};
+
+TEST_P(PropertiesTest, WhatIsWrittenReadsBack) {
+  std::set<std::string> changed;
+  for (unsigned round = 0; round < 60; ++round) {
+    Random random(round);
+    const Setting setting = AnySetting(random, type_);
+    std::vector<AnyRecord> records;
+    for (auto count = random() % 6; count > 0; --count) records.push_back(GeneratedRecord(random, type_));
+    const std::string written = Export(setting, kind_, records);
+    const Imported read = Import(setting, kind_, written);
+    ASSERT_EQ(read.records.size(), records.size()) << written;
+    for (std::size_t rank = 0; rank < records.size(); ++rank)
+      for (std::size_t field = 0; field < type_.fields.size(); ++field)
+        if (!type_.fields[field].keyword.empty() &&
+            GetText(records[rank].Pointer(), type_.fields[field]) != read.records[rank][field])
+          changed.emplace(type_.fields[field].stem);
+    // What has been through a file once goes through files unchanged.
+    const CommaLocale locale;
+    ASSERT_EQ(Export(setting, kind_, records), written);
+    ASSERT_EQ(Import(setting, kind_, written), read);
+  }
+  EXPECT_EQ(changed, kind_.changed);
+}
+
+// Any text between any delimiters, so that all that can be odd about a file is there too.
+std::string AnyContent(Random& random) {
+  constexpr std::string_view kNul("\0", 1);
+  constexpr std::string_view kPieces[] = {",",  ";", "\t", "|",  "\"", "'",  " ",  "\n",   "\r\n", "\r",
+                                          "-1", "7", "ab", "1.", "Y",  "RO", kNul, "CRLF", "=",    "\xFF"};
+  std::string content;
+  for (auto count = random() % 400; count > 0; --count) content += kPieces[random() % std::size(kPieces)];
+  return content;
+}
+
+TEST_P(PropertiesTest, NothingDependsOnHowTheBytesArrive) {
+  for (unsigned round = 0; round < 300; ++round) {
+    Random random(round);
+    const Setting setting = AnySetting(random, type_);
+    const std::string content = AnyContent(random);
+    SCOPED_TRACE(testing::PrintToString(content));
+    const Imported read = Import(setting, kind_, content);
+    for (const std::size_t block : {1, 2, 7, 64}) ASSERT_EQ(Import(setting, kind_, content, block), read);
+    for (const std::size_t shift : {1, 63, 4096}) {
+      const Imported shifted = ImportShifted(setting, kind_, content, shift);
+      ASSERT_EQ(shifted.records, read.records);
+    }
+    const CommaLocale locale;
+    ASSERT_EQ(Import(setting, kind_, content), read);
+    const std::string plain = WithLineEnds(content, "\n");
+    ASSERT_EQ(Import(setting, kind_, plain), Import(setting, kind_, WithLineEnds(plain, "\r\n")));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, PropertiesTest, testing::ValuesIn(Kinds()), [](const auto& kind) {
+  std::string name(RecordTypeOf(kind.param.kind).name);
+  std::erase(name, '-');
+  return name;
+});
+
+}  // namespace
+}  // namespace qv
