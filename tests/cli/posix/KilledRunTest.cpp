@@ -1,0 +1,179 @@
+#include "cli/Program.h"
+#include "platform/FileSystem.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <sstream>
+
+// Commands that write are killed before each of their calls of the file system, one after another, until they
+// come to their end. Whenever it happens, the file is the old one or the new one, and the next run leaves
+// nothing behind.
+
+namespace qv {
+namespace {
+
+/// Counts the calls and kills the process at the one whose turn it is.
+class KillingFiles final : public FileSystem {
+ public:
+  explicit KillingFiles(int turn) : turn_(turn) { SetFileSystem(this); }
+
+  void Count() {
+    if (--turn_ == 0) ::kill(::getpid(), SIGKILL);
+  }
+
+  std::unique_ptr<OpenFile> Open(const std::string& path, OpenMode mode, std::string& reason) override;
+  std::unique_ptr<WorkingFile> PrepareWorkingFile(const std::string& target, WorkingPlace place,
+                                                  std::string& reason) override {
+    Count();
+    return files_.PrepareWorkingFile(target, place, reason);
+  }
+  bool Replace(const std::string& from, const std::string& to, std::string& reason) override {
+    Count();
+    return files_.Replace(from, to, reason);
+  }
+  bool Remove(const std::string& path, std::string& reason) override {
+    Count();
+    return files_.Remove(path, reason);
+  }
+  bool Exists(const std::string& path) override { return files_.Exists(path); }
+  bool CreateFolders(const std::string& path, std::string& reason) override {
+    Count();
+    return files_.CreateFolders(path, reason);
+  }
+  bool RemoveFolder(const std::string& path, std::string& reason) override {
+    Count();
+    return files_.RemoveFolder(path, reason);
+  }
+
+ private:
+  FileSystem& files_ = PlatformFiles();
+  int turn_;
+};
+
+class KillingFile final : public OpenFile {
+ public:
+  KillingFile(KillingFiles& files, std::unique_ptr<OpenFile> file) : files_(files), file_(std::move(file)) {}
+
+  std::ptrdiff_t Read(char* buffer, std::size_t capacity) override {
+    files_.Count();
+    return file_->Read(buffer, capacity);
+  }
+  // A write is cut in two, so that a half-written file is met too.
+  bool Write(std::string_view bytes) override {
+    files_.Count();
+    const std::size_t half = bytes.size() / 2;
+    const bool isWritten = file_->Write(bytes.substr(0, half));
+    files_.Count();
+    return isWritten && file_->Write(bytes.substr(half));
+  }
+  bool Flush() override {
+    files_.Count();
+    return file_->Flush();
+  }
+  bool Close() override {
+    files_.Count();
+    return file_->Close();
+  }
+
+ private:
+  KillingFiles& files_;
+  std::unique_ptr<OpenFile> file_;
+};
+
+std::unique_ptr<OpenFile> KillingFiles::Open(const std::string& path, OpenMode mode, std::string& reason) {
+  Count();
+  auto file = files_.Open(path, mode, reason);
+  if (file == nullptr) return nullptr;
+  return std::make_unique<KillingFile>(*this, std::move(file));
+}
+
+/// Runs the program in a process of its own that is killed at the turn (0: never); its exit code, -1 when
+/// killed.
+int RunKilledAt(int turn, const std::vector<std::string>& arguments) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    KillingFiles files(turn);
+    std::istringstream in;
+    std::ostringstream out;
+    ::_exit(RunProgram(arguments, Streams{in, out, out}));
+  }
+  int status = 0;
+  EXPECT_EQ(::waitpid(child, &status, 0), child);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+constexpr const char* kFormats =
+    "<CSVOptionSetting Current=\"f\"><OptionForm Name=\"f\" Line=\"2\" Delimiters=\"Comma,\" Qualifier=\"2\">"
+    "<PartName Order=\"0\"/><PartQuantity Order=\"1\"/></OptionForm></CSVOptionSetting>";
+
+struct KilledCase {
+  const char* name;
+  std::vector<std::string> arguments;
+  const char* target;
+};
+
+class KilledRunTest : public testing::TestWithParam<KilledCase> {};
+
+TEST_P(KilledRunTest, LeavesTheOldFileOrTheNewOne) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(::chdir((folder / ".").c_str()), 0);
+  const auto start = [&] {
+    folder.Write("f.xml", kFormats);
+    folder.Write("in.txt", "\nname,qty\nA1,5\n,2\nA2,x\n");
+    folder.Write("r.json", "[{\"PartName\":\"A1\"}]");
+    folder.Write("out.txt", "old\n");
+  };
+  std::vector<std::string> arguments = {"qvassembly"};
+  arguments.insert(arguments.end(), GetParam().arguments.begin(), GetParam().arguments.end());
+  const std::string target = folder / GetParam().target;
+  start();
+  const std::set<std::string> names = folder.Names();
+  const std::string old = TemporaryFolder::Read(target);
+  const int done = RunKilledAt(0, arguments);
+  ASSERT_LT(done, 2);
+  const std::string fresh = TemporaryFolder::Read(target);
+  ASSERT_NE(fresh, old);
+  int turn = 0;
+  int code = -1;
+  while (code == -1) {
+    start();
+    code = RunKilledAt(++turn, arguments);
+    const std::string found = TemporaryFolder::Read(target);
+    ASSERT_TRUE(found == fresh || (found == old && code == -1)) << "killed at call " << turn << ": " << found;
+  }
+  EXPECT_EQ(code, done);
+  EXPECT_GT(turn, 6) << "too few calls to have been the whole run";
+  EXPECT_EQ(folder.Names(), names) << "what killed runs leave goes with the next one";
+  ASSERT_EQ(::chdir("/"), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Commands, KilledRunTest,
+    testing::Values(
+        KilledCase{"Export",
+                   {"export", "--kind", "parts", "--config", "f.xml", "--format", "f", "--records", "r.json",
+                    "out.txt"},
+                   "out.txt"},
+        KilledCase{"Convert",
+                   {"convert", "--kind", "parts", "--config", "f.xml", "--from", "f", "--to", "f", "in.txt",
+                    "out.txt"},
+                   "out.txt"},
+        KilledCase{"ConvertInPlace",
+                   {"convert", "--kind", "parts", "--config", "f.xml", "--from", "f", "--to", "f", "in.txt",
+                    "in.txt"},
+                   "in.txt"},
+        KilledCase{"Rejects",
+                   {"check", "--kind", "parts", "--config", "f.xml", "--rejects", "out.txt", "in.txt"},
+                   "out.txt"},
+        KilledCase{"FormatName", {"format-name", "set", "in.txt", "f"}, "in.txt"},
+        KilledCase{
+            "Formats", {"formats", "add", "g", "--columns", "PartName", "--config", "f.xml"}, "f.xml"}),
+    [](const auto& test) { return test.param.name; });
+
+}  // namespace
+}  // namespace qv
