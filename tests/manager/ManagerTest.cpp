@@ -219,7 +219,9 @@ TEST_F(ManagerTest, CopiesRecordByRecordAsFarAsIsWanted) {
   EXPECT_EQ(TemporaryFolder::Read(out), "as it was");
   EXPECT_NE(fruitless.sink, nullptr);
   EXPECT_TRUE(reader.ReadAssemblyFile(Path(file), nullptr, nullptr));
+  const host::Boxes boxes;
   EXPECT_FALSE(reader.ReadAssemblyFile(Path(folder / "a.doc"), nullptr, nullptr));
+  EXPECT_EQ(boxes.all, std::vector<std::string>{"File Format Error!"});
 }
 
 TEST_F(ManagerTest, LeavesUnexportedRecordsToTheHost) {
