@@ -39,7 +39,7 @@ int WidthOf(char32_t code) {
 
 // The picture of a control character: U+2400 and on, U+2421 for delete.
 void AppendControlPicture(std::string& out, char32_t code) {
-  const char last = code == 0x7F ? 0x21 : static_cast<char>(code);
+  const char last = static_cast<char>(code == 0x7F ? 0x21 : code);
   out += "\xE2\x90";
   out += static_cast<char>(0x80 | last);
 }

@@ -30,6 +30,7 @@ std::string ReadStart(const Utf8Path& file) {
     size += static_cast<std::size_t>(count);
   }
   bytes.resize(size);
+  if (kEndOfText >= 0) bytes.resize(std::min(bytes.find(static_cast<char>(kEndOfText)), size));
   return bytes;
 }
 

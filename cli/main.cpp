@@ -2,21 +2,24 @@
 #include "platform/CodePage.h"
 #include "platform/ConsoleProgram.h"
 
+#include <charconv>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
-#include <string>
+#include <string_view>
 
 namespace {
 
-std::string Variable(const char* name) {
+std::string_view Variable(const char* name) {
   const char* const value = std::getenv(name);
-  return value == nullptr ? std::string() : std::string(value);
+  return value == nullptr ? "" : value;
 }
 
 // COLUMNS tells the width that a person wants, also when the output goes on through a pipe.
 int WantedWidth(bool outIsTerminal) {
-  const int wanted = std::atoi(Variable("COLUMNS").c_str());
+  const std::string_view columns = Variable("COLUMNS");
+  int wanted = 0;
+  std::from_chars(columns.data(), columns.data() + columns.size(), wanted);
   if (wanted > 0) return wanted;
   return outIsTerminal ? qv::TerminalWidth() : 0;
 }

@@ -13,6 +13,8 @@ declare -A packages=(
   [windows]="g++-mingw-w64-x86-64-posix googletest wine wine64 fonts-wine xvfb xauth"
   [bench]="libbenchmark-dev"
   [fuzz]="clang libclang-rt-14-dev"
+  [analyse]="clang clang-tidy cppcheck"
+  [coverage]="gcovr"
 )
 
 say() { printf '== %s\n' "$*" >&2; }
