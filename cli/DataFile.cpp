@@ -2,6 +2,7 @@
 
 #include "cli/Errors.h"
 #include "cli/WatchedFiles.h"
+#include "cli/WatchedWorkbooks.h"
 #include "platform/ConsoleProgram.h"
 
 #include <algorithm>
@@ -53,6 +54,7 @@ void ImportFile(Session& session, CAssemblyFileMgr& manager, const DataFile& fil
   std::string path = PrepareReading(session, manager, file);
   session.progress.Start("reading " + file.path, SizeOf(file.path));
   const WatchedFiles watched(session.progress, OpenMode::Read);
+  const WatchedWorkbooks watchedWorkbooks(session.progress);
   const bool isDone = OperationsOf(file.kind).importFile(manager, path.data());
   session.progress.Clear();
   CheckDone(session, isDone, file.path);
@@ -63,6 +65,7 @@ void ReadFile(Session& session, CAssemblyFileMgr& manager, const DataFile& file,
   std::string path = PrepareReading(session, manager, file);
   session.progress.Start("reading " + file.path, SizeOf(file.path));
   const WatchedFiles watched(session.progress, OpenMode::Read);
+  const WatchedWorkbooks watchedWorkbooks(session.progress);
   std::exception_ptr thrown;  // nothing is thrown through the library
   const bool isDone = OperationsOf(file.kind).readFile(manager, path.data(), [&](void* record) {
     try {
@@ -83,6 +86,7 @@ void WriteFile(Session& session, const DataFile& file, const FeedRecords& feed) 
   std::string path = PathFromUtf8(file.path);
   session.progress.Start("writing " + file.path, 0);
   const WatchedFiles watched(session.progress, OpenMode::Write);
+  const WatchedWorkbooks watchedWorkbooks(session.progress);
   const bool isDone = OperationsOf(file.kind).writeFile(manager, path.data(), feed);
   session.progress.Clear();
   CheckDone(session, isDone, file.path);
@@ -95,6 +99,7 @@ void ConvertFile(Session& session, const DataFile& from, const DataFile& to) {
   std::string toPath = PathFromUtf8(to.path);
   session.progress.Start("converting " + from.path, SizeOf(from.path));
   const WatchedFiles watched(session.progress, OpenMode::Read);
+  const WatchedWorkbooks watchedWorkbooks(session.progress);
   bool isRead = true;
   const bool isDone = OperationsOf(to.kind).writeFile(writer, toPath.data(), [&](const TakeRecord& write) {
     isRead = OperationsOf(from.kind).readFile(reader, fromPath.data(), write);
@@ -110,7 +115,9 @@ std::vector<std::string> ReadHeaders(Session& session, const FormatFile& formats
   CAssemblyFileMgr manager;
   formats.LoadInto(manager, form, session.remarks);
   std::string path = PathFromUtf8(file);
-  const WatchedFiles watched(session.progress, OpenMode::Read, std::max(form.StartLine, 1));
+  const std::int64_t lines = IsWorkbook(file) ? WatchedFiles::kAllLines : std::max(form.StartLine, 1);
+  const WatchedFiles watched(session.progress, OpenMode::Read, lines);
+  const WatchedWorkbooks watchedWorkbooks(session.progress, std::max(form.StartLine, 0));
   // The header row is the same for every kind, so it does not matter which columns this kind knows.
   const Remarks::Silence silence(session.remarks, IsAboutColumns);
   const bool isDone = manager.ImportAssemblyFile(path.data());

@@ -34,7 +34,7 @@ void WriteFile(Session& session, const DataFile& file, const FeedRecords& feed);
 /// stands as it was.
 void ConvertFile(Session& session, const DataFile& from, const DataFile& to);
 
-/// The headers of the data file, in UTF-8, without reading more of a text file than its start. Throws in the
+/// The headers of the data file, in UTF-8, without reading more of the file than its start. Throws in the
 /// same way.
 std::vector<std::string> ReadHeaders(Session& session, const FormatFile& formats, const OptionForm& form,
                                      const Utf8Path& file);

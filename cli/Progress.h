@@ -19,11 +19,13 @@ class Progress {
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
 
-  /// Starts to tell of the bytes of a file: "reading parts.csv". A total of 0 means that nobody knows it.
-  void Start(std::string what, std::int64_t total);
+  enum class Unit { Bytes, Cells };
 
-  void Advance(std::int64_t bytes) { AdvanceAt(Clock::now(), bytes); }
-  void AdvanceAt(Clock::time_point now, std::int64_t bytes);
+  /// Starts to tell of work: "reading parts.csv". A total of 0 means that nobody knows it.
+  void Start(std::string what, std::int64_t total, Unit unit = Unit::Bytes);
+
+  void Advance(std::int64_t amount) { AdvanceAt(Clock::now(), amount); }
+  void AdvanceAt(Clock::time_point now, std::int64_t amount);
 
   /// Takes the line away, so that something else may be written; the next advance shows it again.
   void Clear();
@@ -33,6 +35,7 @@ class Progress {
 
   const Streams& streams_;
   std::string what_;
+  Unit unit_ = Unit::Bytes;
   std::int64_t total_ = 0;
   std::int64_t done_ = 0;
   Clock::time_point nextDraw_;

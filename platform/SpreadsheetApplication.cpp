@@ -1,5 +1,7 @@
 #include "platform/SpreadsheetApplication.h"
 
+#include <utility>
+
 namespace qv {
 namespace {
 
@@ -11,6 +13,8 @@ std::unique_ptr<SpreadsheetApplication> StartSpreadsheet(std::string& reason) {
   return currentStarter != nullptr ? currentStarter(reason) : StartPlatformSpreadsheet(reason);
 }
 
-void SetSpreadsheetStarter(SpreadsheetStarter starter) { currentStarter = starter; }
+SpreadsheetStarter SetSpreadsheetStarter(SpreadsheetStarter starter) {
+  return std::exchange(currentStarter, starter);
+}
 
 }  // namespace qv

@@ -77,8 +77,9 @@ std::unique_ptr<SpreadsheetApplication> StartSpreadsheet(std::string& reason);
 
 using SpreadsheetStarter = std::unique_ptr<SpreadsheetApplication> (*)(std::string& reason);
 
-/// Puts another application in the platform's place; null brings the platform's back. For tests.
-void SetSpreadsheetStarter(SpreadsheetStarter starter);
+/// Puts another application in the platform's place, or before it; null brings the platform's back. Returns
+/// the one that was set.
+SpreadsheetStarter SetSpreadsheetStarter(SpreadsheetStarter starter);
 
 /// The platform's own, whatever starter is set.
 std::unique_ptr<SpreadsheetApplication> StartPlatformSpreadsheet(std::string& reason);

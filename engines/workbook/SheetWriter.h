@@ -6,6 +6,7 @@
 #include "engines/columns/ResolvedColumns.h"
 #include "platform/SpreadsheetApplication.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,16 @@ class SheetWriter {
         cells_.push_back({&keywords[rank], columns[rank]});
   }
 
+  /// Throws SpreadsheetError where the sheet cannot hold all of it. An application would cut what is beyond
+  /// the end when it saves, and say nothing.
+  template <class Records>
+  void CheckFits(std::int32_t startLine, const Records& records) const {
+    std::int64_t rows = std::max(startLine, 0);
+    for (const Record* record : records) rows += static_cast<std::int64_t>(CountRows(*record));
+    Check(rows, kMostRows, " rows");
+    Check(static_cast<std::int64_t>(cells_.size()), kMostColumns, " columns");
+  }
+
   /// A start line below 1 is no row: the sheet has no header then.
   void WriteHeader(std::int32_t startLine) {
     row_ = startLine > 0 ? startLine : 0;
@@ -36,11 +47,15 @@ class SheetWriter {
 
   /// The next rows: one for the record itself, or one for each element of its list.
   void Write(const Record& record) {
-    const std::size_t rows = level_ == ColumnLevel::Record ? 1 : CountElements(record);
+    const std::size_t rows = CountRows(record);
     for (std::size_t element = 0; element < rows; ++element) WriteRow(record, element);
   }
 
  private:
+  // What a sheet of an Excel 97-2003 workbook has.
+  static constexpr std::int64_t kMostRows = 65536;
+  static constexpr std::int64_t kMostColumns = 256;
+
   struct Cell {
     const std::string* keyword;
     const Column<Record>* column;  // null for an unknown one
@@ -52,6 +67,16 @@ class SheetWriter {
 
   void WriteCell(std::size_t rank, std::string_view text) {
     sheet_.WriteCell(static_cast<std::int32_t>(row_), static_cast<std::int32_t>(rank + 1), text);
+  }
+
+  static void Check(std::int64_t needed, std::int64_t most, const std::string& what) {
+    if (needed > most)
+      throw SpreadsheetError("it would have " + std::to_string(needed) + what +
+                             ", and a workbook of this type has no more than " + std::to_string(most));
+  }
+
+  std::size_t CountRows(const Record& record) const {
+    return level_ == ColumnLevel::Record ? 1 : CountElements(record);
   }
 
   /// Any of the level's columns knows how long the list is.

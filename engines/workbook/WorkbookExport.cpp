@@ -19,6 +19,7 @@ template <class Record>
 void WriteSheet(Worksheet& sheet, const CAssemblyFile& engine, ColumnLevel level, const FileReport& report) {
   if (engine.StartLine > 1) sheet.WriteCell(1, 1, FormatNameLine(engine.FormatName));
   SheetWriter<Record> writer(sheet, engine.Columns(KindTraits<Record>::kKind), level, report);
+  writer.CheckFits(engine.StartLine, engine.StagedRecords.Of<Record>());
   writer.WriteHeader(engine.StartLine);
   for (const Record* record : engine.StagedRecords.Of<Record>()) writer.Write(*record);
 }

@@ -53,4 +53,14 @@ if [ -x "$prefix/bin/qvassembly" ]; then
   echo "the installed command line"
   "$prefix/bin/qvassembly" import --kind parts --format orders --as jsonl "$source/examples/parts.csv" >"$scratch/parts.jsonl"
   expect "the records" "$(wc -l <"$scratch/parts.jsonl")" 48
+  # The component for workbooks is found beside the library, wherever that has been moved.
+  if [ -e "$library/qvassembly/QVAssemblyFileCalc.so" ]; then
+    convert() {
+      "$prefix/bin/qvassembly" convert --kind parts --config "$source/examples/AssemblyFormats.xml" --to laser-list "$@"
+    }
+    convert --from orders "$source/examples/parts.csv" "$scratch/parts.csv"
+    convert "$scratch/parts.csv" "$scratch/parts.xls"
+    convert "$scratch/parts.xls" "$scratch/back.csv"
+    cmp "$scratch/parts.csv" "$scratch/back.csv" || miss "the parts do not come back from a workbook"
+  fi
 fi

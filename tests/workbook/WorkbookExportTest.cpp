@@ -91,6 +91,35 @@ TEST(WorkbookExport, LeavesUnknownColumnsEmptyAndSkippedOnesOut) {
   EXPECT_EQ(log.Remarks[1].line, 2);
 }
 
+TEST(WorkbookExport, RefusesWhatASheetDoesNotHold) {
+  const struct {
+    int startLine;
+    int records;
+    std::size_t columns;
+    const char* reason;  // null: it fits
+  } cases[] = {{65534, 2, 1, nullptr},
+               {65534, 3, 1, "it would have 65537 rows, and a workbook of this type has no more than 65536"},
+               {1, 1, 256, nullptr},
+               {1, 1, 257, "it would have 257 columns, and a workbook of this type has no more than 256"}};
+  for (const auto& c : cases) {
+    FakeFileSystem files;
+    files.Contents[kPath] = "old";
+    FakeSpreadsheet fake;
+    DiagnosticLog log;
+    CXLSAssembly engine;
+    engine.StartLine = c.startLine;
+    engine.Columns(RecordKind::Parts).assign(c.columns, "PartName");
+    for (int count = 0; count < c.records; ++count)
+      workbook::Add<PartInformation>(engine, {"PartName"}, {"A"});
+    EXPECT_EQ(engine.Export(kPath), c.reason == nullptr);
+    EXPECT_EQ(files.Contents[kPath] == "old", c.reason != nullptr);
+    if (c.reason != nullptr) {
+      EXPECT_EQ(log.Remarks.back().message, std::string("cannot be written: ") + c.reason);
+    }
+    EXPECT_EQ(fake.Objects + fake.Running, 0);
+  }
+}
+
 TEST(WorkbookExport, PutsTheListsOfPartProgramsOnSheetsOfTheirOwn) {
   for (const Texts& newSheets : {Texts{"Sheet1", "Sheet2", "Sheet3"}, Texts{"SHEET1"}, Texts{"Tabelle1"}}) {
     SCOPED_TRACE(newSheets.front());
