@@ -41,6 +41,8 @@ std::string ReadDefaultFormat(const std::string& settingsFile) {
 
 bool WriteDefaultFormat(const std::string& settingsFile, const std::string& name) {
   if (qv::WriteProfileText(settingsFile, kSection, kKey, name)) return true;
+  // A choice that stands there already is not lost, nor is none at all where there is no file.
+  if (ReadDefaultFormat(settingsFile) == name) return true;
   if (qv::DiagnosticsWanted()) {
     qv::Report({settingsFile, 0, "", DiagnosticCode::FileNotWritten, name, "",
                 "The default format could not be kept in the settings file."});

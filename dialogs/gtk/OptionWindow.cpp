@@ -147,8 +147,19 @@ void OptionWindow::Build() {
   gtk_dialog_add_button(GTK_DIALOG(dialog_), "OK", GTK_RESPONSE_OK);
   gtk_dialog_add_button(GTK_DIALOG(dialog_), "Cancel", GTK_RESPONSE_CANCEL);
   gtk_dialog_set_default_response(GTK_DIALOG(dialog_), GTK_RESPONSE_OK);
+  g_signal_connect(dialog_, "key-press-event", G_CALLBACK(KeyPressed), this);
   gtk_window_add_mnemonic(GTK_WINDOW(dialog_), kUpMnemonic, up_);
   gtk_window_add_mnemonic(GTK_WINDOW(dialog_), kDownMnemonic, down_);
+}
+
+// Enter is OK everywhere but on another button, as in the dialogs of other systems; here a box would toggle
+// and a list would take the double click's command.
+gboolean OptionWindow::KeyPressed(GtkWidget*, GdkEventKey* event, gpointer self) {
+  if (event->keyval != GDK_KEY_Return && event->keyval != GDK_KEY_KP_Enter) return FALSE;
+  GtkWindow* const window = GTK_WINDOW(static_cast<OptionWindow*>(self)->dialog_);
+  GtkWidget* const focus = gtk_window_get_focus(window);
+  if (!GTK_IS_CHECK_BUTTON(focus) && !GTK_IS_TREE_VIEW(focus)) return FALSE;
+  return gtk_window_activate_default(window);
 }
 
 GtkWidget* OptionWindow::BuildNameRow() {

@@ -49,6 +49,7 @@ class OptionWindow final : public FormatOptionView {
   GtkWidget* BuildLists();
   GtkEntry* NameEntry() const;
   static void FormatChanged(GtkComboBox*, gpointer self);
+  static gboolean KeyPressed(GtkWidget*, GdkEventKey* event, gpointer self);
 
   FormatOptionCommands& commands_;
   GtkWidget* dialog_;

@@ -3,8 +3,8 @@
 #include "manager/FormatOptionDialog.h"
 #include "manager/SettingsFile.h"
 #include "platform/DynamicLibrary.h"
-#include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
+#include "platform/posix/ComponentFile.h"
 
 #include <dlfcn.h>
 
@@ -12,21 +12,10 @@
 
 namespace {
 
-std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
-
-std::string FolderOfThisCode() {
-  Dl_info info{};
-  const bool isKnown = dladdr(reinterpret_cast<const void*>(&FolderOf), &info) != 0;
-  return isKnown && info.dli_fname != nullptr ? FolderOf(info.dli_fname) : std::string();
-}
-
 // A module of its own, so that a host without a user interface need not have the toolkit installed.
 void* LoadDialogModule() {
-  const std::string fileName = std::string(qv::kDialogModuleName) + ".so";
-  const std::string folders[] = {FolderOfThisCode(), FolderOf(qv::ProgramPath()) + QVASSEMBLY_LIBRARY_FOLDER};
-  for (const std::string& folder : folders)
-    if (void* module = dlopen((folder + fileName).c_str(), RTLD_NOW | RTLD_LOCAL)) return module;
-  return qv::LoadLibraryByName(qv::kDialogModuleName);
+  const std::string path = qv::FindComponent(std::string(qv::kDialogModuleName) + ".so");
+  return path.empty() ? nullptr : dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
 }
 
 struct DialogModule {

@@ -53,8 +53,8 @@ class DialogDriver {
   virtual void Type(Control control, const std::string& text) = 0;
   virtual void Select(Control list, const qv::Selection& ranks) = 0;
   virtual void DoubleClick(Control list, int rank) = 0;
-  /// A key that ends the dialog.
-  virtual void Press(Key key) = 0;
+  /// A key that ends the dialog, pressed in one of its controls.
+  virtual void Press(Key key, Control focus) = 0;
   virtual void CloseHeaderWindow() = 0;
   /// Waits for a message box, closes it and returns its text.
   virtual std::string DismissMessage() = 0;

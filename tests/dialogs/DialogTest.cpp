@@ -4,6 +4,7 @@
 #include "manager/SettingsFile.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/dialogs/FormatFileText.h"
+#include "tests/support/FakeSpreadsheet.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <QVAssemblyFile/MessageBox.h>
@@ -317,12 +318,17 @@ TEST_F(DialogTest, OkWritesTheControls) {
     EXPECT_EQ(Summary(FormatIn(config_, "Second")),
               "100 Semicolon,Other [|] 2 Path: Ignore=1, ID=0 Customer=2 RectangularTrueShape=3");
   }
-  EXPECT_TRUE(Run([](D& dialog) {
-    dialog.Click(Control::TreatAsOne);
-    dialog.Type(Control::StartLine, "2");
-    dialog.Press(Key::Enter);
-  }));
-  EXPECT_NE(TemporaryFolder::Read(config_).find("TreatAsOne=\"1\" Part=\"Name\""), std::string::npos);
+  // Enter is OK, and nothing else, wherever the focus is.
+  for (const Control focus :
+       {Control::StartLine, Control::TreatAsOne, Control::NameOnly, Control::PlanItems}) {
+    Restore();
+    EXPECT_TRUE(Run([focus](D& dialog) {
+      dialog.Click(Control::TreatAsOne);
+      dialog.Press(Key::Enter, focus);
+    }));
+    EXPECT_NE(TemporaryFolder::Read(config_).find("TreatAsOne=\"1\" Part=\"Name\""), std::string::npos);
+    EXPECT_EQ(ColumnsOf(FormatIn(config_, "First")), "PartName=0 Customer=1 Machine=2");
+  }
   EXPECT_TRUE(messages_.empty());
 }
 
@@ -356,7 +362,7 @@ TEST_F(DialogTest, CancelLeavesBothFilesByteForByte) {
   SetDefault("Second");
   const std::string settingsBefore = TemporaryFolder::Read(settings_);
   const std::function<void(D&)> ends[] = {[](D& d) { d.Click(Control::Cancel); },
-                                          [](D& d) { d.Press(Key::Escape); }, [](D&) {}};
+                                          [](D& d) { d.Press(Key::Escape, Control::StartLine); }, [](D&) {}};
   for (const auto& end : ends) {
     EXPECT_FALSE(Run([&end](D& dialog) {
       dialog.Click(Control::SetAsDefault);
@@ -497,6 +503,22 @@ TEST_F(DialogTest, TheHeaderWindowStandsBesideTheDialog) {
     dialog.Click(Control::ShowHeader);
     dialog.Click(Control::Ok);
   }));
+}
+
+TEST_F(DialogTest, SamplesOfEveryType) {
+  FakeSpreadsheet office;
+  FakeSpreadsheet::Store(folder_ / "jobs.xls", {{"[FMT_Name=First]"}, {"Part", "Qty"}, {"1", "2"}});
+  for (const std::string& sample :
+       {folder_ / "jobs.xls", folder_.Write("jobs.txt", "title\r\nPart\tQty\r\n1\t2\r\n"),
+        folder_.Write("jobs.csv", "title\r\n\"Part\",Qty\r\n1,2\r\n")}) {
+    SCOPED_TRACE(sample);
+    sample_ = sample;
+    Run([](D& dialog) {
+      dialog.Click(Control::ShowHeader);
+      EXPECT_EQ(dialog.Items(Control::Headers), (Words{"Part", "Qty"}));
+    });
+  }
+  EXPECT_EQ(office.Running + office.Objects, 0);
 }
 
 TEST_F(DialogTest, SamplesThatGiveNoHeaders) {

@@ -63,4 +63,15 @@ if [ -x "$prefix/bin/qvassembly" ]; then
     convert "$scratch/parts.xls" "$scratch/back.csv"
     cmp "$scratch/parts.csv" "$scratch/back.csv" || miss "the parts do not come back from a workbook"
   fi
+
+  if [ -e "$library/qvassembly/QVAssemblyFileDialog.so" ] && command -v xvfb-run xdotool >/dev/null; then
+    echo "the installed dialog"
+    sed 's/Current="orders"/Current="stock"/' "$source/examples/AssemblyFormats.xml" >"$scratch/formats.xml"
+    # shellcheck disable=SC2016  # for the inner shell
+    NO_AT_BRIDGE=1 ASAN_OPTIONS=detect_leaks=0 timeout 60 xvfb-run -a bash -c '
+      "$0" options --config "$1" & xdotool search --sync --onlyvisible --name "^Option$" windowfocus --sync key Return
+      wait $!' "$prefix/bin/qvassembly" "$scratch/formats.xml" || miss "the dialog did not end with OK"
+    expect "the formats that OK completed" "$(grep -c '<Priority ' "$scratch/formats.xml")" \
+      "$(grep -c '<OptionForm' "$scratch/formats.xml")"
+  fi
 fi

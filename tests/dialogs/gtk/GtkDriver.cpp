@@ -269,8 +269,11 @@ class GtkDriver final : public DialogDriver {
     ClickAt(x, y, 2);
   }
 
-  void Press(Key key) override {
-    const std::string window = OnWindowThread([] { return IdOf(FindWindow("Option")); });
+  void Press(Key key, Control focus) override {
+    const std::string window = OnWindowThread([focus] {
+      gtk_widget_grab_focus(Widget(focus));
+      return IdOf(FindWindow("Option"));
+    });
     Xdotool("windowfocus --sync " + window + " key " + (key == Key::Enter ? "Return" : "Escape"));
     EXPECT_TRUE(WaitUntil([] { return !IsWindowVisible("Option"); })) << "the key did not close the dialog";
   }

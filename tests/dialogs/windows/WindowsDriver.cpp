@@ -65,8 +65,8 @@ class WindowsDriver final : public DialogDriver {
       SendMessageW(window, message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON, place);
   }
 
-  void Press(Key key) override {
-    PostMessageW(WindowOf(Control::StartLine), WM_KEYDOWN, key == Key::Enter ? VK_RETURN : VK_ESCAPE, 0);
+  void Press(Key key, Control focus) override {
+    PostMessageW(WindowOf(focus), WM_KEYDOWN, key == Key::Enter ? VK_RETURN : VK_ESCAPE, 0);
     EXPECT_TRUE(WaitUntil([] { return OptionWindow() == nullptr; })) << "the key did not close the dialog";
   }
 

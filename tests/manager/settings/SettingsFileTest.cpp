@@ -116,6 +116,7 @@ TEST(SettingsFileTest, TellsWhenTheDefaultFormatIsNotKept) {
   const TemporaryFolder folder;
   const DiagnosticLog log;
   EXPECT_FALSE(WriteDefaultFormat(folder / "no/such/folder/Setting.ini", "Form1"));
+  EXPECT_TRUE(WriteDefaultFormat(folder / "no/such/folder/Setting.ini", "")) << "nothing is lost";
   EXPECT_EQ(log.Codes(), "file-not-written");
 }
 

@@ -1,0 +1,30 @@
+#include "platform/posix/ComponentFile.h"
+
+#include "platform/FileSystem.h"
+
+#include <dlfcn.h>
+#include <unistd.h>
+
+namespace qv {
+namespace {
+
+/// The folder of the file that holds this code: the library, or a program that contains it.
+std::string OwnFolder() {
+  Dl_info info;
+  if (dladdr(reinterpret_cast<const void*>(&OwnFolder), &info) == 0 || info.dli_fname == nullptr) return {};
+  std::string file = info.dli_fname;
+  if (!file.starts_with('/')) file = ProgramPath();  // a program is known by the name it was called by
+  return file.substr(0, file.rfind('/') + 1);
+}
+
+}  // namespace
+
+std::string FindComponent(const std::string& fileName) {
+  for (const char* folder : {"", "qvassembly/", "../qvassembly/", QV_COMPONENT_FOLDER "/"}) {
+    std::string path = OwnFolder() + folder + fileName;
+    if (access(path.c_str(), R_OK) == 0) return path;
+  }
+  return {};
+}
+
+}  // namespace qv
