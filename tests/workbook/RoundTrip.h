@@ -36,27 +36,31 @@ void AddSamples(CAssemblyFile& engine, const Texts& keywords) {
   }
 }
 
-/// Exports records with every column that can be read back, and imports them again.
+/// Exports records with every column that can be read back, and imports them again. Returns the rows of the
+/// sheet that was written.
 template <class Record>
-void ExpectRoundTrip(const char* path) {
+std::vector<Texts> ExpectRoundTrip(const char* path) {
   const RecordKind kind = qv::KindTraits<Record>::kKind;
   const Texts keywords = RoundTripKeywords<Record>();
-  ASSERT_GT(keywords.size(), 8u);
+  EXPECT_GT(keywords.size(), 8u);
   CXLSAssembly out, in;
   out.StartLine = in.StartLine = 1;
   out.Columns(kind) = in.Columns(kind) = keywords;
   AddSamples<Record>(out, keywords);
-  ASSERT_TRUE(out.Export(path));
-  ASSERT_TRUE(Import<Record>(in, path));
+  EXPECT_TRUE(out.Export(path));
+  EXPECT_TRUE(Import<Record>(in, path));
   // A cell is not always read as what was written into it, so the records are compared with what the texts
   // give without a workbook between.
+  std::vector<Texts> rows = RowsOf<Record>(out, keywords);
   std::vector<Texts> expected;
-  for (const Texts& written : RowsOf<Record>(out, keywords)) {
+  for (const Texts& written : rows) {
     Record again;
     Fill(again, keywords, written);
     expected.push_back(RowOf(again, keywords));
   }
   EXPECT_EQ(RowsOf<Record>(in, keywords), expected);
+  rows.insert(rows.begin(), keywords);
+  return rows;
 }
 
 }  // namespace workbook
