@@ -58,7 +58,7 @@ class RecordBuilder {
   void TellUnknownColumns(std::int64_t headerLine) const {
     if (keywords_.empty())
       report_.Tell(DiagnosticCode::NoColumns, headerLine, {}, {}, {},
-                   "the format has no columns; nothing is read");
+                   "the format has no columns; no cell is read");
     for (std::size_t rank = 0; rank < columns_.size(); ++rank)
       if (columns_[rank] == nullptr && !Matches(KindTraits<Record>::kImportMatch, "Ignore", keywords_[rank]))
         report_.Tell(DiagnosticCode::UnknownColumn, headerLine, keywords_[rank], {}, {},
