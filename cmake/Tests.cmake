@@ -28,6 +28,7 @@ function(qv_add_test_program name library)
   add_executable(${name}_tests ${TEST_SOURCES})
   target_link_libraries(${name}_tests PRIVATE ${TEST_LIBRARIES} ${library} GTest::gtest_main)
   target_include_directories(${name}_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_options(${name}_tests PRIVATE -O0)  # compiling a test takes longer than running it
   qv_warnings(${name}_tests)
   add_test(NAME ${QV_TREE}.${name} COMMAND ${name}_tests)
   qv_give_temporary_folder(${name})
