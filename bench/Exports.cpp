@@ -34,5 +34,29 @@ void ExportParts(benchmark::State& state) {
 }
 BENCHMARK(ExportParts)->UseManualTime()->Unit(benchmark::kMillisecond);
 
+/// One part again and again: what an export costs beside the memory of its records.
+void WriteParts(benchmark::State& state) {
+  Scene& scene = Scene::The();
+  CAssemblyFileMgr manager;
+  manager.LoadFormatConfiguration(scene.formats.c_str());
+  manager.SetCurrentFormat(scene.format.c_str());
+  std::unique_ptr<PartInformation> hot;
+  const auto keep = [](PartInformation* part, void* copy) {
+    static_cast<std::unique_ptr<PartInformation>*>(copy)->reset(new PartInformation(*part));
+    return false;
+  };
+  manager.ReadAssemblyFile(scene.file.data(), keep, &hot);
+  const auto feed = [](RecordSink<PartInformation>& sink, void* part) {
+    for (std::size_t row = 0; row < Scene::The().rows; ++row) sink.Write(*static_cast<PartInformation*>(part));
+    return true;
+  };
+  for (auto _ : state) {
+    Time(state, [&] { manager.WriteAssemblyFile(scene.out.data(), feed, hot.get()); });
+    ::unlink(scene.out.c_str());
+  }
+  Did(state, scene.rows, 0);
+}
+BENCHMARK(WriteParts)->UseManualTime()->Unit(benchmark::kMillisecond);
+
 }  // namespace
 }  // namespace bench

@@ -13,7 +13,7 @@ void TakeOptions(int& count, char** arguments) {
     const char* name;
     std::string* text;
     std::size_t* number;
-  } options[] = {{"--file=", &scene.file, nullptr},      {"--format=", &scene.format, nullptr},
+  } options[] = {{"--file=", &scene.file, nullptr},       {"--format=", &scene.format, nullptr},
                  {"--formats=", &scene.formats, nullptr}, {"--out=", &scene.out, nullptr},
                  {"--rows=", nullptr, &scene.rows},       {"--touch=", nullptr, &scene.touch}};
   int kept = 1;
@@ -37,7 +37,6 @@ int main(int count, char** arguments) {
   TakeOptions(count, arguments);
   benchmark::Initialize(&count, arguments);
   if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 2;
-  bench::TouchMemory();
   benchmark::RunSpecifiedBenchmarks();
   return 0;
 }

@@ -11,17 +11,18 @@ namespace bench {
 
 /// What a run was told on its command line.
 struct Scene {
-  std::string file;    ///< --file: the data file
-  std::string format;  ///< --format: the name of its format
-  std::string formats;  ///< --formats: the format file
-  std::string out;     ///< --out: the file that exports write
+  std::string file;       ///< --file: the data file
+  std::string format;     ///< --format: the name of its format
+  std::string formats;    ///< --formats: the format file
+  std::string out;        ///< --out: the file that exports write
   std::size_t rows = 0;   ///< --rows: how many records to make where no file says it
   std::size_t touch = 0;  ///< --touch: megabytes of memory to use once before measuring
 
   static Scene& The();
 };
 
-/// Uses memory once and gives it back, so that a virtual machine has got it before the clock runs.
+/// Uses memory once and gives it back, so that a virtual machine has got it when the clock runs. A machine
+/// that hands free memory back to its host does so after a moment, hence before every run.
 void TouchMemory();
 
 /// The time that the processor has spent on this thread.

@@ -221,31 +221,32 @@ const char* FieldSplitter::WalkQualified(const char* begin, FieldViews& row) {
 const char* FieldSplitter::WalkCsv(const char* begin, FieldViews& row) {
   MarkFinder::Cursor marks(marks_);
   Output out(row, keep_);
-  std::string_view field;
-  const char* run = begin;
+  std::string_view field;         // of the last field, what stands before its quote
+  const char* run = begin;        // what belongs to the field but has not been added
   const char* closing = nullptr;  // the last quote in a quoted field
   bool inside = false;
   const char* mark = marks.Next();
-  for (CharacterClass found; (found = ClassAt(mark)) != kLineFeed; mark = marks.Next()) {
-    if (found == kDelimiter) {
-      if (inside) continue;
-      out.EmitTrimmed(Joined(field, run, mark));
-      field = {};
+  for (CharacterClass found;;) {
+    for (; (found = ClassAt(mark)) == kDelimiter; mark = marks.Next()) {
+      out.EmitTrimmed({run, mark});
       run = mark + 1;
-    } else if (!inside) {
-      field = Joined(field, run, mark);
-      run = mark + 1;
-      inside = true;
-      closing = nullptr;
-    } else if (mark + 1 != end_ && mark[1] == ',') {
+    }
+    if (found == kLineFeed) break;
+    field = {run, mark};
+    run = mark + 1;
+    closing = nullptr;
+    inside = true;
+    for (mark = marks.Next(); inside && (found = ClassAt(mark)) != kLineFeed; mark = marks.Next()) {
+      if (found == kDelimiter) continue;
+      closing = mark;
+      if (mark + 1 == end_ || mark[1] != ',') continue;
       out.Emit(Joined(field, run, mark));
       field = {};
       run = mark + 2;
       inside = false;
       marks.Skip(mark + 1);
-    } else {
-      closing = mark;
     }
+    if (inside) break;
   }
   const char* const end = TextEnd(run, mark);
   // The closing quote of a last field is still part of it here; trimming takes it away.

@@ -12,13 +12,14 @@ namespace qv {
 namespace {
 
 constexpr std::size_t kWidth = 64;  // characters at a time: a bit of a word for each
+constexpr int kAtOnce = 12;
 
-/// Stores the places of the bits that are set. Most words have few of them, so eight are stored whatever
-/// their number is: a branch that guesses right is worth more than the stores.
+/// Stores the places of the bits that are set. Few words have more than a dozen of them, so twelve are stored
+/// whatever their number is: a branch that guesses right is worth more than the stores.
 inline std::uint16_t* StorePlaces(std::uint64_t bits, std::size_t base, std::uint16_t* out) {
   const int count = std::popcount(bits);
-  for (int stored = 0; stored < count; stored += 8)
-    for (int place = 0; place < 8; ++place) {
+  for (int stored = 0; stored < count; stored += kAtOnce)
+    for (int place = 0; place < kAtOnce; ++place) {
       out[stored + place] =
           static_cast<std::uint16_t>(base + static_cast<std::size_t>(std::countr_zero(bits)));
       bits &= bits - 1;

@@ -6,6 +6,7 @@
 #include "engines/columns/ResolvedColumns.h"
 
 #include <algorithm>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -18,8 +19,10 @@ class RecordBuilder {
   /// Keywords that the kind does not know are told once, as of `headerLine`.
   RecordBuilder(const std::vector<std::string>& keywords, const FileReport& report, std::int64_t headerLine)
       : keywords_(keywords), columns_(ResolveForReading<Record>(keywords)), report_(report) {
-    for (const Column<Record>* column : columns_)
+    for (const Column<Record>* column : columns_) {
+      readers_.push_back(column != nullptr ? column->read : ReadNothing);
       if (column != nullptr && column->flag != nullptr) flags_.push_back(column->flag);
+    }
     if (report_.IsWanted()) TellUnknownColumns(headerLine);
   }
 
@@ -33,26 +36,41 @@ class RecordBuilder {
       return false;
     }
     const std::size_t count = std::min(columns_.size(), row.fields.size());
-    for (std::size_t rank = 0; rank < count; ++rank)
-      if (!ReadCell(record, rank, row.fields[rank], line)) {
-        TellLeftOut(line, text, "the cell " + keywords_[rank] + " is empty");
-        return false;
-      }
+    const std::size_t read = report_.IsWanted() ? ReadCells(record, row.fields.first(count), line)
+                                                : ReadCells(record, row.fields.first(count));
+    if (read < count) {
+      TellLeftOut(line, text, "the cell " + keywords_[read] + " is empty");
+      return false;
+    }
     for (bool Record::*flag : flags_) record.*flag = true;
     if (report_.IsWanted()) TellLength(row, line, text);
     return true;
   }
 
  private:
-  bool ReadCell(Record& record, std::size_t rank, std::string_view field, std::int64_t line) const {
-    const Column<Record>* const column = columns_[rank];
-    if (column == nullptr) return true;
-    if (!report_.IsWanted()) return column->read(record, field, nullptr) != Remark::AbandonRow;
+  using Fields = std::span<const std::string_view>;
+  using Reader = Remark (*)(Record& record, std::string_view text, std::string* stored);
+
+  static Remark ReadNothing(Record&, std::string_view, std::string*) { return Remark::None; }
+
+  /// Returns how many cells were read; fewer than there are when one of them ends the row.
+  std::size_t ReadCells(Record& record, Fields fields) const {
+    const Reader* const readers = readers_.data();
+    for (std::size_t rank = 0; rank < fields.size(); ++rank)
+      if (readers[rank](record, fields[rank], nullptr) == Remark::AbandonRow) return rank;
+    return fields.size();
+  }
+
+  /// The same with remarks.
+  std::size_t ReadCells(Record& record, Fields fields, std::int64_t line) const {
     std::string stored;
-    const Remark remark = column->read(record, field, &stored);
-    if (remark != Remark::None && remark != Remark::AbandonRow)
-      report_.TellCell(remark, line, keywords_[rank], field, stored);
-    return remark != Remark::AbandonRow;
+    for (std::size_t rank = 0; rank < fields.size(); ++rank) {
+      const Remark remark = readers_[rank](record, fields[rank], &stored);
+      if (remark == Remark::AbandonRow) return rank;
+      if (remark != Remark::None) report_.TellCell(remark, line, keywords_[rank], fields[rank], stored);
+      stored.clear();
+    }
+    return fields.size();
   }
 
   void TellUnknownColumns(std::int64_t headerLine) const {
@@ -84,6 +102,7 @@ class RecordBuilder {
 
   const std::vector<std::string>& keywords_;
   ResolvedColumns<Record> columns_;
+  std::vector<Reader> readers_;  // of the columns
   std::vector<bool Record::*> flags_;
   const FileReport& report_;
 };

@@ -82,9 +82,11 @@ class RecordList {
   Record* Built(std::size_t rank) const { return blocks_[rank / PerBlock()] + rank % PerBlock(); }
   Record* Staged(std::size_t rank) const;
   void AddBlock();
+  static void FreeBlock(Record* block, bool isFirst);
   void DropBegun();
 
-  std::vector<Record*> blocks_;
+  std::vector<Record*>
+      blocks_;  // the first is from the heap, which reuses it for one small file after another
   std::size_t built_ = 0;
   bool hasBegun_ = false;
   std::vector<std::shared_ptr<qv::AttachedRecord>> staged_;

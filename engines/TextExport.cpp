@@ -10,6 +10,7 @@
 #include "engines/columns/ResolvedColumns.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace qv {
 namespace {
@@ -47,6 +48,7 @@ class RowWriter final : public RecordSink<Record> {
         file_(file),
         remarks_(report, dress_.delimiter, dress_.after) {
     line_ = std::max(engine.StartLine, 1);
+    ChooseCells();
   }
 
   // Every keyword gets its header, known or not, and every header a delimiter.
@@ -61,32 +63,42 @@ class RowWriter final : public RecordSink<Record> {
 
   bool Write(const Record& record) override {
     std::size_t rows = 1;
-    for (const Column<Record>* column : columns_)
-      if (column != nullptr && column->count != nullptr) rows = std::max(rows, column->count(record));
+    for (const auto& count : counts_) rows = std::max(rows, count(record));
     for (std::size_t row = 0; row < rows; ++row) WriteRow(record, row);
     return file_.IsWhole();
   }
 
  private:
+  /// A cell of a row, and what stands behind it.
+  struct Cell {
+    const Column<Record>* column;
+    const std::string* keyword;
+    std::string end;
+  };
+
   // A keyword that the kind does not know writes no cell at all, so that later cells move left under its
   // header.
-  void WriteRow(const Record& record, std::size_t row) {
+  void ChooseCells() {
     for (std::size_t rank = 0; rank < columns_.size(); ++rank) {
       if (columns_[rank] == nullptr || IsSkippedColumn(KindTraits<Record>::kKind, keywords_[rank])) continue;
-      WriteCell(*columns_[rank], record, row, keywords_[rank]);
-      if (rank + 1 != columns_.size()) file_.Pending() += dress_.delimiter;
+      const bool isLast = rank + 1 == columns_.size();
+      cells_.push_back({columns_[rank], &keywords_[rank], dress_.after + (isLast ? "" : dress_.delimiter)});
+      if (columns_[rank]->count != nullptr) counts_.push_back(columns_[rank]->count);
     }
-    EndLine();
   }
 
-  void WriteCell(const Column<Record>& column, const Record& record, std::size_t row,
-                 std::string_view keyword) {
+  void WriteRow(const Record& record, std::size_t row) {
     std::string& out = file_.Pending();
-    out += dress_.before;
-    const std::size_t start = out.size();
-    const bool isWhole = row != 0 && column.count == nullptr ? true : column.write(record, row, out);
-    if (remarks_.AreWanted()) remarks_.Tell(line_, keyword, std::string_view(out).substr(start), isWhole);
-    out += dress_.after;
+    for (const Cell& cell : cells_) {
+      out += dress_.before;
+      const std::size_t start = out.size();
+      const bool isEmpty = row != 0 && cell.column->count == nullptr;
+      const bool isWhole = isEmpty || cell.column->write(record, row, out);
+      if (remarks_.AreWanted())
+        remarks_.Tell(line_, *cell.keyword, std::string_view(out).substr(start), isWhole);
+      out += cell.end;
+    }
+    EndLine();
   }
 
   void EndLine() {
@@ -97,6 +109,8 @@ class RowWriter final : public RecordSink<Record> {
   const std::vector<std::string>& keywords_;
   const ResolvedColumns<Record> columns_;
   const CellDress dress_;
+  std::vector<Cell> cells_;
+  std::vector<std::size_t (*)(const Record&)> counts_;
   TextFileWriter& file_;
   const WrittenCellRemarks remarks_;
   std::int64_t line_ = 1;

@@ -1,5 +1,7 @@
 #include <QVAssemblyFile/CString.h>
 
+#include <QVAssemblyFile/CopyShort.h>
+
 #if !defined(QVASSEMBLY_FRAMEWORK_STRING_HEADER)
 
 #include <algorithm>
@@ -63,7 +65,15 @@ void CString::Release() const noexcept {
 }
 
 CString::CString(const char* text, int length) : CString(Bytes(text, length)) {}
-CString::CString(std::string_view text) : CString(Joined(text, {})) {}
+
+CString::CString(std::string_view text) {
+  if (text.size() > kShortCapacity) {
+    new (this) CString(Joined(text, {}));
+    return;
+  }
+  qv::CopyShort(bytes_, text.data(), text.size());
+  SetShortLength(text.size());
+}
 
 // An empty text whose OwnText() has room for `capacity` characters.
 CString CString::WithCapacity(std::size_t capacity) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QVAssemblyFile/CopyShort.h>
 #include <QVAssemblyFile/Export.h>
 
 #include <cstddef>
@@ -23,7 +24,8 @@ class QVASSEMBLY_API FixedText {
   /// Keeps the characters up to the first NUL, Capacity - 1 at most. Returns false when the text was cut for
   /// length.
   bool Assign(std::string_view text) {
-    const std::size_t length = text.copy(text_, Capacity - 1);
+    const std::size_t length = text.size() < Capacity ? text.size() : Capacity - 1;
+    CopyShort(text_, text.data(), length);
     text_[length] = '\0';
     return length == text.size();
   }

@@ -2,6 +2,7 @@
 
 #include "engines/columns/Column.h"
 #include "engines/columns/Numbers.h"
+#include "engines/columns/ShortNumbers.h"
 #include "engines/columns/Words.h"
 
 #include <QVAssemblyFile/CString.h>
@@ -54,8 +55,7 @@ bool StoreText(FixedText<Capacity>& field, std::string_view text) {
   return field.Assign(text);
 }
 inline bool StoreText(CString& field, std::string_view text) {
-  text = UpToNul(text);
-  if (ViewOf(field) != text) field = CString(text);
+  field = CString(UpToNul(text));
   return true;
 }
 
@@ -76,10 +76,18 @@ Remark StoreValue(RecordOf<Field>& record, Value value, Remark remark) {
 }
 
 template <auto Field>
-Remark ReadInt(RecordOf<Field>& record, std::string_view text, std::string* stored) {
+[[gnu::noinline]] Remark ReadOddInt(RecordOf<Field>& record, std::string_view text, std::string* stored) {
   const Parsed<int> parsed = ParseInt(text);
   if (stored != nullptr) AppendInt(*stored, parsed.value);
   return StoreValue<Field>(record, parsed.value, parsed.remark);
+}
+
+template <auto Field>
+Remark ReadInt(RecordOf<Field>& record, std::string_view text, std::string* stored) {
+  int value;
+  if (!ParseShortInt(text, value)) return ReadOddInt<Field>(record, text, stored);
+  record.*Field = value;
+  return Remark::None;
 }
 
 /// The shortest text that reads back as the same number.
@@ -87,7 +95,7 @@ void AppendReal(std::string& out, float value);
 void AppendReal(std::string& out, double value);
 
 template <auto Field>
-Remark ReadReal(RecordOf<Field>& record, std::string_view text, std::string* stored) {
+[[gnu::noinline]] Remark ReadOddReal(RecordOf<Field>& record, std::string_view text, std::string* stored) {
   using Value = ValueOf<Field>;
   Parsed<double> parsed = ParseReal(text);
   const auto value = static_cast<Value>(parsed.value);
@@ -95,6 +103,14 @@ Remark ReadReal(RecordOf<Field>& record, std::string_view text, std::string* sto
     parsed.remark = Remark::NumberOutOfRange;
   if (stored != nullptr) AppendReal(*stored, value);
   return StoreValue<Field>(record, value, parsed.remark);
+}
+
+template <auto Field>
+Remark ReadReal(RecordOf<Field>& record, std::string_view text, std::string* stored) {
+  double value;
+  if (!ParseShortReal(text, value)) return ReadOddReal<Field>(record, text, stored);
+  record.*Field = static_cast<ValueOf<Field>>(value);
+  return Remark::None;
 }
 
 template <auto Field, const WordTable& Words>

@@ -33,15 +33,18 @@ char* MapAndTrim(std::size_t size) {
 
 }  // namespace
 
-void* AcquireLargeBlock(std::size_t size) noexcept {
+void* AcquireLargeBlock(std::size_t size, Pages pages) noexcept {
   // Systems place mappings side by side, so that after an aligned one the next is aligned as well.
   char* block = Map(size);
   if (block != nullptr && !IsAligned(block, size)) {
     Unmap(block, size);
     block = MapAndTrim(size);
   }
-  // Large pages are left to the system's setting. Asked for, they are a gain where memory is at hand, but a
-  // virtual machine that hands its free memory back to its host pays several times over for each.
+#ifdef MADV_HUGEPAGE
+  if (block != nullptr && pages == Pages::Large) madvise(block, size, MADV_HUGEPAGE);
+#else
+  (void)pages;
+#endif
   return block;
 }
 

@@ -26,7 +26,8 @@ void* FindRoom(std::size_t size) {
 
 }  // namespace
 
-void* AcquireLargeBlock(std::size_t size) noexcept {
+// Large pages are for privileged users here.
+void* AcquireLargeBlock(std::size_t size, Pages) noexcept {
   void* block = Commit(nullptr, size);
   if (block == nullptr || IsAligned(block, size)) return block;
   VirtualFree(block, 0, MEM_RELEASE);

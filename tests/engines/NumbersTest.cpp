@@ -1,4 +1,5 @@
 #include "engines/columns/Numbers.h"
+#include "engines/columns/ShortNumbers.h"
 
 #include <gtest/gtest.h>
 
@@ -149,6 +150,31 @@ TEST(ParseInt, AgreesWithTheRuntimeOnRandomTexts) {
     const long long exact = std::atoll(text.c_str());
     const bool fits = exact >= INT_MIN && exact <= INT_MAX;
     ASSERT_TRUE(!fits || qv::ParseInt(text).value == exact) << text;
+  }
+}
+
+// Plain numbers of up to eight characters are told as such and give what the long way gives; of all other
+// texts nothing is taken that the long way would see differently.
+TEST(ParseShort, AgreesWithTheLongWay) {
+  std::mt19937_64 random(9);
+  for (int count = 0; count < 2'000'000; ++count) {
+    std::string text = RandomNumberText(random).substr(0, 10);
+    if (random() % 4 == 0 && !text.empty()) text[random() % text.size()] = static_cast<char>(random());
+    int whole = 0;
+    double real = 0;
+    const bool isInt = qv::ParseShortInt(text, whole), isReal = qv::ParseShortReal(text, real);
+    const auto longInt = qv::ParseInt(text);
+    const auto longReal = qv::ParseReal(text);
+    ASSERT_TRUE(!isInt || (longInt.value == whole && longInt.remark == Remark::None)) << text;
+    ASSERT_TRUE(!isReal ||
+                (std::bit_cast<std::uint64_t>(longReal.value) == std::bit_cast<std::uint64_t>(real) &&
+                 longReal.remark == Remark::None))
+        << text;
+    const std::string digits = text.substr(text.starts_with('-'));
+    const bool isPlain =
+        !digits.empty() && digits.size() <= 8 && digits.find_first_not_of("0123456789") == std::string::npos;
+    ASSERT_EQ(isInt, isPlain) << text;
+    ASSERT_TRUE(isReal || !isPlain) << text;
   }
 }
 
