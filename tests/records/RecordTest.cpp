@@ -1,165 +1,188 @@
-#include "records/RecordFields.h"
+// Every field of every record, through the tables that know them all.
+
+#include "cli/RecordFields.h"
+#include "engines/columns/ColumnTables.h"
+#include "records/FixedText.h"
+
+#include <QVAssemblyFile/PrtInfo.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 #include <memory>
 #include <string>
 
+namespace qv {
 namespace {
+
+using Values = std::vector<std::string>;
+
+// A list is the number of its elements, followed by what they hold.
+Values Read(void* record, const RecordType& type) {
+  Values values;
+  for (const RecordField& field : type.fields) {
+    values.push_back(GetText(record, field));
+    if (field.type != FieldType::List) continue;
+    for (const AnyRecord& element : field.getList(record))
+      for (const std::string& value : Read(element.Pointer(), element.Type())) values.back() += " " + value;
+  }
+  return values;
+}
+
+FieldValue ValueOf(FieldType type, int seed) {
+  if (type == FieldType::Int) return 1000 + seed;
+  if (type == FieldType::Float) return 1000.5f + static_cast<float>(seed);
+  if (type == FieldType::Double) return 1000.5 + seed;
+  if (type == FieldType::Bool) return seed % 2 == 1;
+  return "a text that does not lie inside the object " + std::to_string(seed);
+}
+
+// Gives every field a value of its own and returns what they read then.
+Values WriteAll(void* record, const RecordType& type, int seed);
+
+// Another value for each seed, but for flags, which an odd one sets. Returns what the field reads then.
+std::string Write(void* record, const RecordField& field, int seed) {
+  if (field.type != FieldType::List) {
+    const FieldValue value = ValueOf(field.type, seed);
+    field.set(record, value);
+    EXPECT_EQ(field.get(record), value) << field.stem;
+    return GetText(record, field);
+  }
+  std::vector<AnyRecord> elements;
+  std::string text = std::to_string(seed % 3 + 1);
+  for (int last = seed + seed % 3; seed <= last; ++seed) {
+    const AnyRecord& element = elements.emplace_back(*field.elements);
+    for (const std::string& value : WriteAll(element.Pointer(), element.Type(), seed)) text += " " + value;
+  }
+  field.setList(record, elements);
+  return text;
+}
+
+Values WriteAll(void* record, const RecordType& type, int seed) {
+  Values values;
+  for (const RecordField& field : type.fields) values.push_back(Write(record, field, seed += 2));
+  return values;
+}
+
+// What a new record reads where it is not 0, false or empty.
+const std::map<std::string_view, std::string> kDefaults = {
+    {"PartQuantity", "1"}, {"StackTableId", "-1"}, {"Rotation", "1"}, {"Priority", "1"}};
+
+// Storage that was used before shows what a constructor leaves out.
+template <class Record>
+void ExpectDefaults(const RecordType& type) {
+  alignas(Record) unsigned char storage[sizeof(Record)];
+  std::fill(std::begin(storage), std::end(storage), static_cast<unsigned char>(0xA5));
+  auto* record = new (storage) Record;
+  for (const RecordField& field : type.fields) {
+    const auto own = kDefaults.find(field.stem);
+    const char* const otherwise = field.type == FieldType::Text   ? ""
+                                  : field.type == FieldType::Bool ? "false"
+                                                                  : "0";
+    EXPECT_EQ(GetText(record, field), own != kDefaults.end() ? own->second : otherwise) << field.stem;
+  }
+  record->~Record();
+}
 
 template <class Record>
 class RecordTest : public testing::Test {
  protected:
-  static std::vector<std::string> Read(Record& record) {
-    std::vector<std::string> values;
-    for (const auto& field : FieldsOf<Record>()) values.push_back(field.read(record));
-    return values;
-  }
-
-  static std::vector<std::string> Fresh() {
-    std::vector<std::string> values;
-    for (const auto& field : FieldsOf<Record>()) values.push_back(field.fresh);
-    return values;
-  }
-
-  static void WriteAll(Record& record, int seed) {
-    for (const auto& field : FieldsOf<Record>()) field.write(record, seed++);
-  }
+  const RecordType& type_ = RecordTypeOf(KindTraits<Record>::kKind);
 };
 
 using Records = testing::Types<PartInformation, ToolInformation, MaterialInfomation, ShtInfo, PrtInfo,
                                JobProgressInfo, MatAmncITInfo, MatLibraryInfo>;
 TYPED_TEST_SUITE(RecordTest, Records);
 
-// Storage that was used before shows what a constructor leaves out.
 TYPED_TEST(RecordTest, StartsWithItsDefaultsWhateverLayInItsStorage) {
-  alignas(TypeParam) unsigned char storage[sizeof(TypeParam)];
-  std::fill(std::begin(storage), std::end(storage), static_cast<unsigned char>(0xA5));
-  auto* record = new (storage) TypeParam;
-  EXPECT_EQ(this->Read(*record), this->Fresh());
-  record->~TypeParam();
-}
-
-TYPED_TEST(RecordTest, EachSetterChangesItsOwnFieldOnly) {
-  const auto& fields = FieldsOf<TypeParam>();
-  for (std::size_t rank = 0; rank < fields.size(); ++rank) {
-    TypeParam record;
-    fields[rank].write(record, 7);
-    auto expected = this->Fresh();
-    ASSERT_NE(fields[rank].read(record), expected[rank]) << fields[rank].name;
-    expected[rank] = fields[rank].read(record);
-    EXPECT_EQ(this->Read(record), expected) << fields[rank].name;
+  ExpectDefaults<TypeParam>(this->type_);
+  if constexpr (std::is_same_v<TypeParam, PrtInfo>) {
+    ExpectDefaults<UsedToolInfo>(*FindField(this->type_, "UsedToolInfo")->elements);
+    ExpectDefaults<HoleInfo>(*FindField(this->type_, "HoleInfo")->elements);
+    ExpectDefaults<BendInfo>(*FindField(this->type_, "BendInfo")->elements);
   }
 }
 
-TYPED_TEST(RecordTest, KeepsWhatWasWritten) {
+TYPED_TEST(RecordTest, EachFieldKeepsItsOwnValue) {
   TypeParam record;
-  this->WriteAll(record, 1);
-  TypeParam other;
-  this->WriteAll(other, 2);
-  const auto& fields = FieldsOf<TypeParam>();
-  for (const auto& field : fields) {
-    const bool isFlag = field.read(record) == "1" && field.read(other) == "1";
-    EXPECT_TRUE(isFlag || field.read(record) != field.read(other)) << field.name;
+  Values expected = Read(&record, this->type_);
+  for (std::size_t rank = 0; rank < expected.size(); ++rank) {
+    expected[rank] = Write(&record, this->type_.fields[rank], 2 * static_cast<int>(rank) + 1);
+    EXPECT_EQ(Read(&record, this->type_), expected) << this->type_.fields[rank].stem;
   }
 }
 
 TYPED_TEST(RecordTest, CopiesOutliveTheirSource) {
   auto source = std::make_unique<TypeParam>();
-  this->WriteAll(*source, 1);
-  const auto written = this->Read(*source);
-
-  TypeParam copied(*source);
-  TypeParam assigned;
-  this->WriteAll(assigned, 50);
+  const Values written = WriteAll(source.get(), this->type_, 1);
+  TypeParam copied(*source), assigned;
+  WriteAll(&assigned, this->type_, 50);
   assigned = *source;
   TypeParam& itself = assigned;
   assigned = itself;
-
-  this->WriteAll(*source, 90);
+  WriteAll(source.get(), this->type_, 90);
   source.reset();
-  EXPECT_EQ(this->Read(copied), written);
-  EXPECT_EQ(this->Read(assigned), written);
+  EXPECT_EQ(Read(&copied, this->type_), written);
+  EXPECT_EQ(Read(&assigned, this->type_), written);
 }
 
-TYPED_TEST(RecordTest, BoundedTextsAreCutAtTheirCapacity) {
-  constexpr std::size_t capacity = kTextCapacity<TypeParam>;
-  for (const auto& field : FieldsOf<TypeParam>()) {
-    if (field.getText == nullptr) continue;
-    for (const std::size_t length :
-         {std::size_t{0}, std::size_t{1}, capacity - 2, capacity - 1, capacity, capacity + 44}) {
+TYPED_TEST(RecordTest, TextsAreCutAtTheirCapacity) {
+  for (const RecordField& field : this->type_.fields) {
+    if (field.capacity == 0) continue;
+    for (const std::size_t length : {std::size_t{0}, field.capacity, field.capacity + 1}) {
       TypeParam record;
-      (record.*field.setText)(std::string(length, 'x').c_str());
-      EXPECT_EQ(field.read(record), std::string(std::min(length, capacity - 1), 'x')) << field.name;
+      field.set(&record, std::string(length, 'x'));
+      EXPECT_EQ(GetText(&record, field), std::string(std::min(length, field.capacity), 'x')) << field.stem;
     }
   }
 }
 
-// A host may hand over a full buffer that has no room for a terminator.
-TYPED_TEST(RecordTest, NothingIsReadBehindTheLastCharacterThatFits) {
-  constexpr std::size_t length = kTextCapacity<TypeParam> - 1;
-  const auto text = std::make_unique<char[]>(length);
-  std::fill_n(text.get(), length, 'y');
-  for (const auto& field : FieldsOf<TypeParam>()) {
-    if (field.setText == nullptr) continue;
-    TypeParam record;
-    (record.*field.setText)(text.get());
-    EXPECT_EQ(field.read(record), std::string(length, 'y')) << field.name;
-  }
+TEST(FixedTextTest, KeepsToItsBuffersAndTheCallers) {
+  FixedText<8> text;
+  text.Set("a longer text");
+  EXPECT_EQ(text.View(), "a longe");
+  text.Set("short");
+  text.Set(nullptr);
+  text.Get(nullptr);
+  EXPECT_EQ(text.View(), "short");
+  std::string buffer(9, '#');
+  text.Get(buffer.data());
+  EXPECT_EQ(buffer, std::string("short\0#\0#", 9));
+
+  // A host may hand over a full buffer that has no room for a terminator.
+  const auto full = std::make_unique<char[]>(7);
+  std::fill_n(full.get(), 7, 'y');
+  text.Set(full.get());
+  EXPECT_EQ(text.View(), "yyyyyyy");
 }
 
-TYPED_TEST(RecordTest, AGetterEndsTheBufferAndWritesNothingBehindIt) {
-  constexpr std::size_t capacity = kTextCapacity<TypeParam>;
-  for (const auto& field : FieldsOf<TypeParam>()) {
-    if (field.getText == nullptr) continue;
-    TypeParam record;
-    (record.*field.setText)("ten bytes.");
-    std::string buffer(capacity + 1, '#');
-    (record.*field.getText)(buffer.data());
-    EXPECT_STREQ(buffer.c_str(), "ten bytes.") << field.name;
-    EXPECT_EQ(buffer[capacity - 1], '\0') << field.name;
-    EXPECT_EQ(buffer[capacity], '#') << field.name;
-  }
+TEST(PrtInfoTest, AListThatIsAskedForIsReplaced) {
+  PrtInfo record;
+  std::vector<UsedToolInfo> tools(2);
+  record.GetUsedToolInfo(tools);
+  std::vector<HoleInfo> holes(2);
+  record.GetHoleInfo(holes);
+  std::vector<BendInfo> bends(2);
+  record.GetBendInfo(bends);
+  EXPECT_EQ(tools.size() + holes.size() + bends.size(), 0U);
 }
 
-TYPED_TEST(RecordTest, NullIsIgnored) {
-  for (const auto& field : FieldsOf<TypeParam>()) {
-    if (field.getText == nullptr) continue;
-    TypeParam record;
-    (record.*field.setText)("kept");
-    (record.*field.setText)(nullptr);
-    (record.*field.getText)(nullptr);
-    EXPECT_EQ(field.read(record), "kept") << field.name;
-  }
+TEST(ToolInformationTest, PunchConditionsAreKeptWholeAndNeverNull) {
+  ToolInformation tool;
+  const std::string text(5000, 'p');
+  tool.SetToolPunchConditionString(text.c_str());
+  tool.SetToolPunchConditionString(nullptr);
+  EXPECT_EQ(tool.GetToolPunchConditionString(), text);
+  tool.SetToolPunchConditionString(tool.GetToolPunchConditionString() + 4970);
+  EXPECT_EQ(tool.GetToolPunchConditionString(), text.substr(4970));
 }
-
-TYPED_TEST(RecordTest, AShorterTextReplacesALongerOne) {
-  for (const auto& field : FieldsOf<TypeParam>()) {
-    if (field.getText == nullptr) continue;
-    TypeParam record;
-    (record.*field.setText)("a longer text");
-    (record.*field.setText)("short");
-    EXPECT_EQ(field.read(record), "short") << field.name;
-  }
-}
-
-// Hosts link against the exact signatures; the table holds all others.
-static_assert(std::is_same_v<decltype(&PartInformation::GetPriority), int (PartInformation::*)() const>);
-static_assert(std::is_same_v<decltype(&PartInformation::StackTableId), int (PartInformation::*)() const>);
-static_assert(std::is_same_v<decltype(&MatAmncITInfo::SetPalletkind), void (MatAmncITInfo::*)(CString)>);
-static_assert(
-    std::is_same_v<decltype(&JobProgressInfo::SetJobName), void (JobProgressInfo::*)(const CString&)>);
 
 TEST(RecordTableTest, HoldsEveryFieldOfEveryRecord) {
-  EXPECT_EQ(FieldsOf<PartInformation>().size(), 43u);
-  EXPECT_EQ(FieldsOf<ToolInformation>().size(), 11u);
-  EXPECT_EQ(FieldsOf<MaterialInfomation>().size(), 114u);
-  EXPECT_EQ(FieldsOf<ShtInfo>().size(), 14u);
-  EXPECT_EQ(FieldsOf<PrtInfo>().size(), 27u);
-  EXPECT_EQ(FieldsOf<JobProgressInfo>().size(), 8u);
-  EXPECT_EQ(FieldsOf<MatAmncITInfo>().size(), 7u);
-  EXPECT_EQ(FieldsOf<MatLibraryInfo>().size(), 10u);
+  std::vector<std::size_t> counts;
+  for (const RecordType& type : RecordTypes()) counts.push_back(type.fields.size());
+  EXPECT_EQ(counts, (std::vector<std::size_t>{43, 12, 114, 14, 30, 7, 10, 8}));
 }
 
 }  // namespace
+}  // namespace qv
