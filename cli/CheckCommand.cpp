@@ -11,7 +11,7 @@
 namespace qv {
 namespace {
 
-constexpr const char* kFooter = R"(
+constexpr const char* kCheckFooter = R"(
 Ends with 1 when something was not taken as it stands in the file. Suggestions
 are given only where they are certain, and do not count.
 
@@ -67,7 +67,7 @@ void AddCheckCommand(CLI::App& program, Session& session) {
   command->add_option("--rejects", options->rejects, "writes the rows that are left out, as they stand")
       ->type_name("FILE");
   AddFileArgument(*command, *options, "FILE", "the data file");
-  command->footer(kFooter);
+  command->footer(kCheckFooter);
   command->callback(
       [&session, options] { session.command = [&session, options] { return RunCheck(session, *options); }; });
 }

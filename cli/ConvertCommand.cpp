@@ -7,7 +7,7 @@
 namespace qv {
 namespace {
 
-constexpr const char* kFooter = R"(
+constexpr const char* kConvertFooter = R"(
 Texts are copied byte by byte, whatever they encode.
 
 Examples:
@@ -48,7 +48,7 @@ void AddConvertCommand(CLI::App& program, Session& session) {
       ->type_name("NAME");
   AddFileArgument(*command, options->in, "IN", "the data file that is read");
   command->add_option("OUT", options->out, "the data file that is written")->required()->type_name("");
-  command->footer(kFooter);
+  command->footer(kConvertFooter);
   command->callback([&session, options] {
     session.command = [&session, options] { return RunConvert(session, *options); };
   });

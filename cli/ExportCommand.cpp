@@ -12,7 +12,7 @@
 namespace qv {
 namespace {
 
-constexpr const char* kFooter = R"(
+constexpr const char* kExportFooter = R"(
 RECORDS holds what "import --as json" prints, or an array of records, or one
 record per line. A key that is left out keeps the record's default.
 
@@ -91,7 +91,7 @@ void AddExportCommand(CLI::App& program, Session& session) {
       ->required()
       ->type_name("RECORDS");
   AddFileArgument(*command, *options, "OUT", "the data file that is written");
-  command->footer(kFooter);
+  command->footer(kExportFooter);
   command->callback([&session, options] {
     session.command = [&session, options] { return RunExport(session, *options); };
   });

@@ -13,7 +13,7 @@
 namespace qv {
 namespace {
 
-constexpr const char* kFooter = R"(
+constexpr const char* kFormatNameFooter = R"(
 A text file carries the name of its format in its first line.
 
 Examples:
@@ -62,7 +62,7 @@ void AddFormatNameCommand(CLI::App& program, Session& session) {
       program.add_subcommand("format-name", "Print or set the name of the format that a data file carries");
   command->require_subcommand(1);
   command->fallthrough();
-  command->footer(kFooter);
+  command->footer(kFormatNameFooter);
   const auto options = std::make_shared<FormatNameOptions>();
   CLI::App* const get = command->add_subcommand("get", "Print the name; ends with 1 where there is none");
   get->add_option("--config", options->config, "print only a name that this format file holds")

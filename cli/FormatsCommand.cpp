@@ -14,7 +14,7 @@
 namespace qv {
 namespace {
 
-constexpr const char* kFooter = R"(
+constexpr const char* kFormatsFooter = R"(
 Without --config and QVASSEMBLY_CONFIG the format file is AssemblyFormats.xml in
 the current folder.
 
@@ -178,7 +178,7 @@ void AddFormatsCommand(CLI::App& program, Session& session) {
   CLI::App* const formats = program.add_subcommand("formats", "Show and change the formats of a format file");
   formats->require_subcommand(1);
   formats->fallthrough();
-  formats->footer(kFooter);
+  formats->footer(kFormatsFooter);
   const auto options = std::make_shared<FormatsOptions>();
   AddConfigOption(*formats, options->config);
   const auto add = [&](const char* name, const char* what, Action action) {

@@ -8,7 +8,7 @@
 namespace qv {
 namespace {
 
-constexpr const char* kFooter = R"(
+constexpr const char* kHeadersFooter = R"(
 Examples:
   qvassembly headers parts.csv
   qvassembly headers --format laser-list list.txt)";
@@ -30,7 +30,7 @@ void AddHeadersCommand(CLI::App& program, Session& session) {
   AddConfigOption(*command, options->config);
   AddFormatOption(*command, *options);
   AddFileArgument(*command, *options, "FILE", "the data file");
-  command->footer(kFooter);
+  command->footer(kHeadersFooter);
   command->callback([&session, options] {
     session.command = [&session, options] { return RunHeaders(session, *options); };
   });

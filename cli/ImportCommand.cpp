@@ -12,7 +12,7 @@
 namespace qv {
 namespace {
 
-constexpr const char* kFooter = R"(
+constexpr const char* kImportFooter = R"(
 Examples:
   qvassembly import --kind parts parts.csv
   qvassembly import --kind parts --format orders --as jsonl parts.csv | wc -l
@@ -138,7 +138,7 @@ void AddImportCommand(CLI::App& program, Session& session) {
       ->check(CLI::IsMember({"table", "json", "jsonl"}))
       ->type_name("FORM");
   AddFileArgument(*command, *options, "FILE", "the data file");
-  command->footer(kFooter);
+  command->footer(kImportFooter);
   command->callback([&session, options] {
     session.command = [&session, options] { return RunImport(session, *options); };
   });

@@ -13,7 +13,7 @@
 namespace qv {
 namespace {
 
-constexpr const char* kFooter = R"(
+constexpr const char* kOptionsFooter = R"(
 Examples:
   qvassembly options --config AssemblyFormats.xml
   qvassembly options --sample parts.csv --format orders)";
@@ -51,7 +51,7 @@ void AddOptionsCommand(CLI::App& program, Session& session) {
       ->type_name("FILE");
   command->add_option("--format", options->format, "the format to show (default: the current one)")
       ->type_name("NAME");
-  command->footer(kFooter);
+  command->footer(kOptionsFooter);
   command->callback([&session, options] {
     session.command = [&session, options] { return RunOptions(session, *options); };
   });

@@ -11,7 +11,7 @@
 namespace qv {
 namespace {
 
-constexpr const char* kFooter = R"(
+constexpr const char* kProgramFooter = R"(
 Examples:
   qvassembly import --kind parts --as table parts.csv
   qvassembly convert --kind parts --from orders --to laser-list parts.csv list.txt
@@ -129,7 +129,7 @@ int RunProgram(const std::vector<std::string>& arguments, const Streams& streams
   if (WantsJson(arguments)) session.remarks.UseJson();
   CLI::App program("Reads and writes sheet-metal job data as tables.", "qvassembly");
   program.set_version_flag("--version", std::string("qvassembly ") + QVASSEMBLY_VERSION);
-  program.footer(kFooter);
+  program.footer(kProgramFooter);
   program.require_subcommand(1);
   program.fallthrough();
   program.allow_windows_style_options(false);  // what starts with a slash is a path, on every platform
