@@ -13,12 +13,13 @@ constexpr DataColumn kParts[] = {
     {"DueDate", Type::Text, "2024-05-1#|2024-06-2#|2024-07-0#"},
     {"MaterialType", Type::Text, "DC01|S235JR|1.4301|AlMg3|CuZn37"},
     {"MaterialThickness", Type::Real, "1.5|2|0.8|3.25|1.25|6"},
-    {"PartComment", Type::Text, "deburr both sides|as drawing, rev. ##|-|protect foil"},
+    {"PartComment", Type::Text, "deburr both sides|as drawing, rev. ##|none|protect foil"},
     {"Revision", Type::Text, "A|B|C|##"},
     {"Machine", Type::Text, "LASER-#|PUNCH-0#|COMBI-#"},
     {"ToolInventory", Type::Text, "INV-##|STATION-##"},
     {"MaterialGroup", Type::Text, "STEEL|STAINLESS|ALU|BRASS"},
-    {"Customer", Type::Text, "M\xC3\xBCller & S\xC3\xB6hne GmbH|Hansen, Olsen A/S|Nordblech KG|Lef\xC3\xA8vre SARL"},
+    {"Customer", Type::Text,
+     "M\xC3\xBCller & S\xC3\xB6hne GmbH|Hansen, Olsen A/S|Nordblech KG|Lef\xC3\xA8vre SARL"},
     {"RouterNumber", Type::Text, "R#####|R-##-###"},
     {"WorkOrderNumber", Type::Text, "WO-2024-#####"},
     {"BinID", Type::Int, "#|1#|2#|1##"},
@@ -61,8 +62,50 @@ constexpr DataColumn kSheets[] = {
     {"MachineFile", Type::Text, "LASER-#.mdf"},
 };
 
-constexpr DataTable kTables[] = {
-    {"parts", kParts}, {"material-inventory", kInventory}, {"sheets", kSheets}};
+constexpr DataColumn kTools[] = {
+    {"ID", Type::Int, "#|1#|2##"},
+    {"Type", Type::Text, "RO|RE|SQ|OB|SP"},
+    {"Size", Type::Real, "5.5|12.25|30"},
+    {"Angles", Type::Text, "0;90|0;45;90"},
+    {"ToolName", Type::Text, "RO-##|RE-##x5"},
+    {"StorageInfo", Type::Text, "RACK-#/##|CABINET-##"},
+};
+
+constexpr DataColumn kMaterials[] = {
+    {"MaterialType", Type::Text, "DC01|S235JR|1.4301|AlMg3"},
+    {"MaterialFile", Type::Text, "DC01_1.5.mat|S235_3.0.mat"},
+    {"MachineFile", Type::Text, "LASER-#.mdf"},
+    {"InternalLead-InType", Type::Text, "Line|Arc"},
+    {"InternalLead-InLength", Type::Real, "2.5|3|4.25"},
+    {"InternalLead-InAngle", Type::Real, "45|90"},
+};
+
+constexpr DataColumn kPrograms[] = {
+    {"PartNumber", Type::Text, "47##-08##-##|99-######"},
+    {"Customer", Type::Text, "Nordblech KG|Lef\xC3\xA8vre SARL"},
+    {"ProgrammerName", Type::Text, "jk|mw|ao"},
+    {"DefaultRotation", Type::Real, "0|90|45.5"},
+    {"PrefMachine", Type::Text, "LASER-#|PUNCH-0#"},
+    {"MaterialThickness", Type::Real, "1.5|2|0.8"},
+};
+
+constexpr DataColumn kLibrary[] = {
+    {"MaterialCode", Type::Text, "MC-####|MC-##-##"},
+    {"MaterialDescription", Type::Text, "sheet #.# mm"},
+    {"MaterialType", Type::Text, "DC01|S235JR|1.4301|AlMg3"},
+    {"SizeX", Type::Real, "1000|2000|2500"},
+    {"SizeY", Type::Real, "1000|1250|1500"},
+    {"Thickness", Type::Real, "1.5|3|2.0|0.8"},
+    {"Quantity", Type::Int, "#|1#|3##"},
+};
+
+constexpr DataTable kTables[] = {{"parts", kParts},
+                                 {"tools", kTools},
+                                 {"materials", kMaterials},
+                                 {"sheets", kSheets},
+                                 {"part-programs", kPrograms},
+                                 {"material-inventory", kInventory},
+                                 {"material-library", kLibrary}};
 
 // Knuth's generator, so that a seed gives the same file everywhere.
 std::uint64_t Next(std::uint64_t& random) {
@@ -77,8 +120,7 @@ std::string_view AnyOf(std::string_view pool, std::uint64_t& random) {
 }
 
 void AppendCell(std::string& out, std::string_view text, Dress dress, std::uint64_t& random) {
-  const bool quoted =
-      dress == Dress::Qualified || (dress == Dress::Csv && text.find(',') != std::string_view::npos);
+  const bool quoted = dress == Dress::Csv && text.find(',') != std::string_view::npos;
   if (quoted) out += '"';
   for (const char c : text) out += c == '#' ? static_cast<char>('0' + Next(random) % 10) : c;
   if (quoted) out += '"';

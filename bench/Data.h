@@ -29,9 +29,8 @@ std::span<const DataTable> AllTables();
 
 /// How the cells of a file are dressed.
 enum class Dress {
-  Csv,        ///< commas; quotes where a cell holds a comma
-  Qualified,  ///< commas; every cell in quotes
-  Bare,       ///< semicolons; no quotes
+  Csv,   ///< commas; quotes where a cell holds a comma
+  Bare,  ///< semicolons; no quotes
 };
 
 /// Appends the header row or a row of random cells.

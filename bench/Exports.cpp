@@ -1,4 +1,3 @@
-#include "Data.h"
 #include "Scene.h"
 
 #include <QVAssemblyFile/CAssemblyFileMgr.h>
@@ -15,17 +14,16 @@ namespace {
 /// Writes the parts of a file again, as a host does: attached records of its own, one call.
 void ExportParts(benchmark::State& state) {
   Scene& scene = Scene::The();
+  const auto attach = [](PartInformation* part, void* manager) {
+    static_cast<CAssemblyFileMgr*>(manager)->AddAndAttachPart(new PartInformation(*part));
+    return true;
+  };
   std::size_t bytes = 0;
   for (auto _ : state) {
     CAssemblyFileMgr source, manager;
-    for (CAssemblyFileMgr* each : {&source, &manager}) {
-      each->LoadFormatConfiguration(scene.formats.c_str());
-      each->SetCurrentFormat(scene.format.c_str());
-    }
-    source.ImportAssemblyFile(scene.file.data());
-    for (int rank = 0; rank < source.GetPartsCount(); ++rank)
-      manager.AddAndAttachPart(new PartInformation(*source.GetPartInfoAtRank(rank)));
-    source.ClearParts();
+    scene.SetUp(source);
+    scene.SetUp(manager);
+    source.ReadAssemblyFile(scene.file.data(), attach, &manager);
     Time(state, [&] { manager.ExportAssemblyFile(scene.out.data()); });
     bytes = std::filesystem::file_size(scene.out);
     ::unlink(scene.out.c_str());
@@ -38,8 +36,7 @@ BENCHMARK(ExportParts)->UseManualTime()->Unit(benchmark::kMillisecond);
 void WriteParts(benchmark::State& state) {
   Scene& scene = Scene::The();
   CAssemblyFileMgr manager;
-  manager.LoadFormatConfiguration(scene.formats.c_str());
-  manager.SetCurrentFormat(scene.format.c_str());
+  scene.SetUp(manager);
   std::unique_ptr<PartInformation> hot;
   const auto keep = [](PartInformation* part, void* copy) {
     static_cast<std::unique_ptr<PartInformation>*>(copy)->reset(new PartInformation(*part));
@@ -47,7 +44,8 @@ void WriteParts(benchmark::State& state) {
   };
   manager.ReadAssemblyFile(scene.file.data(), keep, &hot);
   const auto feed = [](RecordSink<PartInformation>& sink, void* part) {
-    for (std::size_t row = 0; row < Scene::The().rows; ++row) sink.Write(*static_cast<PartInformation*>(part));
+    for (std::size_t row = 0; row < Scene::The().rows; ++row)
+      sink.Write(*static_cast<PartInformation*>(part));
     return true;
   };
   for (auto _ : state) {

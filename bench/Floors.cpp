@@ -75,7 +75,7 @@ void FillSlab(benchmark::State& state) {
   const Filler filler;
   for (auto _ : state) {
     std::unique_ptr<Slab> slab;
-    TouchMemory();
+    TouchMemory(rows * sizeof(PlainPart));
     Time(state, [&] {
       slab = std::make_unique<Slab>(rows);
       for (std::size_t row = 0; row < rows; ++row) filler.Fill(slab->Records()[row], row);
@@ -90,7 +90,7 @@ void FillNew(benchmark::State& state) {
   const Filler filler;
   for (auto _ : state) {
     std::vector<std::unique_ptr<PlainPart>> records;
-    TouchMemory();
+    TouchMemory(rows * sizeof(PlainPart));
     Time(state, [&] {
       for (std::size_t row = 0; row < rows; ++row) {
         records.emplace_back(new PlainPart);

@@ -22,9 +22,9 @@ __attribute__((target("avx2"))) inline std::uint64_t Separators(const char* at, 
   std::uint64_t bits = 0;
   for (int half = 0; half < 2; ++half) {
     const __m256i bytes = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(at + 32 * half));
-    const __m256i hit = _mm256_or_si256(
-        _mm256_or_si256(_mm256_cmpeq_epi8(bytes, comma), _mm256_cmpeq_epi8(bytes, quote)),
-        _mm256_cmpeq_epi8(bytes, end));
+    const __m256i hit =
+        _mm256_or_si256(_mm256_or_si256(_mm256_cmpeq_epi8(bytes, comma), _mm256_cmpeq_epi8(bytes, quote)),
+                        _mm256_cmpeq_epi8(bytes, end));
     bits |= std::uint64_t{static_cast<std::uint32_t>(_mm256_movemask_epi8(hit))} << (32 * half);
   }
   return bits;

@@ -1,44 +1,34 @@
+#include "ImportKind.h"
 #include "PlainDesign.h"
 #include "Scene.h"
 
 #include <QVAssemblyFile/CAssemblyFileMgr.h>
-#include <QVAssemblyFile/MatAmncITInfo.h>
-#include <QVAssemblyFile/PartInformation.h>
-#include <QVAssemblyFile/ShtInfo.h>
 
 #include <filesystem>
 
 namespace bench {
 namespace {
 
-using Import = bool (CAssemblyFileMgr::*)(char*);
-using Count = int (CAssemblyFileMgr::*)();
-
-void ImportKind(benchmark::State& state, Import import, Count count) {
+void Import(benchmark::State& state) {
   Scene& scene = Scene::The();
+  const ImportKind& kind = KindOfFormat(scene.format);
   int rows = 0;
   for (auto _ : state) {
     CAssemblyFileMgr manager;
-    manager.LoadFormatConfiguration(scene.formats.c_str());
-    manager.SetCurrentFormat(scene.format.c_str());
-    TouchMemory();
-    Time(state, [&] { (manager.*import)(scene.file.data()); });
-    rows = (manager.*count)();
+    scene.SetUp(manager);
+    TouchMemory(scene.rows * kind.recordSize);
+    Time(state, [&] { (manager.*kind.import)(scene.file.data()); });
+    rows = (manager.*kind.count)();
   }
   Did(state, static_cast<std::size_t>(rows), std::filesystem::file_size(scene.file));
 }
+BENCHMARK(Import)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-void ImportParts(benchmark::State& state) {
-  ImportKind(state, &CAssemblyFileMgr::ImportAssemblyFile, &CAssemblyFileMgr::GetPartsCount);
-}
-BENCHMARK(ImportParts)->UseManualTime()->Unit(benchmark::kMillisecond);
-
-/// The same file record by record: what an import costs beside the memory of its records.
+/// A file of parts record by record: what an import costs beside the memory of its records.
 void ReadParts(benchmark::State& state) {
   Scene& scene = Scene::The();
   CAssemblyFileMgr manager;
-  manager.LoadFormatConfiguration(scene.formats.c_str());
-  manager.SetCurrentFormat(scene.format.c_str());
+  scene.SetUp(manager);
   std::size_t rows = 0;
   const auto count = [](PartInformation*, void* counter) {
     return ++*static_cast<std::size_t*>(counter) > 0;
@@ -51,27 +41,17 @@ void ReadParts(benchmark::State& state) {
 }
 BENCHMARK(ReadParts)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-void ImportInventory(benchmark::State& state) {
-  ImportKind(state, &CAssemblyFileMgr::ImportMatAmncITAssemblyFile, &CAssemblyFileMgr::GetMatAmncITCount);
-}
-BENCHMARK(ImportInventory)->UseManualTime()->Unit(benchmark::kMillisecond);
-
-void ImportSheets(benchmark::State& state) {
-  ImportKind(state, &CAssemblyFileMgr::ImportShtInfoAssemblyFile, &CAssemblyFileMgr::GetShtCount);
-}
-BENCHMARK(ImportSheets)->UseManualTime()->Unit(benchmark::kMillisecond);
-
-void ImportPartsPlainly(benchmark::State& state) {
+void ImportPlainly(benchmark::State& state) {
   std::size_t rows = 0;
   for (auto _ : state) {
     PlainRecords records;
-    TouchMemory();
+    TouchMemory(Scene::The().rows * sizeof(PlainPart));
     Time(state, [&] { records = ReadPlainly(Scene::The().file); });
     rows = records.size();
   }
   Did(state, rows, std::filesystem::file_size(Scene::The().file));
 }
-BENCHMARK(ImportPartsPlainly)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(ImportPlainly)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace bench

@@ -1,34 +1,34 @@
 #include "Scene.h"
 
-#include <cstdio>
+#include <algorithm>
 #include <cstdlib>
-#include <cstring>
+#include <string>
+#include <string_view>
 
 namespace {
 
 /// Takes the options of this program out of the command line; the rest is the benchmark library's.
 void TakeOptions(int& count, char** arguments) {
   bench::Scene& scene = bench::Scene::The();
+  std::string rows;
   const struct {
-    const char* name;
-    std::string* text;
-    std::size_t* number;
-  } options[] = {{"--file=", &scene.file, nullptr},       {"--format=", &scene.format, nullptr},
-                 {"--formats=", &scene.formats, nullptr}, {"--out=", &scene.out, nullptr},
-                 {"--rows=", nullptr, &scene.rows},       {"--touch=", nullptr, &scene.touch}};
-  int kept = 1;
-  for (int at = 1; at < count; ++at) {
-    bool taken = false;
-    for (const auto& option : options) {
-      const std::size_t length = std::strlen(option.name);
-      if (std::strncmp(arguments[at], option.name, length) != 0) continue;
-      if (option.text != nullptr) *option.text = arguments[at] + length;
-      if (option.number != nullptr) *option.number = std::strtoull(arguments[at] + length, nullptr, 10);
-      taken = true;
-    }
-    if (!taken) arguments[kept++] = arguments[at];
-  }
-  count = kept;
+    std::string_view name;
+    std::string& text;
+  } options[] = {{"--file=", scene.file},
+                 {"--format=", scene.format},
+                 {"--formats=", scene.formats},
+                 {"--out=", scene.out},
+                 {"--rows=", rows}};
+  const auto take = [&](std::string_view argument) {
+    for (const auto& option : options)
+      if (argument.starts_with(option.name)) {
+        option.text = argument.substr(option.name.size());
+        return true;
+      }
+    return false;
+  };
+  count = static_cast<int>(std::remove_if(arguments + 1, arguments + count, take) - arguments);
+  scene.rows = std::strtoull(rows.c_str(), nullptr, 10);
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 // Numbers beside what the C library and the standard library take for the same texts.
 
-#include "Scene.h"
 #include "engines/columns/Numbers.h"
+#include "Scene.h"
 
 #include <charconv>
 #include <cstdio>

@@ -25,7 +25,8 @@ std::vector<std::string> Split(const std::string& line) {
   return fields;
 }
 
-std::unique_ptr<PlainPart> Build(const std::vector<std::string>& fields, const std::array<Place, 32>& places) {
+std::unique_ptr<PlainPart> Build(const std::vector<std::string>& fields,
+                                 const std::array<Place, 32>& places) {
   auto part = std::make_unique<PlainPart>();
   for (std::size_t column = 0; column < fields.size() && column < places.size(); ++column) {
     const std::string& field = fields[column];

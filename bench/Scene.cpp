@@ -1,5 +1,7 @@
 #include "Scene.h"
 
+#include <QVAssemblyFile/CAssemblyFileMgr.h>
+
 #include <sys/mman.h>
 
 #include <cstring>
@@ -14,9 +16,12 @@ Scene& Scene::The() {
   return scene;
 }
 
-void TouchMemory() {
-  const std::size_t size = Scene::The().touch << 20;
-  if (size == 0) return;
+void Scene::SetUp(CAssemblyFileMgr& manager) const {
+  manager.LoadFormatConfiguration(formats.c_str());
+  manager.SetCurrentFormat(format.c_str());
+}
+
+void TouchMemory(std::size_t size) {
   void* const memory = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
   if (memory == MAP_FAILED) return;
   ::madvise(memory, size, MADV_HUGEPAGE);

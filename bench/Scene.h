@@ -5,25 +5,28 @@
 #include <chrono>
 #include <cstddef>
 #include <string>
-#include <vector>
+
+class CAssemblyFileMgr;
 
 namespace bench {
 
 /// What a run was told on its command line.
 struct Scene {
-  std::string file;       ///< --file: the data file
-  std::string format;     ///< --format: the name of its format
-  std::string formats;    ///< --formats: the format file
-  std::string out;        ///< --out: the file that exports write
-  std::size_t rows = 0;   ///< --rows: how many records to make where no file says it
-  std::size_t touch = 0;  ///< --touch: megabytes of memory to use once before measuring
+  std::string file;      ///< --file: the data file
+  std::string format;    ///< --format: the name of its format
+  std::string formats;   ///< --formats: the format file
+  std::string out;       ///< --out: the file that exports write
+  std::size_t rows = 0;  ///< --rows: how many the file has
 
   static Scene& The();
+
+  /// Loads the format file and chooses the format.
+  void SetUp(CAssemblyFileMgr& manager) const;
 };
 
-/// Uses memory once and gives it back, so that a virtual machine has got it when the clock runs. A machine
-/// that hands free memory back to its host does so after a moment, hence before every run.
-void TouchMemory();
+/// Uses so many bytes once and gives them back, so that a virtual machine has got them when the clock runs. A
+/// machine that hands free memory back to its host does so after a moment, hence before every run.
+void TouchMemory(std::size_t size);
 
 /// The time that the processor has spent on this thread.
 double ProcessorSeconds();

@@ -85,8 +85,8 @@ class RecordList {
   static void FreeBlock(Record* block, bool isFirst);
   void DropBegun();
 
-  std::vector<Record*>
-      blocks_;  // the first is from the heap, which reuses it for one small file after another
+  // The first is from the heap, which reuses it for one small file after another.
+  std::vector<Record*> blocks_;
   std::size_t built_ = 0;
   bool hasBegun_ = false;
   std::vector<std::shared_ptr<qv::AttachedRecord>> staged_;
