@@ -65,7 +65,7 @@ install_packages() {
 # Compiles through ccache where there is one.
 use_ccache() {
   if command -v ccache >/dev/null; then
-    export CCACHE_SLOPPINESS=${CCACHE_SLOPPINESS-pch_defines,time_macros}
+    export CCACHE_SLOPPINESS=${CCACHE_SLOPPINESS-time_macros}
     export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
   fi
 }
