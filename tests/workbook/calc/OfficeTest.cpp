@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -56,11 +55,14 @@ std::vector<pid_t> ProcessesNaming(const std::string& folder) {
   return found;
 }
 
-/// The sockets of offices, which lie about in a folder of their own choice.
-std::set<std::string> OfficeSockets() {
+/// The sockets of offices that are gone. They lie about in a folder of the office's own choice, among those
+/// of others that may be at work.
+std::set<std::string> LeftSockets() {
   std::set<std::string> sockets;
   for (const auto& entry : fs::directory_iterator("/tmp"))
     if (entry.path().filename().string().starts_with("OSL_PIPE_")) sockets.insert(entry.path().string());
+  std::ifstream open("/proc/net/unix");
+  for (std::string line; std::getline(open, line);) sockets.erase(line.substr(line.rfind(' ') + 1));
   return sockets;
 }
 
@@ -74,27 +76,26 @@ class Office : public testing::Test {
   /// The guard of a killed program cleans up after it, which takes a moment.
   void ExpectNothingLeft() {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (IsSomethingLeft() && std::chrono::steady_clock::now() < deadline)
+    std::set<std::string> left = Left();
+    for (; !left.empty() && std::chrono::steady_clock::now() < deadline; left = Left())
       std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    EXPECT_TRUE(ProcessesNaming(Folder()).empty());
-    EXPECT_FALSE(HasOfficeFolder());
-    for (const std::string& socket : OfficeSockets()) EXPECT_TRUE(sockets_.contains(socket)) << socket;
+    EXPECT_EQ(left, std::set<std::string>());
   }
 
   std::string Folder() const { return folder_ / ""; }
 
  private:
-  bool HasOfficeFolder() const {
-    const std::set<std::string> names = folder_.Names();
-    return std::any_of(names.begin(), names.end(),
-                       [](const std::string& name) { return name.starts_with("qvassembly-"); });
+  /// Processes, working folders and sockets.
+  std::set<std::string> Left() const {
+    std::set<std::string> left = LeftSockets();
+    for (const std::string& socket : sockets_) left.erase(socket);
+    for (const std::string& name : folder_.Names())
+      if (name.starts_with("qvassembly-")) left.insert(name);
+    for (const pid_t process : ProcessesNaming(Folder())) left.insert("process " + std::to_string(process));
+    return left;
   }
 
-  bool IsSomethingLeft() const {
-    return !ProcessesNaming(Folder()).empty() || HasOfficeFolder() || OfficeSockets() != sockets_;
-  }
-
-  const std::set<std::string> sockets_ = OfficeSockets();
+  const std::set<std::string> sockets_ = LeftSockets();
   const TemporaryFolder folder_;
   const Variable temporary_{"TMPDIR", Folder().c_str()};
 };
