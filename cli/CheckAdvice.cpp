@@ -32,6 +32,8 @@ constexpr Advice kAdvice[] = {
     {DiagnosticCode::OpenQualifier,
      "close the qualifier, or take it away; a text cannot go on in the next line"},
     {DiagnosticCode::ByteOrderMark, "save the file without a byte-order mark"},
+    {DiagnosticCode::CarriageReturn, "save the file with LF or CR LF at the end of each line"},
+    {DiagnosticCode::EndOfText, "take the byte 1A (hex) out of the file, or end the file there"},
     {DiagnosticCode::NulByte, "save the file anew as text, in the system's code page or as UTF-8"},
 };
 

@@ -38,17 +38,17 @@ int RunCheck(Session& session, const CheckOptions& options) {
                      rejects ? &*rejects : nullptr);
   const FormatFile formats(options.config, {options.file}, session.remarks);
   const OptionForm& form = formats.FindFor(options.format, options.file, session.remarks);
+  const DataFile file{options.file, kind, formats, form};
   CAssemblyFileMgr manager;
   std::int64_t records = 0;
   try {
-    ReadFile(session, manager, {options.file, kind, formats, form}, [&](void*) { ++records; });
+    ReadFile(session, manager, file, [&](void*) { ++records; });
   } catch (...) {
     report.Abandon();
     throw;
   }
   if (rejects) rejects->Commit();
-  report.Finish(Suggestions(options.file, form, RecordTypeOf(kind), session.coding), ToUtf8(form.Name),
-                records);
+  report.Finish(Suggestions(file, records + report.LeftOut(), session.coding), ToUtf8(form.Name), records);
   return session.remarks.Warnings() == 0 ? kDone : kWarned;
 }
 

@@ -22,6 +22,9 @@ class CheckReport final : public RemarkListener {
 
   bool Hear(const Remark& remark) override;
 
+  /// How many rows were left out so far.
+  std::int64_t LeftOut() const { return leftOut_; }
+
   /// Ends the report: what may help, what to do about the remarks, how many rows there were.
   void Finish(const std::vector<Remark>& suggestions, const std::string& format, std::int64_t records);
 

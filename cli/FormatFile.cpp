@@ -86,6 +86,17 @@ void FormatFile::Load(Remarks& remarks, Missing missing) {
   const Remarks::Silence silence(remarks, IsAboutFormatFile);
   const bool isLoaded = LoadFromFile(configuration_, path.c_str());
   CheckLoaded(silence, isLoaded);
+  if (isFormatFile_) NoteFlags(*root);
+}
+
+// Of formats with one name the last one holds.
+void FormatFile::NoteFlags(const XmlNode& root) {
+  for (const auto& child : root.Children()) {
+    if (child->Name() != "OptionForm") continue;
+    const std::string name = child->Attribute("Name");
+    savedFlags_.erase(name);
+    if (child->Attribute("TreatAsOne") == "1") savedFlags_.insert(name);
+  }
 }
 
 // The file has been read once before without trouble. What the library does about one that it cannot read is

@@ -4,12 +4,15 @@
 #include "format/FormatConfiguration.h"
 
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
 class CAssemblyFileMgr;
 
 namespace qv {
+
+class XmlNode;
 
 /// Paths in this program are UTF-8 until the library is called.
 using Utf8Path = std::string;
@@ -33,6 +36,9 @@ class FormatFile {
   FormatList& List() { return *configuration_.Formats; }
   const FormatList& List() const { return *configuration_.Formats; }
 
+  /// Whether the file says of the format TreatAsOne="1": what is written for a set flag, but read as off.
+  bool HasSavedFlag(const OptionForm& form) const { return savedFlags_.contains(form.Name); }
+
   /// Throws UsageError, listing the names there are, when there is no such format.
   const OptionForm& Find(const std::string& utf8Name) const;
 
@@ -49,6 +55,7 @@ class FormatFile {
 
  private:
   void Load(Remarks& remarks, Missing missing);
+  void NoteFlags(const XmlNode& root);
   void CheckLoaded(const Remarks::Silence& silence, bool isLoaded) const;
   std::string Names() const;
   void DropComments(Remarks& remarks);
@@ -57,6 +64,7 @@ class FormatFile {
   bool isFile_ = false;
   bool isFormatFile_ = true;
   FormatConfiguration configuration_;
+  std::set<std::string> savedFlags_;  // of the formats with these names
 };
 
 }  // namespace qv

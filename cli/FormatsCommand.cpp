@@ -50,14 +50,19 @@ std::string QualifierName(int qualifier) {
   return qualifier >= 0 && qualifier <= 2 ? kNames[qualifier] : std::to_string(qualifier);
 }
 
-std::string DescriptionOf(const OptionForm& form) {
+std::string TreatAsOneText(const OptionForm& form, bool hasSavedFlag) {
+  if (form.TreatAsOne) return "yes";
+  return hasSavedFlag ? "no (the file says \"1\"; only \"true\" sets it)" : "no";
+}
+
+std::string DescriptionOf(const OptionForm& form, bool hasSavedFlag) {
   const std::pair<const char*, std::string> lines[] = {
       {"Name:             ", ToUtf8(form.Name)},
       {"Start line:       ", std::to_string(form.StartLine)},
       {"Delimiters:       ", ToUtf8(form.Delimiters)},
       {"Other delimiters: ", ToUtf8(form.OtherDelimiters)},
       {"Qualifier:        ", QualifierName(form.Qualifier)},
-      {"Treat as one:     ", form.TreatAsOne ? "yes" : "no"},
+      {"Treat as one:     ", TreatAsOneText(form, hasSavedFlag)},
       {"Part key:         ", ToUtf8(form.PartKey)},
   };
   std::string text;
@@ -78,7 +83,7 @@ std::string DescriptionOf(const OptionForm& form) {
 int ShowFormat(Session& session, const FormatsOptions& options) {
   const FormatFile formats(options.config, {}, session.remarks);
   const OptionForm& form = formats.Find(options.wishes.name);
-  session.Write(options.as == "json" ? FormatJson(form) : DescriptionOf(form));
+  session.Write(options.as == "json" ? FormatJson(form) : DescriptionOf(form, formats.HasSavedFlag(form)));
   return kDone;
 }
 

@@ -1,9 +1,9 @@
 #include "cli/Suggestions.h"
 
-#include "cli/DataFile.h"
 #include "cli/FormatColumns.h"
 #include "cli/KeywordGuess.h"
 #include "cli/LayoutGuess.h"
+#include "manager/StoredFormatName.h"
 #include "platform/CodePage.h"
 #include "platform/ConsoleProgram.h"
 #include "platform/FileSystem.h"
@@ -58,6 +58,15 @@ struct FileShape {
 using namespace std::string_view_literals;
 
 constexpr FileShape kShapes[] = {
+    {"\xFF\xFE\0\0"sv, "suggest-encoding",
+     "the file is UTF-32; save it as UTF-8 or in the system's code page"},
+    {"\0\0\xFE\xFF"sv, "suggest-encoding",
+     "the file is UTF-32; save it as UTF-8 or in the system's code page"},
+    {"\x1F\x8B"sv, "suggest-file-type", "this is a compressed file (gzip); unpack it first"},
+    {"7z\xBC\xAF"sv, "suggest-file-type", "this is an archive (7z); unpack it first"},
+    {"Rar!"sv, "suggest-file-type", "this is an archive (RAR); unpack it first"},
+    {"\x89PNG"sv, "suggest-file-type",
+     "this is a picture (PNG); save the list as text or CSV where it comes from"},
     {"PK\x03\x04"sv, "suggest-file-type",
      "this is a workbook or an archive under the name of a text file; save it as text or CSV where it comes "
      "from"},
@@ -73,12 +82,19 @@ constexpr FileShape kShapes[] = {
 
 class Survey {
  public:
-  Survey(const Utf8Path& file, const OptionForm& form, const RecordType& type, const TextCoding& coding)
-      : file_(file), form_(form), type_(type), coding_(coding), columns_(ColumnsOf(form)) {}
+  Survey(const DataFile& file, const TextCoding& coding)
+      : file_(file.path),
+        formats_(file.formats),
+        form_(file.form),
+        type_(RecordTypeOf(file.kind)),
+        coding_(coding),
+        columns_(ColumnsOf(file.form)) {}
 
-  std::vector<Remark> Take() {
+  std::vector<Remark> Take(std::int64_t rows) {
     LookAtKeywords();
-    if (!IsWorkbook(file_)) LookAtFile();
+    if (IsWorkbook(file_)) return std::move(found_);
+    LookAtFormat();
+    LookAtFile(rows);
     return std::move(found_);
   }
 
@@ -88,7 +104,8 @@ class Survey {
   }
 
   void LookAtKeywords();
-  void LookAtFile();
+  void LookAtFormat();
+  void LookAtFile(std::int64_t rows);
   bool IsOfAnotherShape(std::string_view bytes);
   void LookAtEncoding(const std::vector<std::string_view>& lines);
   void LookAtHeader(const std::vector<std::string_view>& lines, std::size_t header);
@@ -96,10 +113,12 @@ class Survey {
   std::size_t Agreeing(std::string_view line) const;
 
   const Utf8Path& file_;
+  const FormatFile& formats_;
   const OptionForm& form_;
   const RecordType& type_;
   const TextCoding& coding_;
   std::vector<FormatColumn> columns_;
+  std::string storedName_;  // of a format, in the file's first line
   std::vector<Remark> found_;
 };
 
@@ -119,19 +138,36 @@ void Survey::LookAtKeywords() {
           "column " + ToUtf8(keyword) + " is not a keyword; " + meant + "?");
 }
 
-void Survey::LookAtFile() {
+void Survey::LookAtFormat() {
+  storedName_ = StoredFormatName(PathFromUtf8(file_).c_str());
+  if (!storedName_.empty() && storedName_ != form_.Name) {
+    const auto& known = formats_.List().Formats;
+    const bool isKnown = std::any_of(known.begin(), known.end(),
+                                     [&](const OptionForm& form) { return form.Name == storedName_; });
+    Add(1, "", "suggest-format", ToUtf8(storedName_),
+        "the file names the format \"" + ToUtf8(storedName_) + "\"" +
+            (isKnown ? "" : ", which the configuration does not hold") + "; it was read by \"" +
+            ToUtf8(form_.Name) + "\"");
+  }
+  if (formats_.HasSavedFlag(form_) && !IsCsv(file_))
+    Add(0, "TreatAsOne", "suggest-treat-as-one", "1",
+        "the format \"" + ToUtf8(form_.Name) + "\" in " + formats_.Path() +
+            " says TreatAsOne=\"1\", which is read as off; to count consecutive delimiters as one, "
+            "put \"true\" there by hand");
+}
+
+void Survey::LookAtFile(std::int64_t rowCount) {
   const std::string bytes = ReadStart(file_);
   if (IsOfAnotherShape(bytes)) return;
   const std::vector<std::string_view> lines = LinesOf(bytes);
   LookAtEncoding(lines);
   const auto header = static_cast<std::size_t>(std::max(form_.StartLine, 1)) - 1;
-  if (header + 1 >= lines.size()) {
+  if (rowCount == 0)
     Add(0, "", "suggest-rows", "",
         bytes.empty() ? "the file is empty"
                       : "the file has no row below line " + std::to_string(header + 1) +
                             ", where the format expects the header row");
-    return;
-  }
+  if (header + 1 >= lines.size()) return;
   std::vector<std::string_view> rows(lines.begin() + static_cast<std::ptrdiff_t>(header) + 1, lines.end());
   std::erase_if(rows, [](std::string_view row) { return row.find_first_not_of(' ') == row.npos; });
   const LayoutGuess guess = GuessLayout(rows, form_, IsCsv(file_), columns_.size());
@@ -187,7 +223,11 @@ void Survey::LookAtHeader(const std::vector<std::string_view>& lines, std::size_
           "the header row stands here, but the format expects it in line " + std::to_string(header + 1));
       return;
     }
-  LookAtOrder(PlainFields(lines[header], LayoutOf(form_, IsCsv(file_))), header);
+  if (header == 0 && !storedName_.empty())
+    Add(1, "", "suggest-header-line", "",
+        "the line that names the file's format is taken for the header row, as the format's start line is 1");
+  else
+    LookAtOrder(PlainFields(lines[header], LayoutOf(form_, IsCsv(file_))), header);
 }
 
 void Survey::LookAtOrder(const std::vector<std::string>& headers, std::size_t header) {
@@ -207,9 +247,8 @@ void Survey::LookAtOrder(const std::vector<std::string>& headers, std::size_t he
 
 }  // namespace
 
-std::vector<Remark> Suggestions(const Utf8Path& file, const OptionForm& form, const RecordType& type,
-                                const TextCoding& coding) {
-  return Survey(file, form, type, coding).Take();
+std::vector<Remark> Suggestions(const DataFile& file, std::int64_t rows, const TextCoding& coding) {
+  return Survey(file, coding).Take(rows);
 }
 
 }  // namespace qv

@@ -45,7 +45,7 @@ std::unique_ptr<CAssemblyFile> CreateAssemblyEngine(const char* path) {
                 DiagnosticCode::UnsupportedFileType,
                 std::string(ExtensionOf(name)),
                 {},
-                "the file type is none of .txt, .csv and .xls"});
+                "the file type is none of .txt, .csv and .xls; save it as one of these"});
   qv::ShowMessage("File Format Error!");
   return nullptr;
 }

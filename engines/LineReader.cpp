@@ -59,6 +59,8 @@ std::string_view LineReader::Fill() {
   std::string_view fresh(block_.data() + end_, static_cast<std::size_t>(count));
   if (kEndOfText >= 0)
     if (const std::size_t mark = fresh.find(static_cast<char>(kEndOfText)); mark != std::string_view::npos) {
+      // Old programs fill the file up with that byte.
+      cutOff_ = fresh.find_first_not_of(static_cast<char>(kEndOfText), mark) != std::string_view::npos;
       fresh = fresh.substr(0, mark);
       atEnd_ = true;
     }

@@ -28,6 +28,9 @@ class LineReader {
   /// True when reading stopped because the system reported an error.
   bool HasFailed() const { return failed_; }
 
+  /// True when reading stopped at the byte that ends a text on this platform, with text behind it.
+  bool WasCutOff() const { return cutOff_; }
+
  private:
   bool FillToLineEnd();
   std::string_view Fill();
@@ -40,6 +43,7 @@ class LineReader {
   std::int64_t lineNumber_ = 0;
   bool atEnd_ = false;
   bool failed_ = false;
+  bool cutOff_ = false;
 };
 
 }  // namespace qv

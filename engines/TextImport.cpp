@@ -49,10 +49,14 @@ bool ImportRows(CTxtAssembly& engine, const char* path) {
   for (int number = 1; number < engine.StartLine && lines.Next(skipped); ++number)
     remarks.TellStart(skipped, number);
   RowReader rows(engine, lines);
+  const bool readsRows = !engine.ReadHeaderOnly;
   if (ReadHeader(engine, rows, remarks)) {
-    if (!engine.ReadHeaderOnly) ReadRows<Record>(engine, rows, report, remarks);
+    if (readsRows) ReadRows<Record>(engine, rows, report, remarks);
     engine.ReadHeaderOnly = false;
   }
+  if (readsRows && lines.WasCutOff())
+    report.Tell(DiagnosticCode::EndOfText, rows.LineNumber(), {}, {}, {},
+                "the text ends here with the byte 1A (hex); what the file holds behind it is not read");
   if (lines.HasFailed())
     report.Tell(DiagnosticCode::FileNotOpened, rows.LineNumber(), {}, {}, {},
                 "reading stopped here: the system reports an error");

@@ -22,6 +22,9 @@ void TextLineRemarks::Tell(std::int64_t number, const FieldViews& row) const {
   if (line.find('\0') != std::string_view::npos)
     report_.Tell(DiagnosticCode::NulByte, number, {}, line, {},
                  "the line holds NUL bytes; a text ends at the first");
+  else if (line.find('\r') != std::string_view::npos)
+    report_.Tell(DiagnosticCode::CarriageReturn, number, {}, line, {},
+                 "the line holds a carriage return, which ends no line; it is kept as a character");
   if (row.openQualifier)
     report_.Tell(DiagnosticCode::OpenQualifier, number, {}, line, {},
                  "a text qualifier is still open at the end of the line; it took the delimiters after it");

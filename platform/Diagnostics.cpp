@@ -36,6 +36,8 @@ constexpr CodeName kCodeNames[] = {
     {DiagnosticCode::NulByte, "nul-byte"},
     {DiagnosticCode::FormulaLike, "formula-like"},
     {DiagnosticCode::DelimiterInValue, "delimiter-in-value"},
+    {DiagnosticCode::CarriageReturn, "carriage-return"},
+    {DiagnosticCode::EndOfText, "end-of-text"},
 };
 
 }  // namespace

@@ -33,6 +33,8 @@ enum class DiagnosticCode {
   NulByte,        ///< a line holds NUL bytes
   FormulaLike,    ///< a written cell that a spreadsheet would run as a formula
   DelimiterInValue,  ///< a written value holds the delimiter or the qualifier; a reader will split it
+  CarriageReturn,    ///< a line holds a carriage return that does not belong to its end
+  EndOfText,         ///< the file goes on behind the byte that ends a text on this platform; that is not read
 };
 
 /// The code's stable name for machines, such as "row-left-out".

@@ -13,7 +13,7 @@ namespace {
 
 TEST(HandlersTest, EveryDiagnosticCodeHasANameOfItsOwn) {
   std::set<std::string> names;
-  const int last = static_cast<int>(DiagnosticCode::DelimiterInValue);
+  const int last = static_cast<int>(DiagnosticCode::EndOfText);
   for (int code = 0; code <= last; ++code) {
     const std::string name = DiagnosticCodeName(static_cast<DiagnosticCode>(code));
     EXPECT_NE(name, "unknown") << code;
