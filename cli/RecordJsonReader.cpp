@@ -95,7 +95,10 @@ class RecordsBuilder final : public nlohmann::json_sax<Json> {
   bool start_array(std::size_t) override;
   bool end_array() override;
 
-  bool parse_error(std::size_t, const std::string&, const Json::exception& error) override {
+  bool parse_error(std::size_t, const std::string& token, const Json::exception& error) override {
+    // A number that no double holds is well formed.
+    if (dynamic_cast<const Json::out_of_range*>(&error) != nullptr)
+      return number_float(std::numeric_limits<double>::infinity(), token);
     // "[json.exception…] parse error at line 3, column 5: what": the line is counted here.
     const std::string what = error.what();
     const std::size_t colon = what.find(": ");

@@ -24,14 +24,12 @@ bool FitsInt(double number) {
 }
 
 // From the number's text and not from a double, for rounding twice may end one step aside.
-std::optional<FieldValue> FloatFrom(std::string_view literal, ValueFault& fault) {
+std::optional<FieldValue> FloatFrom(double number, std::string_view literal, ValueFault& fault) {
   float value = 0;
   const auto result = std::from_chars(literal.data(), literal.data() + literal.size(), value);
   if (result.ec == std::errc()) return value;
-  double wide = 0;
-  std::from_chars(literal.data(), literal.data() + literal.size(), wide);
-  if (std::abs(wide) > 1) return Refuse(fault, kTooLarge);
-  return static_cast<float>(wide);
+  if (std::abs(number) > 1) return Refuse(fault, kTooLarge);
+  return static_cast<float>(number);
 }
 
 }  // namespace
@@ -64,8 +62,9 @@ std::optional<FieldValue> ValueFromInteger(const RecordField& field, std::int64_
 
 std::optional<FieldValue> ValueFromReal(const RecordField& field, double number, std::string_view literal,
                                         ValueFault& fault) {
-  if (field.type == FieldType::Float) return FloatFrom(literal, fault);
-  if (field.type == FieldType::Double) return number;
+  if (field.type == FieldType::Float) return FloatFrom(number, literal, fault);
+  if (field.type == FieldType::Double && !std::isinf(number)) return number;
+  if (field.type == FieldType::Double) return Refuse(fault, kTooLarge);
   if (field.type != FieldType::Int || number != std::trunc(number)) return RefuseType(fault, field);
   if (!FitsInt(number)) return Refuse(fault, kTooLarge);
   return static_cast<int>(number);

@@ -19,7 +19,7 @@ struct ValueFault {
 
 std::optional<FieldValue> ValueFromInteger(const RecordField& field, std::int64_t number, ValueFault& fault);
 
-/// `literal` is the number as it was written.
+/// `literal` is the number as it was written; `number` is infinite where no double holds it.
 std::optional<FieldValue> ValueFromReal(const RecordField& field, double number, std::string_view literal,
                                         ValueFault& fault);
 

@@ -8,6 +8,9 @@
 namespace qv {
 namespace {
 
+// What takes a file apart, and the digits. UTF-16 is an encoding that writes them otherwise.
+constexpr std::string_view kMarks = "0123456789.,;|\t\r\n\"'";
+
 bool IsAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
@@ -27,6 +30,9 @@ TextCoding::TextCoding(std::string encoding) : encoding_(std::move(encoding)) {
     throw UsageError("--encoding: this system knows no encoding \"" + encoding_ +
                      "\"; try utf-8, windows-1252 or shift_jis");
   keepsAscii_ = *decoded == ascii;
+  if (DecodeText(kMarks, encoding_) != kMarks)
+    throw UsageError("--encoding: the columns of a file in \"" + encoding_ +
+                     "\" cannot be told apart; save it as UTF-8 or in a code page");
 }
 
 std::string TextCoding::Decode(std::string_view bytes) const {

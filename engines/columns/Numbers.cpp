@@ -34,15 +34,16 @@ double BeyondRange(std::string_view number, bool hexadecimal) {
   const std::size_t mark = std::min(number.find_first_of(hexadecimal ? "pP" : "eE"), number.size());
   const std::size_t point = std::min(number.find('.'), mark);
   const std::size_t digit = std::min(number.find_first_not_of("0."), mark);
-  long exponent = 0;
+  constexpr std::int64_t kFar = std::int64_t{1} << 40;  // more digits than any text has
+  std::int64_t exponent = 0;
   if (mark < number.size()) {
     std::string_view digits = number.substr(mark + 1);
-    if (!digits.empty() && digits.front() == '+') digits.remove_prefix(1);
+    if (digits.starts_with('+')) digits.remove_prefix(1);
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
-    if (result.ec == std::errc::result_out_of_range)
-      exponent = digits.front() == '-' ? -2'000'000'000 : 2'000'000'000;
+    if (result.ec == std::errc::result_out_of_range) exponent = digits.starts_with('-') ? -kFar : kFar;
+    exponent = std::clamp(exponent, -kFar, kFar);
   }
-  const long position = static_cast<long>(point) - static_cast<long>(digit);
+  const std::int64_t position = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(digit);
   return position * (hexadecimal ? 4 : 1) + exponent > 0 ? HUGE_VAL : 0.0;
 }
 
