@@ -66,11 +66,11 @@ void EachNumber(benchmark::State& state, Write write) {
 }
 
 void WriteFixed(benchmark::State& state) {
-  std::string text;
+  qv::TextBuffer text;
   EachNumber(state, [&](double value) {
-    text.clear();
+    text.Clear();
     qv::AppendFixed(text, value, 6);
-    benchmark::DoNotOptimize(text.data());
+    benchmark::DoNotOptimize(text.View().data());
   });
 }
 void WriteFixedBySnprintf(benchmark::State& state) {

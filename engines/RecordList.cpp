@@ -60,7 +60,7 @@ RecordList<Record>::~RecordList() {
 template <class Record>
 Record& RecordList<Record>::Begin() {
   DropBegun();
-  if (built_ == blocks_.size() * PerBlock()) AddBlock();
+  if (built_ == Capacity()) AddBlock();
   Record* const record = new (Built(built_)) Record;
   hasBegun_ = true;
   return *record;
@@ -91,7 +91,7 @@ void RecordList<Record>::AddBlock() {
   blocks_.push_back(nullptr);
   try {
     blocks_.back() =
-        static_cast<Record*>(blocks_.size() == 1 ? ::operator new(kBlockSize)
+        static_cast<Record*>(blocks_.size() == 1 ? ::operator new(kFirstBlockSize)
                                                  : qv::AcquireLargeBlock(kBlockSize, qv::Pages::Large));
     if (blocks_.back() == nullptr) throw std::bad_alloc();
   } catch (...) {

@@ -77,15 +77,24 @@ class RecordList {
   Iterator end() const { return {*this, Size()}; }
 
  private:
-  static constexpr std::size_t kBlockSize = std::size_t{2} << 20;
-  static constexpr std::size_t PerBlock() { return kBlockSize / sizeof(Record); }
-  Record* Built(std::size_t rank) const { return blocks_[rank / PerBlock()] + rank % PerBlock(); }
+  // The first block is from the heap, which reuses it for one small file after another. The others are large,
+  // so that what is left at their ends is nothing beside the records; what no record reaches is never
+  // touched.
+  static constexpr std::size_t kFirstBlockSize = std::size_t{2} << 20;
+  static constexpr std::size_t kBlockSize = std::size_t{16} << 20;
+  static constexpr std::size_t kInFirst = kFirstBlockSize / sizeof(Record);
+  static constexpr std::size_t kInBlock = kBlockSize / sizeof(Record);
+  Record* Built(std::size_t rank) const {
+    if (rank < kInFirst) return blocks_.front() + rank;
+    const std::size_t later = rank - kInFirst;
+    return blocks_[1 + later / kInBlock] + later % kInBlock;
+  }
+  std::size_t Capacity() const { return blocks_.empty() ? 0 : kInFirst + (blocks_.size() - 1) * kInBlock; }
   Record* Staged(std::size_t rank) const;
   void AddBlock();
   static void FreeBlock(Record* block, bool isFirst);
   void DropBegun();
 
-  // The first is from the heap, which reuses it for one small file after another.
   std::vector<Record*> blocks_;
   std::size_t built_ = 0;
   bool hasBegun_ = false;

@@ -69,7 +69,7 @@ class RowWriter final : public RecordSink<Record> {
   }
 
  private:
-  /// A cell of a row, and what stands behind it.
+  /// A cell of a row, and what stands between it and the next.
   struct Cell {
     const Column<Record>* column;
     const std::string* keyword;
@@ -82,20 +82,20 @@ class RowWriter final : public RecordSink<Record> {
     for (std::size_t rank = 0; rank < columns_.size(); ++rank) {
       if (columns_[rank] == nullptr || IsSkippedColumn(KindTraits<Record>::kKind, keywords_[rank])) continue;
       const bool isLast = rank + 1 == columns_.size();
+      if (!cells_.empty()) cells_.back().end += dress_.before;
       cells_.push_back({columns_[rank], &keywords_[rank], dress_.after + (isLast ? "" : dress_.delimiter)});
       if (columns_[rank]->count != nullptr) counts_.push_back(columns_[rank]->count);
     }
   }
 
   void WriteRow(const Record& record, std::size_t row) {
-    std::string& out = file_.Pending();
+    TextBuffer& out = file_.Pending();
+    if (!cells_.empty()) out += dress_.before;
     for (const Cell& cell : cells_) {
-      out += dress_.before;
-      const std::size_t start = out.size();
+      const std::size_t start = out.Size();
       const bool isEmpty = row != 0 && cell.column->count == nullptr;
       const bool isWhole = isEmpty || cell.column->write(record, row, out);
-      if (remarks_.AreWanted())
-        remarks_.Tell(line_, *cell.keyword, std::string_view(out).substr(start), isWhole);
+      if (remarks_.AreWanted()) remarks_.Tell(line_, *cell.keyword, out.View().substr(start), isWhole);
       out += cell.end;
     }
     EndLine();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engines/columns/TextBuffer.h"
 #include "platform/ReplacingFile.h"
 
 #include <string>
@@ -17,11 +18,11 @@ class TextFileWriter {
   bool IsWhole() const { return open_ && whole_; }
 
   /// The text that has not been written yet; append to it, then end the line.
-  std::string& Pending() { return pending_; }
+  TextBuffer& Pending() { return pending_; }
 
   void EndLine() {
     pending_ += kLineEnd;
-    if (pending_.size() >= kBlockSize) WritePending();
+    if (pending_.Size() >= kBlockSize) WritePending();
   }
 
   /// False, with Reason() set, when the target stands as it was.
@@ -36,14 +37,14 @@ class TextFileWriter {
   static constexpr std::size_t kBlockSize = std::size_t{1} << 18;
 
   void WritePending() {
-    if (open_ && !file_.Write(pending_)) whole_ = false;
-    pending_.clear();
+    if (open_ && !file_.Write(pending_.View())) whole_ = false;
+    pending_.Clear();
   }
 
   ReplacingFile file_;
   bool open_;
   bool whole_ = true;
-  std::string pending_;
+  TextBuffer pending_;
 };
 
 }  // namespace qv

@@ -41,6 +41,9 @@ class QVASSEMBLY_API FixedText {
 
   std::string_view View() const { return {text_, std::strlen(text_)}; }
 
+  /// The buffer of Capacity characters; those behind the terminator are whatever they are.
+  const char* Characters() const { return text_; }
+
  private:
   char text_[Capacity];
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engines/columns/Column.h"
+#include "engines/columns/CopyTerminated.h"
 #include "engines/columns/Numbers.h"
 #include "engines/columns/ShortNumbers.h"
 #include "engines/columns/Words.h"
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
 #include <type_traits>
 
 /// What the rows of the column tables are made of: one function template per way of reading or writing a
@@ -33,8 +35,8 @@ using ValueOf = typename MemberTraits<decltype(Field)>::Value;
 inline std::string_view UpToNul(std::string_view text) { return text.substr(0, text.find('\0')); }
 
 /// Appends at most kWidestText characters; false when there were more.
-inline bool AppendText(std::string& out, std::string_view text) {
-  out.append(text.substr(0, kWidestText));
+inline bool AppendText(TextBuffer& out, std::string_view text) {
+  out += text.substr(0, kWidestText);
   return text.size() <= kWidestText;
 }
 
@@ -48,6 +50,18 @@ inline std::string_view ViewOf(const CString& text) {
 template <std::size_t Capacity>
 std::string_view ViewOf(const char (&text)[Capacity]) {
   return {text, ::strnlen(text, Capacity)};
+}
+
+/// The same for what a record holds.
+template <class Text>
+bool AppendField(TextBuffer& out, const Text& field) {
+  return AppendText(out, ViewOf(field));
+}
+template <std::size_t Capacity>
+bool AppendField(TextBuffer& out, const FixedText<Capacity>& field) {
+  static_assert(Capacity >= kReadAtLeast && Capacity <= kWidestText + 1);
+  out.EndAt(CopyTerminated(out.Room(Capacity), field.Characters()));
+  return true;
 }
 
 template <std::size_t Capacity>
@@ -78,7 +92,7 @@ Remark StoreValue(RecordOf<Field>& record, Value value, Remark remark) {
 template <auto Field>
 [[gnu::noinline]] Remark ReadOddInt(RecordOf<Field>& record, std::string_view text, std::string* stored) {
   const Parsed<int> parsed = ParseInt(text);
-  if (stored != nullptr) AppendInt(*stored, parsed.value);
+  if (stored != nullptr) *stored = std::to_string(parsed.value);
   return StoreValue<Field>(record, parsed.value, parsed.remark);
 }
 
@@ -125,30 +139,30 @@ Remark ReadWord(RecordOf<Field>& record, std::string_view text, std::string* sto
 }
 
 template <auto Field>
-bool WriteText(const RecordOf<Field>& record, std::size_t, std::string& out) {
-  return AppendText(out, ViewOf(record.*Field));
+bool WriteText(const RecordOf<Field>& record, std::size_t, TextBuffer& out) {
+  return AppendField(out, record.*Field);
 }
 
 template <auto Field>
-bool WriteInt(const RecordOf<Field>& record, std::size_t, std::string& out) {
+bool WriteInt(const RecordOf<Field>& record, std::size_t, TextBuffer& out) {
   AppendInt(out, record.*Field);
   return true;
 }
 
 template <auto Field, int Decimals>
-bool WriteReal(const RecordOf<Field>& record, std::size_t, std::string& out) {
+bool WriteReal(const RecordOf<Field>& record, std::size_t, TextBuffer& out) {
   AppendFixed(out, static_cast<double>(record.*Field), Decimals);
   return true;
 }
 
 template <auto Field, const WordTable& Words>
-bool WriteWord(const RecordOf<Field>& record, std::size_t, std::string& out) {
+bool WriteWord(const RecordOf<Field>& record, std::size_t, TextBuffer& out) {
   out += TextOf(Words, static_cast<int>(record.*Field));
   return true;
 }
 
 template <class Record>
-bool WriteNothing(const Record&, std::size_t, std::string&) {
+bool WriteNothing(const Record&, std::size_t, TextBuffer&) {
   return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engines/columns/Remark.h"
+#include "engines/columns/TextBuffer.h"
 #include "records/RecordKind.h"
 
 #include <cstddef>
@@ -25,7 +26,7 @@ struct Column {
 
   /// Appends the cell's text. `element` counts the elements of the column's list; 0 for the record itself.
   /// Returns false when the value had to be cut. Null: the column is not written.
-  bool (*write)(const Record& record, std::size_t element, std::string& out) = nullptr;
+  bool (*write)(const Record& record, std::size_t element, TextBuffer& out) = nullptr;
 
   /// Raised in every record of a file that has the column; may be null.
   bool Record::*flag = nullptr;

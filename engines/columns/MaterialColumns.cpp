@@ -16,7 +16,7 @@ constexpr std::array<std::array<std::string_view, 4>, 3> kStartingCornersByStyle
 }};
 
 template <auto Corner, auto Style>
-bool WriteStartingCorner(const M& material, std::size_t, std::string& out) {
+bool WriteStartingCorner(const M& material, std::size_t, TextBuffer& out) {
   const int corner = material.*Corner;
   const int style = material.*Style;
   if (style < 0 || style > 2 || corner < 1 || corner > 4) return true;

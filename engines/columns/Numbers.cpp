@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cctype>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -82,7 +83,7 @@ bool ScaleExactly(double value, int decimals, std::uint64_t& scaled) {
   return true;
 }
 
-void AppendScaled(std::string& out, bool negative, std::uint64_t scaled, int decimals) {
+void AppendScaled(TextBuffer& out, bool negative, std::uint64_t scaled, int decimals) {
   char text[32];
   char* const end = text + sizeof text;
   char* at = end;
@@ -93,7 +94,7 @@ void AppendScaled(std::string& out, bool negative, std::uint64_t scaled, int dec
     scaled /= 10;
   } while (scaled != 0);
   if (negative) *--at = '-';
-  out.append(at, static_cast<std::size_t>(end - at));
+  out += std::string_view(at, end);
 }
 
 }  // namespace
@@ -144,21 +145,21 @@ Parsed<double> ParseReal(std::string_view text) {
   return {negative ? -value : value, remark};
 }
 
-void AppendInt(std::string& out, std::int64_t value) {
-  char text[24];
-  const auto result = std::to_chars(text, text + sizeof text, value);
-  out.append(text, static_cast<std::size_t>(result.ptr - text));
+void AppendInt(TextBuffer& out, std::int64_t value) {
+  constexpr std::size_t kLongest = 20;
+  char* const room = out.Room(kLongest);
+  out.EndAt(std::to_chars(room, room + kLongest, value).ptr);
 }
 
-void AppendFixed(std::string& out, double value, int decimals) {
+void AppendFixed(TextBuffer& out, double value, int decimals) {
   std::uint64_t scaled = 0;
   if (std::isfinite(value) && ScaleExactly(value, decimals, scaled)) {
     AppendScaled(out, std::signbit(value), scaled, decimals);
     return;
   }
-  char text[352];  // the largest double has 309 digits before the point
-  const auto result = std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, decimals);
-  out.append(text, static_cast<std::size_t>(result.ptr - text));
+  constexpr std::size_t kLongest = 352;  // the largest double has 309 digits before the point
+  char* const room = out.Room(kLongest);
+  out.EndAt(std::to_chars(room, room + kLongest, value, std::chars_format::fixed, decimals).ptr);
 }
 
 }  // namespace qv

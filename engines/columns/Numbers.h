@@ -1,9 +1,9 @@
 #pragma once
 
 #include "engines/columns/Remark.h"
+#include "engines/columns/TextBuffer.h"
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 namespace qv {
@@ -23,9 +23,9 @@ Parsed<int> ParseInt(std::string_view text);
 Parsed<double> ParseReal(std::string_view text);
 
 /// As "%d".
-void AppendInt(std::string& out, std::int64_t value);
+void AppendInt(TextBuffer& out, std::int64_t value);
 
 /// As "%.<decimals>f", correctly rounded. At most 9 decimals.
-void AppendFixed(std::string& out, double value, int decimals);
+void AppendFixed(TextBuffer& out, double value, int decimals);
 
 }  // namespace qv

@@ -21,7 +21,7 @@ Remark ReadTrimmedText(P& part, std::string_view text, std::string* stored) {
   return ReadText<Field>(part, TrimField(text), stored);
 }
 
-void AppendTwoDigits(std::string& out, std::int64_t number) {
+void AppendTwoDigits(TextBuffer& out, std::int64_t number) {
   if (number < 10) out += '0';
   AppendInt(out, number);
 }
@@ -29,7 +29,7 @@ void AppendTwoDigits(std::string& out, std::int64_t number) {
 // Seconds as hours:minutes:seconds. An estimate of a second or less leaves the cell blank, as nobody has
 // estimated anything then.
 template <auto Field>
-bool WriteDuration(const P& part, std::size_t, std::string& out) {
+bool WriteDuration(const P& part, std::size_t, TextBuffer& out) {
   const double rounded = part.*Field + 0.5;
   if (!(rounded < 9e15)) return false;
   const auto seconds = rounded < 2 ? 0 : static_cast<std::int64_t>(rounded);

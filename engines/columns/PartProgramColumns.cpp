@@ -12,14 +12,14 @@ std::size_t CountOf(const P& program) {
 }
 
 template <auto List, auto Field>
-bool WriteElement(const P& program, std::size_t element, std::string& out) {
+bool WriteElement(const P& program, std::size_t element, TextBuffer& out) {
   if (element >= (program.*List).size()) return true;
   const auto& value = (program.*List)[element].*Field;
   if constexpr (std::is_same_v<std::remove_cvref_t<decltype(value)>, int>) {
     AppendInt(out, value);
     return true;
   } else {
-    return AppendText(out, ViewOf(value));
+    return AppendField(out, value);
   }
 }
 

@@ -13,7 +13,7 @@ Remark ReadPunchCondition(T& tool, std::string_view text, std::string*) {
   return Remark::None;
 }
 
-bool WritePunchCondition(const T& tool, std::size_t, std::string& out) {
+bool WritePunchCondition(const T& tool, std::size_t, TextBuffer& out) {
   return AppendText(out, tool.GetToolPunchConditionString());
 }
 

@@ -89,10 +89,10 @@ class SheetWriter {
     for (std::size_t rank = 0; rank < cells_.size(); ++rank) {
       const Cell& cell = cells_[rank];
       if (cell.column == nullptr) continue;
-      text_.clear();
+      text_.Clear();
       const bool isWhole = cell.column->write(record, element, text_);
-      if (remarks_.AreWanted()) remarks_.Tell(row_, *cell.keyword, text_, isWhole);
-      WriteCell(rank, text_);
+      if (remarks_.AreWanted()) remarks_.Tell(row_, *cell.keyword, text_.View(), isWhole);
+      WriteCell(rank, text_.View());
     }
   }
 
@@ -107,7 +107,7 @@ class SheetWriter {
   const WrittenCellRemarks remarks_;
   std::vector<Cell> cells_;
   std::int64_t row_ = 0;  // the last one written
-  std::string text_;
+  TextBuffer text_;
 };
 
 }  // namespace qv

@@ -51,9 +51,9 @@ std::string FieldsThatAreRead(const Column<Record>& column, const RecordType& ty
 
 template <class Record>
 std::string WrittenCell(const Column<Record>& column, const AnyRecord& record) {
-  std::string text;
+  TextBuffer text;
   column.write(*static_cast<const Record*>(record.Pointer()), 0, text);
-  return text;
+  return std::string(text.View());
 }
 
 template <class Record>

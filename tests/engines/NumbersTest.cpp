@@ -201,9 +201,9 @@ std::string Printed(double value, int decimals) {
 }
 
 std::string Fixed(double value, int decimals) {
-  std::string out;
+  qv::TextBuffer out;
   qv::AppendFixed(out, value, decimals);
-  return out;
+  return std::string(out.View());
 }
 
 TEST(AppendFixed, PrintsAsTheRuntime) {

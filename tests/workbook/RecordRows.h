@@ -18,8 +18,9 @@ template <class Record>
 Texts RowOf(const Record& record, const Texts& keywords) {
   Texts row;
   for (const auto* column : qv::ResolveForWriting<Record>(keywords)) {
-    row.emplace_back();
-    if (column != nullptr) column->write(record, 0, row.back());
+    qv::TextBuffer text;
+    if (column != nullptr) column->write(record, 0, text);
+    row.emplace_back(text.View());
   }
   return row;
 }
