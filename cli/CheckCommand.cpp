@@ -28,6 +28,7 @@ struct CheckOptions : FileOptions {
 std::optional<RejectedRows> PrepareRejects(const CheckOptions& options) {
   if (!options.rejects) return std::nullopt;
   if (IsWorkbook(options.file)) throw UsageError("--rejects: the rows of a workbook are no lines of text");
+  if (IsStream(options.file)) throw UsageError("--rejects: a pipe cannot be read a second time");
   return std::optional<RejectedRows>(std::in_place, options.file, *options.rejects);
 }
 

@@ -41,6 +41,11 @@ std::string CodeName(DiagnosticCode code) { return DiagnosticCodeName(code); }
 
 }  // namespace
 
+bool IsStream(const Utf8Path& file) {
+  std::error_code ignored;
+  return std::filesystem::is_other(std::filesystem::status(PathFromUtf8(file), ignored));
+}
+
 FormatFile::FormatFile(const std::optional<Utf8Path>& named, const std::vector<Utf8Path>& dataFiles,
                        Remarks& remarks, Missing missing) {
   const std::optional<Utf8Path> chosen = NamedFile(named);
@@ -130,7 +135,7 @@ const OptionForm& FormatFile::Find(const std::string& utf8Name) const {
 const OptionForm& FormatFile::FindFor(const std::optional<std::string>& wanted, const Utf8Path& dataFile,
                                       Remarks& remarks) const {
   if (wanted) return Find(*wanted);
-  if (Exists(dataFile)) {
+  if (Exists(dataFile) && !IsStream(dataFile)) {
     const std::string stored = StoredFormatName(PathFromUtf8(dataFile).c_str());
     if (remarks.HasFailed()) throw FileErrorTold();
     for (const OptionForm& form : List().Formats)

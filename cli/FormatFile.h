@@ -17,6 +17,9 @@ class XmlNode;
 /// Paths in this program are UTF-8 until the library is called.
 using Utf8Path = std::string;
 
+/// Whether the path leads to a pipe or a device, whose bytes can be read only once.
+bool IsStream(const Utf8Path& file);
+
 /// The format configuration of one run: which file it comes from, and what that holds.
 class FormatFile {
  public:
@@ -42,8 +45,9 @@ class FormatFile {
   /// Throws UsageError, listing the names there are, when there is no such format.
   const OptionForm& Find(const std::string& utf8Name) const;
 
-  /// The format of a data file: the wanted one, else the one that the file names, else the current one.
-  /// Throws UsageError when there is none of the name, FileErrorTold when the data file cannot be read.
+  /// The format of a data file: the wanted one, else the one that the file names (a pipe is not asked), else
+  /// the current one. Throws UsageError when there is none of the name, FileErrorTold when the data file
+  /// cannot be read.
   const OptionForm& FindFor(const std::optional<std::string>& wanted, const Utf8Path& dataFile,
                             Remarks& remarks) const;
 

@@ -48,6 +48,9 @@ int SetFormatName(Session& session, const FormatNameOptions& options) {
   if (IsWorkbook(options.file))
     throw FileError({options.file, 0, "", "unsupported-file-type", ".xls",
                      "a workbook gets its format name only when it is exported; it is left as it is"});
+  if (IsStream(options.file))
+    throw FileError(
+        {options.file, 0, "", "file-not-written", "", "a pipe has no first line that could be changed"});
   CAssemblyFileMgr manager;
   manager.SetCurrentFormatToFile(session.coding.Encode(options.name).c_str(),
                                  PathFromUtf8(options.file).c_str());

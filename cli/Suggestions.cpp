@@ -92,7 +92,7 @@ class Survey {
 
   std::vector<Remark> Take(std::int64_t rows) {
     LookAtKeywords();
-    if (IsWorkbook(file_)) return std::move(found_);
+    if (IsWorkbook(file_) || IsStream(file_)) return std::move(found_);
     LookAtFormat();
     LookAtFile(rows);
     return std::move(found_);
