@@ -1,6 +1,5 @@
 #include "cli/FormatColumns.h"
 
-#include "cli/Errors.h"
 #include "cli/FormatBuilder.h"
 #include "engines/CAssemblyFile.h"
 
@@ -59,42 +58,6 @@ TEST(FormatBuilder, ColumnsComeOutInTheOrderGiven) {
       wishes.columns += (wishes.columns.empty() ? "" : ",") + name;
     }
     ASSERT_EQ(ColumnsOfEngine(BuildFormat(wishes)), wanted) << wishes.columns;
-  }
-}
-
-struct WishCase {
-  const char* what;
-  void (*change)(FormatWishes& wishes);
-  const char* complaint;
-};
-
-TEST(FormatBuilder, RefusesWhatCannotBe) {
-  const WishCase kCases[] = {
-      {"name", [](FormatWishes& w) { w.name = ""; }, "a format name is a text without control characters"},
-      {"line end", [](FormatWishes& w) { w.name = "a\nb"; },
-       "a format name is a text without control characters"},
-      {"qualifier", [](FormatWishes& w) { w.qualifier = "both"; },
-       "--qualifier: there is no \"both\"; it is one of double, single, none"},
-      {"key", [](FormatWishes& w) { w.partKey = "name"; },
-       "--part-key: there is no \"name\"; it is one of Name, Path"},
-      {"slash twins", [](FormatWishes& w) { w.columns = "C-CutPunch,C-Cut/Punch"; },
-       "--columns: \"C-Cut/Punch\" is there twice; only Ignore may be"},
-      {"empty column", [](FormatWishes& w) { w.columns = "ID,,Type"; },
-       "\"\" is no keyword that a format file can hold"},
-      {"set", [](FormatWishes& w) { w.settings = {"=1"}; }, "--set =1: this is not KEYWORD=ORDER"},
-      {"set name", [](FormatWishes& w) { w.settings = {"1st=1"}; },
-       "\"1st\" is no keyword that a format file can hold"},
-  };
-  for (const WishCase& c : kCases) {
-    FormatWishes wishes;
-    wishes.name = "x";
-    c.change(wishes);
-    try {
-      BuildFormat(wishes);
-      ADD_FAILURE() << c.what << " was taken";
-    } catch (const UsageError& error) {
-      EXPECT_STREQ(error.what(), c.complaint);
-    }
   }
 }
 

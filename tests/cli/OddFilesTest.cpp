@@ -1,5 +1,6 @@
-#include "cli/Program.h"
+#include "cli/RunProgram.h"
 #include "platform/FileSystem.h"
+#include "support/CaseFile.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +10,6 @@
 #include <fstream>
 #include <map>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 // Files as they come from everywhere: each is read, checked and converted. Every row gives a record or a
 // remark that it was left out, all commands agree on the records, and the findings are those of the list
@@ -20,24 +20,7 @@ namespace {
 
 using Json = nlohmann::json;
 
-const std::filesystem::path kFolder = QV_ODD_FILES;
-
-struct Outcome {
-  int code;
-  std::string out;
-  std::string error;
-};
-
-Outcome RunOn(const std::vector<std::string>& arguments) {
-  std::istringstream in;
-  std::ostringstream out;
-  std::ostringstream error;
-  const Streams streams{in, out, error};
-  std::vector<std::string> all = {"qvassembly", "--encoding", "utf-8"};
-  all.insert(all.end(), arguments.begin(), arguments.end());
-  const int code = RunProgram(all, streams);
-  return {code, out.str(), error.str()};
-}
+const std::filesystem::path kFolder = TestFile("cases/odd");
 
 std::map<std::string, std::string> ReadList(const std::filesystem::path& path) {
   std::map<std::string, std::string> list;
@@ -91,7 +74,8 @@ TEST(OddFiles, AreReadCheckedAndConverted) {
     const std::string path = entry.path().string();
     SCOPED_TRACE(name);
     const std::string rejects = folder / "rejects";
-    const Outcome check = RunOn({"check", "--kind", "parts", "--as", "json", "--rejects", rejects, path});
+    const Outcome check = RunOn(
+        {"--encoding", "utf-8", "check", "--kind", "parts", "--as", "json", "--rejects", rejects, path});
     const Json report = Json::parse(check.out);
     EXPECT_EQ(check.code, report["remarkCount"] == 0 ? 0 : 1);
     EXPECT_EQ(check.error, "");
@@ -99,10 +83,10 @@ TEST(OddFiles, AreReadCheckedAndConverted) {
     EXPECT_EQ(report["rows"], report["records"].get<int>() + report["leftOut"].get<int>());
     EXPECT_EQ(TemporaryFolder::Read(rejects), LeftOut(TemporaryFolder::Read(path), report));
 
-    const Outcome import = RunOn({"import", "--kind", "parts", "--as", "jsonl", path});
+    const Outcome import = RunOn({"--encoding", "utf-8", "import", "--kind", "parts", "--as", "jsonl", path});
     EXPECT_EQ(import.code, 0);
     EXPECT_EQ(std::count(import.out.begin(), import.out.end(), '\n'), report["records"]);
-    const Outcome convert = RunOn({"convert", "--kind", "parts", path, "--config",
+    const Outcome convert = RunOn({"--encoding", "utf-8", "convert", "--kind", "parts", path, "--config",
                                    (kFolder / "AssemblyFormats.xml").string(), folder / "out.csv"});
     EXPECT_EQ(convert.code, 0) << convert.error;
 

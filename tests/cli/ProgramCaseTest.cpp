@@ -6,9 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cctype>
 #include <string>
-#include <string_view>
 #include <vector>
 
 // Runs the built program as the case files say. Each case has a folder of its own with AssemblyFormats.xml
@@ -43,18 +41,6 @@ std::vector<std::string> SplitArguments(const std::string& line) {
   return arguments;
 }
 
-bool MatchesPattern(std::string_view text, std::string_view pattern) {
-  constexpr std::string_view kAny = "{*}";
-  const std::size_t any = pattern.find(kAny);
-  if (any == std::string_view::npos) return text == pattern;
-  if (!text.starts_with(pattern.substr(0, any))) return false;
-  text.remove_prefix(any);
-  pattern.remove_prefix(any + kAny.size());
-  for (std::size_t skipped = 0; skipped <= text.size(); ++skipped)
-    if (MatchesPattern(text.substr(skipped), pattern)) return true;
-  return false;
-}
-
 // Data files are of the platform's code page, unless a case names another encoding.
 bool IsInCodePage(const std::string& file, const TestCase& c) {
   const bool isData = file.ends_with(".txt") || file.ends_with(".csv");
@@ -81,8 +67,7 @@ class ProgramCaseTest : public testing::TestWithParam<TestCase> {
   }
 
   void WriteFiles() const {
-    folder_.Write("AssemblyFormats.xml",
-                  TemporaryFolder::Read(std::string(QV_CASES) + "/AssemblyFormats.xml"));
+    folder_.Write("AssemblyFormats.xml", TemporaryFolder::Read(TestFile("cli/cases/AssemblyFormats.xml")));
     for (const auto& [name, lines] : GetParam().sections)
       if (name.starts_with("file "))
         folder_.Write(name.substr(5), InFile(name.substr(5), GetParam().Text(name)));
@@ -125,13 +110,6 @@ TEST_P(ProgramCaseTest, DoesAsTheCaseSays) {
   CheckFiles();
 }
 
-std::string NameOf(const testing::TestParamInfo<TestCase>& c) {
-  std::string name = c.param.file + "_" + std::to_string(c.param.lineNumber);
-  for (char& letter : name)
-    if (!std::isalnum(static_cast<unsigned char>(letter))) letter = '_';
-  return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, ProgramCaseTest, testing::ValuesIn(ReadTestCases(QV_CASES)), NameOf);
+INSTANTIATE_TEST_SUITE_P(Cases, ProgramCaseTest, testing::ValuesIn(ReadTestCases("cli/cases")), NameOfCase);
 
 }  // namespace

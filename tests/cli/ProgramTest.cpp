@@ -1,6 +1,5 @@
-#include "cli/Program.h"
-
 #include "cli/Progress.h"
+#include "cli/RunProgram.h"
 #include "cli/WatchedFiles.h"
 #include "support/FakeFileSystem.h"
 #include "support/FakeSpreadsheet.h"
@@ -8,39 +7,16 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 // The program on streams of the test's own, and on files that fail.
 
 namespace qv {
 namespace {
 
-constexpr const char* kFormats =
-    "<CSVOptionSetting Current=\"f\"><OptionForm Name=\"f\" Line=\"1\" Delimiters=\"Comma,\" Qualifier=\"2\">"
-    "<PartName Order=\"0\"/><PartQuantity Order=\"1\"/></OptionForm></CSVOptionSetting>";
-
-struct Outcome {
-  int code;
-  std::string out;
-  std::string error;
-};
-
-Outcome RunOn(const std::vector<std::string>& arguments, bool isTerminal = false, bool allowsColour = true) {
-  std::istringstream in;
-  std::ostringstream out;
-  std::ostringstream error;
-  Streams streams{in, out, error, isTerminal, isTerminal, allowsColour, isTerminal ? 80 : 0};
-  std::vector<std::string> all = {"qvassembly"};
-  all.insert(all.end(), arguments.begin(), arguments.end());
-  const int code = RunProgram(all, streams);
-  return {code, out.str(), error.str()};
-}
-
 class ProgramTest : public testing::Test {
  protected:
   ProgramTest() {
     files_.Contents = {
-        {"f.xml", kFormats}, {"a.txt", "name,qty\nA1,x\n"}, {"r.json", "[{\"PartName\":\"A1\"}]"}};
+        {"f.xml", kOneFormat}, {"a.txt", "name,qty\nA1,x\n"}, {"r.json", "[{\"PartName\":\"A1\"}]"}};
   }
   FakeFileSystem files_;
 };
@@ -110,45 +86,32 @@ TEST_F(ProgramTest, WorkbooksGoThroughTheSameCommands) {
 }
 
 // Whichever call fails, the file is the old one or the new one, and the exit code tells which.
-void ExpectOldOrNew(const std::vector<std::string>& arguments, const std::string& target,
-                    const std::string& fresh, int done = 0) {
-  const std::map<std::string, std::string> start = {{"f.xml", kFormats},
-                                                    {"a.txt", "name,qty\nA1,5\n"},
-                                                    {"mixed.txt", "name,qty\nA1,5\n,2\n\nA2,1\n"},
-                                                    {"r.json", "[{\"PartName\":\"A1\"}]"},
-                                                    {"out.csv", "old"}};
-  const std::string old = start.at(target);
-  int code = 0;
-  int failures = 0;
-  ForEachFailure(
-      start, [&](FakeFileSystem&) { code = RunOn(arguments).code; },
-      [&](FakeFileSystem& files) {
-        failures += code != done;
-        std::string content = files.Contents[target];
-        if (qv::kLineEnd == "\r\n") std::erase(content, '\r');
-        EXPECT_EQ(content, code == done ? fresh : old) << "exit code " << code;
-        EXPECT_TRUE(code == done || code == 3) << code;
-        EXPECT_FALSE(files.Contents.contains(FakeFileSystem::WorkingPathOf(target)) && !files.Failed());
-      });
-  EXPECT_GT(failures, 5);
-}
-
-TEST(ProgramFailureTest, AnExportIsWholeOrNotThere) {
-  ExpectOldOrNew(
-      {"export", "--kind", "parts", "--config", "f.xml", "--format", "f", "--records", "r.json", "out.csv"},
-      "out.csv", "\"PartName\",\"PartQuantity\",\n\"A1\",\"1\"\n");
-}
-
-TEST(ProgramFailureTest, AConversionIsWholeOrNotThere) {
-  ExpectOldOrNew(
-      {"convert", "--kind", "parts", "--config", "f.xml", "--from", "f", "--to", "f", "a.txt", "out.csv"},
-      "out.csv", "\"PartName\",\"PartQuantity\",\n\"A1\",\"5\"\n");
-}
-
-TEST(ProgramFailureTest, RejectedRowsAreAllThereOrNotThere) {
-  ExpectOldOrNew(
-      {"check", "--kind", "parts", "--config", "f.xml", "--format", "f", "--rejects", "out.csv", "mixed.txt"},
-      "out.csv", ",2\n\n", 1);
+TEST(ProgramFailureTest, AFileIsWholeOrNotThere) {
+  for (const RewritingCommand& command : RewritingCommands()) {
+    SCOPED_TRACE(command.name);
+    std::string fresh;
+    int done = 0;
+    {
+      FakeFileSystem files;
+      files.Contents = command.files;
+      done = RunOn(command.arguments).code;
+      fresh = files.Contents[command.target];
+    }
+    ASSERT_TRUE(done < 2 && fresh != command.files.at(command.target));
+    int code = 0;
+    int failures = 0;
+    ForEachFailure(
+        command.files, [&](FakeFileSystem&) { code = RunOn(command.arguments).code; },
+        [&](FakeFileSystem& files) {
+          failures += code != done;
+          const std::string& old = command.files.at(command.target);
+          EXPECT_EQ(files.Contents[command.target], code == done ? fresh : old) << "exit code " << code;
+          EXPECT_TRUE(code == done || code == 3) << code;
+          EXPECT_FALSE(files.Contents.contains(FakeFileSystem::WorkingPathOf(command.target)) &&
+                       !files.Failed());
+        });
+    EXPECT_GT(failures, 5);
+  }
 }
 
 TEST(Progress, WaitsASecondThenTellsOnATerminalOnly) {

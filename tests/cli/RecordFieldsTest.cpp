@@ -91,28 +91,6 @@ TEST(RecordFields, EveryColumnMeetsTheFieldThatIsNamedForIt) {
   ExpectColumnsMeetFields<JobProgressInfo>();
 }
 
-// Every field keeps its own value: no accessor reaches another field, and a text keeps as much as it says.
-TEST(RecordFields, FieldsKeepWhatTheyAreGiven) {
-  for (const RecordType& type : RecordTypes()) {
-    for (const RecordField& field : type.fields) {
-      SCOPED_TRACE(std::string(type.name) + " " + std::string(field.stem));
-      const AnyRecord record(type);
-      if (field.type == FieldType::List) {
-        std::vector<AnyRecord> elements;
-        for (int count = 0; count < 3; ++count) elements.emplace_back(*field.elements);
-        field.setList(record.Pointer(), elements);
-        EXPECT_EQ(GetText(record.Pointer(), field), "3");
-      } else if (field.type == FieldType::Text) {
-        field.set(record.Pointer(), std::string(1000, 'x'));
-        EXPECT_EQ(GetText(record.Pointer(), field).size(), field.capacity == 0 ? 1000 : field.capacity);
-      } else {
-        field.set(record.Pointer(), field.type == FieldType::Int ? FieldValue(-77) : OddValue(field));
-      }
-      EXPECT_EQ(ChangedFields(record), std::string(field.stem) + " ");
-    }
-  }
-}
-
 TEST(RecordFields, NumbersAreAsShortAsTheyCanBe) {
   EXPECT_EQ(TextOf(1.1f), "1.1");
   EXPECT_EQ(TextOf(1.1), "1.1");

@@ -1,6 +1,7 @@
 #include "cli/Table.h"
 
 #include "cli/DisplayText.h"
+#include "support/CaseFile.h"
 
 #include <gtest/gtest.h>
 
@@ -10,38 +11,14 @@
 namespace qv {
 namespace {
 
-TEST(DisplayText, WidthsAreThoseOfATerminal) {
-  const std::pair<const char*, int> kCases[] = {
-      {"", 0},     {"abc", 3}, {"Müller", 6}, {"株式会社", 8}, {"ｶﾌﾞ", 3}, {"e\u0301tude", 5},
-      {"🙂", 2}, {"…", 1},   {"한국", 4},   {"Ａ", 2},
-  };
-  for (const auto& [text, width] : kCases) EXPECT_EQ(DisplayWidth(text), width) << text;
-}
-
-TEST(DisplayText, NothingThatControlsATerminalComesThrough) {
-  const std::pair<std::string, const char*> kCases[] = {
-      {"plain ü 株", "plain ü 株"},
-      {"\x1b]0;title\x07", "␛]0;title␇"},
-      {std::string("a\0b", 3), "a␀b"},
-      {"a\tb\r\nc", "a␉b␍␊c"},
-      {"\x7f", "␡"},
-      {"\u009b31m", "\uFFFD31m"},          // the one-character introducer of control sequences
-      {"\u202Egnp.exe", "\uFFFDgnp.exe"},  // written from right to left
-      {"a\u2066b\u2069\u200B", "a\uFFFDb\uFFFD\uFFFD"},
-  };
-  for (const auto& [text, shown] : kCases) EXPECT_EQ(Harmless(text), shown);
-}
-
-TEST(DisplayText, CutsBetweenCharacters) {
-  struct Case {
-    const char* text;
-    int width;
-    const char* shown;
-  };
-  const Case kCases[] = {{"abcdef", 6, "abcdef"},    {"abcdef", 5, "abcd…"},
-                         {"株式会社", 7, "株式会…"}, {"株式会社", 6, "株式…"},
-                         {"株式", 1, "…"},           {"e\u0301e\u0301e\u0301", 2, "e\u0301…"}};
-  for (const Case& c : kCases) EXPECT_EQ(CutToWidth(c.text, c.width), c.shown) << c.text << " " << c.width;
+TEST(DisplayText, IsAsTheTableSays) {
+  for (const auto& row : ReadTable("cli/tables/display.table")) {
+    const std::string& text = row[1];
+    const std::string shown = row[0] == "wide"       ? std::to_string(DisplayWidth(text))
+                              : row[0] == "harmless" ? Harmless(text)
+                                                     : CutToWidth(text, std::stoi(row[3]));
+    EXPECT_EQ(shown, row[2]) << row[0] << " " << text;
+  }
 }
 
 std::string Whole(const Table& table, std::size_t rows) {

@@ -1,5 +1,7 @@
 #include "dialogs/DefaultChoice.h"
 
+#include "tests/support/CaseFile.h"
+
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -7,8 +9,7 @@
 
 namespace {
 
-// Plays what a user does with the box and the combo box: a word shows that format, "+" ticks the box and "-"
-// clears it, "=word" types a name into the combo box. Returns the name that OK stores.
+// Plays the steps of the table. Returns the name that OK stores.
 std::string NameStoredAfter(const std::string& stored, const std::string& script) {
   qv::DefaultChoice choice(stored);
   std::string shown;
@@ -32,47 +33,8 @@ std::string NameStoredAfter(const std::string& stored, const std::string& script
 }
 
 TEST(DefaultChoiceTest, WhatIsStored) {
-  const struct {
-    const char* stored;
-    const char* script;
-    const char* expected;
-  } cases[] = {
-      {"", "A", ""},
-      {"", "A +", "A"},
-      {"", "A + -", ""},
-      {"", "A + B", "A"},
-      {"", "A + B + -", ""},
-      {"A", "A", "A"},
-      {"A", "A -", ""},
-      {"A", "A - +", "A"},
-      {"A", "B", "A"},
-      {"A", "B +", "B"},
-      {"A", "B + A", "B"},
-      {"A", "B + A +", "A"},
-      // Taking a tick back brings the stored default back, wherever it happens.
-      {"A", "B + -", "A"},
-      {"A", "B + - C", "A"},
-      {"A", "B + C + -", "A"},
-      // Taken from the default format it is gone, whichever format is shown at the end.
-      {"A", "A - B", ""},
-      {"A", "A - B + -", ""},
-      {"A", "A - B + A", "B"},
-      {"A", "A - A", ""},
-      {"A", "B + A + -", ""},
-      // Letter case makes no difference, except that a tick stores the shown spelling.
-      {"form1", "Form1", "Form1"},
-      {"form1", "Form1 -", ""},
-      {"FORM1", "Form2", "FORM1"},
-      // A typed name leaves the box alone.
-      {"A", "A =New", "New"},
-      {"A", "B =New", "A"},
-      {"A", "B =New +", "New"},
-      {"A", "B =a", ""},
-      // A format without a name is never the default.
-      {"", "=", ""},
-  };
-  for (const auto& row : cases)
-    EXPECT_EQ(NameStoredAfter(row.stored, row.script), row.expected) << row.stored << ": " << row.script;
+  for (const auto& row : ReadTable("dialogs/tables/default.table"))
+    EXPECT_EQ(NameStoredAfter(row[0], row[1]), row[2]) << row[0] << ": " << row[1];
 }
 
 TEST(DefaultChoiceTest, TheBoxFollowsTheFormatShown) {

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "dialogs/ColumnLists.h"
+#include "manager/FormatOptionDialog.h"
+
+#include <QVAssemblyFile/MessageBox.h>
 
 #include <functional>
 #include <string>
@@ -40,7 +43,7 @@ struct Frame {
 
 enum class Key { Enter, Escape };
 
-/// Uses the real windows of one toolkit from another thread, as a person at the screen does.
+/// Uses the windows of one toolkit as a person at the screen does, real ones from another thread.
 class DialogDriver {
  public:
   virtual ~DialogDriver() = default;
@@ -61,17 +64,12 @@ class DialogDriver {
 
   /// The text of an edit or a combo box, the label of a button or box without its mnemonic.
   virtual std::string Text(Control control) = 0;
-  /// The rank shown in a drop-down list; -1 for none.
-  virtual int Chosen(Control control) = 0;
   virtual std::vector<std::string> Items(Control control) = 0;
   virtual qv::Selection Selected(Control list) = 0;
   virtual bool IsTicked(Control control) = 0;
   virtual bool IsEnabled(Control control) = 0;
   virtual bool IsVisible(Control control) = 0;
 
-  virtual std::string DialogTitle() = 0;
-  virtual std::string HeaderWindowTitle() = 0;
-  virtual bool IsHeaderWindowVisible() = 0;
   virtual Frame DialogFrame() = 0;
   virtual Frame HeaderWindowFrame() = 0;
   virtual bool IsOpen() = 0;
@@ -82,3 +80,21 @@ class DialogDriver {
 /// `messages`.
 bool RunDialog(const std::function<bool()>& show, const std::function<void(DialogDriver&)>& script,
                std::vector<std::string>& messages);
+
+/// What it does with the messages while `run` runs.
+inline bool WithMessagesIn(std::vector<std::string>& messages, const std::function<bool()>& run) {
+  SetMessageBoxHandler(
+      [](const char* text, void* to) { static_cast<std::vector<std::string>*>(to)->emplace_back(text); },
+      &messages);
+  const bool isOk = run();
+  SetMessageBoxHandler(nullptr, nullptr);
+  return isOk;
+}
+
+/// How the program's dialog is shown.
+struct DialogHost {
+  std::string toolkit;   ///< of its windows: "win32", "gtk", or "plain" for windows that are not drawn
+  std::string settings;  ///< the settings file that it uses
+  bool (*show)(const FormatOptionRequest& request);
+};
+DialogHost TheDialogHost();

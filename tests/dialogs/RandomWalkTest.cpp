@@ -1,7 +1,7 @@
 // Random sequences of commands, played on the model and on a second, naive description of the same rules.
 
 #include "dialogs/FormatOptionModel.h"
-#include "tests/dialogs/FormatFileText.h"
+#include "tests/support/FormatText.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

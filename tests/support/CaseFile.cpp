@@ -1,8 +1,11 @@
 #include "support/CaseFile.h"
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
+#include <map>
+#include <sstream>
 #include <stdexcept>
 
 namespace {
@@ -24,27 +27,26 @@ std::string ExpandRepetitions(const std::string& text) {
 }
 
 std::string Unescaped(const std::string& text) {
+  static const std::map<char, char> kEscapes = {{'t', '\t'}, {'r', '\r'}, {'n', '\n'},
+                                                {'0', '\0'}, {'s', ' '},  {'b', '|'}};
   std::string out;
   for (std::size_t at = 0; at < text.size(); ++at) {
     if (text[at] != '\\' || at + 1 == text.size()) {
       out += text[at];
-      continue;
-    }
-    const char escape = text[++at];
-    if (escape == 't') {
-      out += '\t';
-    } else if (escape == 'r') {
-      out += '\r';
-    } else if (escape == '0') {
-      out += '\0';
-    } else if (escape == 'x') {
+    } else if (text[++at] == 'x') {
       out += static_cast<char>(std::stoi(text.substr(at + 1, 2), nullptr, 16));
       at += 2;
     } else {
-      out += escape;
+      const auto escape = kEscapes.find(text[at]);
+      out += escape == kEscapes.end() ? text[at] : escape->second;
     }
   }
   return out;
+}
+
+std::string Trimmed(const std::string& text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') + 1 - first);
 }
 
 class Reader {
@@ -111,6 +113,14 @@ std::vector<std::string> TestCase::Texts(const std::string& section) const {
   return texts;
 }
 
+std::vector<std::vector<std::string>> TestCase::Rows(const std::string& section) const {
+  std::vector<std::vector<std::string>> rows;
+  if (const auto found = sections.find(section); found != sections.end())
+    for (const std::string& line : found->second)
+      rows.push_back(line.empty() ? std::vector<std::string>() : CellsOf(line));
+  return rows;
+}
+
 std::string TestCase::Text(const std::string& section) const {
   std::string text;
   for (const std::string& line : Lines(section)) {
@@ -120,9 +130,11 @@ std::string TestCase::Text(const std::string& section) const {
   return text;
 }
 
+std::string TestFile(const std::string& path) { return QV_TESTS "/" + path; }
+
 std::vector<TestCase> ReadTestCases(const std::string& folder) {
   std::vector<std::filesystem::path> paths;
-  for (const auto& entry : std::filesystem::directory_iterator(folder))
+  for (const auto& entry : std::filesystem::directory_iterator(TestFile(folder)))
     if (entry.path().extension() == ".case") paths.push_back(entry.path());
   std::sort(paths.begin(), paths.end());
   std::vector<TestCase> cases;
@@ -131,4 +143,43 @@ std::vector<TestCase> ReadTestCases(const std::string& folder) {
     cases.insert(cases.end(), more.begin(), more.end());
   }
   return cases;
+}
+
+std::vector<std::string> CellsOf(const std::string& line) {
+  std::vector<std::string> cells;
+  std::istringstream stream(line + '|');
+  for (std::string cell; std::getline(stream, cell, '|');)
+    cells.push_back(Unescaped(ExpandRepetitions(Trimmed(cell))));
+  return cells;
+}
+
+std::vector<std::vector<std::string>> ReadTable(const std::string& path) {
+  std::vector<std::vector<std::string>> rows;
+  std::ifstream file(TestFile(path), std::ios::binary);
+  for (std::string line; std::getline(file, line);)
+    if (!line.empty() && line[0] != '#') rows.push_back(CellsOf(line));
+  if (rows.empty()) throw std::runtime_error(path + ": no rows");
+  std::size_t width = 0;
+  for (const auto& row : rows) width = std::max(width, row.size());
+  for (auto& row : rows) row.resize(width);
+  return rows;
+}
+
+std::string NameOfCase(const testing::TestParamInfo<TestCase>& info) {
+  std::string name = info.param.file + "_" + std::to_string(info.param.lineNumber) + "_" + info.param.name;
+  const auto isOdd = [](unsigned char c) { return c >= 0x80 || std::isalnum(c) == 0; };
+  std::replace_if(name.begin(), name.end(), isOdd, '_');
+  return name;
+}
+
+bool MatchesPattern(std::string_view text, std::string_view pattern) {
+  constexpr std::string_view kAny = "{*}";
+  const std::size_t any = pattern.find(kAny);
+  if (any == std::string_view::npos) return text == pattern;
+  if (!text.starts_with(pattern.substr(0, any))) return false;
+  text.remove_prefix(any);
+  pattern.remove_prefix(any + kAny.size());
+  for (std::size_t skipped = 0; skipped <= text.size(); ++skipped)
+    if (MatchesPattern(text.substr(skipped), pattern)) return true;
+  return false;
 }

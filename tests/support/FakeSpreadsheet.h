@@ -7,7 +7,6 @@
 #include <cctype>
 #include <map>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -86,23 +85,11 @@ class FakeSpreadsheet final {
     std::string reason;
     const auto file = qv::Files().Open(path, qv::OpenMode::Read, reason);
     if (file == nullptr) throw qv::SpreadsheetError(reason);
-    std::string bytes, block(1 << 16, '\0');
-    for (std::ptrdiff_t count; (count = file->Read(block.data(), block.size())) > 0;)
-      bytes.append(block, 0, static_cast<std::size_t>(count));
-    Book book;
-    std::istringstream in(bytes);
-    in >> book.active;
-    for (std::string word; in >> word;) {
-      if (word == "sheet") {
-        book.sheets.push_back({ReadText(in), {}});
-      } else {
-        int column = 0;
-        in >> column;
-        Put(book.sheets.back(), std::stoi(word), column, ReadText(in));
-      }
-    }
-    if (book.sheets.empty()) throw qv::SpreadsheetError("the file is no workbook");
-    return book;
+    std::string name(64, '\0');
+    name.resize(static_cast<std::size_t>(std::max<std::ptrdiff_t>(0, file->Read(name.data(), name.size()))));
+    const auto saved = saved_.find(name);
+    if (saved == saved_.end()) throw qv::SpreadsheetError("the file is no workbook");
+    return saved->second;
   }
 
  private:
@@ -263,29 +250,17 @@ class FakeSpreadsheet final {
       sheet.cells[{row, column}] = std::move(text);
   }
 
-  static std::string ReadText(std::istream& in) {
-    std::size_t size = 0;
-    in >> size;
-    in.get();
-    std::string text(size, '\0');
-    in.read(text.data(), static_cast<std::streamsize>(size));
-    return text;
-  }
-
+  // A file holds the name under which its book is kept.
   static void Save(const Book& book, const std::string& path) {
-    std::ostringstream out;
-    const auto text = [&](const std::string& value) { out << ' ' << value.size() << ' ' << value << '\n'; };
-    out << book.active << '\n';
-    for (const Sheet& sheet : book.sheets) {
-      text((out << "sheet", sheet.name));
-      for (const auto& [place, value] : sheet.cells) text((out << place.first << ' ' << place.second, value));
-    }
+    const std::string name = "workbook " + std::to_string(saved_.size());
+    saved_[name] = book;
     std::string reason;
     const auto file = qv::Files().Open(path, qv::OpenMode::Write, reason);
-    if (file == nullptr || !file->Write(out.str()) || !file->Close())
+    if (file == nullptr || !file->Write(name) || !file->Close())
       throw qv::SpreadsheetError("cannot be saved");
   }
 
+  static inline std::map<std::string, Book> saved_;
   static inline FakeSpreadsheet* current_ = nullptr;
   int countdown_ = 0;  // calls until the failing one; 0 for none
   bool failed_ = false;

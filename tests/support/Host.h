@@ -33,6 +33,12 @@ class Boxes {
   std::vector<std::string> all;
 };
 
+inline std::string NameOf(PartInformation* part) {
+  char name[256];
+  part->GetPartName(name);
+  return name;
+}
+
 /// The manager takes paths as char*, though it does not change them.
 inline char* Path(const std::string& path) { return const_cast<char*>(path.c_str()); }
 

@@ -1,4 +1,4 @@
-#include "cli/Program.h"
+#include "cli/RunProgram.h"
 #include "platform/FileSystem.h"
 #include "support/TemporaryFolder.h"
 
@@ -107,26 +107,13 @@ int RunKilledAt(int turn, const std::vector<std::string>& arguments) {
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-constexpr const char* kFormats =
-    "<CSVOptionSetting Current=\"f\"><OptionForm Name=\"f\" Line=\"2\" Delimiters=\"Comma,\" Qualifier=\"2\">"
-    "<PartName Order=\"0\"/><PartQuantity Order=\"1\"/></OptionForm></CSVOptionSetting>";
-
-struct KilledCase {
-  const char* name;
-  std::vector<std::string> arguments;
-  const char* target;
-};
-
-class KilledRunTest : public testing::TestWithParam<KilledCase> {};
+class KilledRunTest : public testing::TestWithParam<RewritingCommand> {};
 
 TEST_P(KilledRunTest, LeavesTheOldFileOrTheNewOne) {
   const TemporaryFolder folder;
   ASSERT_EQ(::chdir((folder / ".").c_str()), 0);
   const auto start = [&] {
-    folder.Write("f.xml", kFormats);
-    folder.Write("in.txt", "\nname,qty\nA1,5\n,2\nA2,x\n");
-    folder.Write("r.json", "[{\"PartName\":\"A1\"}]");
-    folder.Write("out.txt", "old\n");
+    for (const auto& [name, text] : GetParam().files) folder.Write(name, text);
   };
   std::vector<std::string> arguments = {"qvassembly"};
   arguments.insert(arguments.end(), GetParam().arguments.begin(), GetParam().arguments.end());
@@ -152,28 +139,8 @@ TEST_P(KilledRunTest, LeavesTheOldFileOrTheNewOne) {
   ASSERT_EQ(::chdir("/"), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Commands, KilledRunTest,
-    testing::Values(
-        KilledCase{"Export",
-                   {"export", "--kind", "parts", "--config", "f.xml", "--format", "f", "--records", "r.json",
-                    "out.txt"},
-                   "out.txt"},
-        KilledCase{"Convert",
-                   {"convert", "--kind", "parts", "--config", "f.xml", "--from", "f", "--to", "f", "in.txt",
-                    "out.txt"},
-                   "out.txt"},
-        KilledCase{"ConvertInPlace",
-                   {"convert", "--kind", "parts", "--config", "f.xml", "--from", "f", "--to", "f", "in.txt",
-                    "in.txt"},
-                   "in.txt"},
-        KilledCase{"Rejects",
-                   {"check", "--kind", "parts", "--config", "f.xml", "--rejects", "out.txt", "in.txt"},
-                   "out.txt"},
-        KilledCase{"FormatName", {"format-name", "set", "in.txt", "f"}, "in.txt"},
-        KilledCase{
-            "Formats", {"formats", "add", "g", "--columns", "PartName", "--config", "f.xml"}, "f.xml"}),
-    [](const auto& test) { return test.param.name; });
+INSTANTIATE_TEST_SUITE_P(Commands, KilledRunTest, testing::ValuesIn(RewritingCommands()),
+                         [](const auto& test) { return test.param.name; });
 
 }  // namespace
 }  // namespace qv

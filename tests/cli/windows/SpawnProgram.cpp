@@ -1,19 +1,12 @@
 #include "cli/SpawnProgram.h"
 
+#include "platform/windows/WideText.h"
 #include "support/TemporaryFolder.h"
-
-#include <windows.h>
-
-#include <stdexcept>
+#include "windows/StartedProcess.h"
 
 namespace {
 
-std::wstring Wide(const std::string& utf8) {
-  const int length = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), nullptr, 0);
-  std::wstring wide(static_cast<std::size_t>(length), L'\0');
-  MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), wide.data(), length);
-  return wide;
-}
+std::wstring Wide(const std::string& utf8) { return qv::Widen(utf8, qv::kUtf8CodePage); }
 
 // As the C runtime takes a command line apart: backslashes count double before a quote only.
 std::wstring Quoted(const std::string& argument) {
@@ -27,25 +20,13 @@ std::wstring Quoted(const std::string& argument) {
   return out.append(backslashes, L'\\') + L"\"";
 }
 
-class Handle {
- public:
-  explicit Handle(HANDLE handle) : handle_(handle) {
-    if (handle == INVALID_HANDLE_VALUE) throw std::runtime_error("a stream cannot be redirected");
-  }
-  ~Handle() { CloseHandle(handle_); }
-  Handle(const Handle&) = delete;
-  Handle& operator=(const Handle&) = delete;
-  HANDLE Get() const { return handle_; }
-
- private:
-  HANDLE handle_;
-};
-
-HANDLE OpenInherited(const std::string& path, bool isWritten) {
+qv::Handle OpenInherited(const std::string& path, bool isWritten) {
   SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-  return CreateFileW(Wide(path).c_str(), isWritten ? GENERIC_WRITE : GENERIC_READ,
-                     FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited,
-                     isWritten ? CREATE_ALWAYS : OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  qv::Handle file(CreateFileW(Wide(path).c_str(), isWritten ? GENERIC_WRITE : GENERIC_READ,
+                              FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited,
+                              isWritten ? CREATE_ALWAYS : OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file.IsOpen()) throw std::runtime_error("a stream cannot be redirected");
+  return file;
 }
 
 /// Changes this process's environment, which the program takes over, and brings it back.
@@ -73,28 +54,13 @@ class EnvironmentScope {
 };
 
 int Run(const ProgramCall& call, const TemporaryFolder& streams) {
-  const Handle in(OpenInherited(streams / "in", false));
-  const Handle out(OpenInherited(streams / "out", true));
-  const Handle err(OpenInherited(streams / "err", true));
-  STARTUPINFOW start{};
-  start.cb = sizeof start;
-  start.dwFlags = STARTF_USESTDHANDLES;
-  start.hStdInput = in.Get();
-  start.hStdOutput = out.Get();
-  start.hStdError = err.Get();
+  const qv::Handle in(OpenInherited(streams / "in", false)), out(OpenInherited(streams / "out", true)),
+      err(OpenInherited(streams / "err", true));
   std::wstring line = Quoted(call.program);
   for (const std::string& argument : call.arguments) line += L" " + Quoted(argument);
   const EnvironmentScope environment(call.environment);
-  PROCESS_INFORMATION process{};
-  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, Wide(call.folder).c_str(),
-                      &start, &process))
-    throw std::runtime_error(call.program + " cannot be started: error " + std::to_string(GetLastError()));
-  const Handle thread(process.hThread);
-  const Handle child(process.hProcess);
-  WaitForSingleObject(child.Get(), INFINITE);
-  DWORD code = 0;
-  GetExitCodeProcess(child.Get(), &code);
-  return static_cast<int>(code);
+  const StartedProcess process(line, in.Get(), out.Get(), err.Get(), Wide(call.folder).c_str());
+  return static_cast<int>(process.End());
 }
 
 }  // namespace

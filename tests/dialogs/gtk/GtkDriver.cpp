@@ -82,6 +82,13 @@ GtkWidget* Find(GtkWidget* widget, const std::function<bool(GtkWidget*)>& matche
   return found;
 }
 
+/// A text of the toolkit's, which is freed; nothing for none.
+std::string Taken(char* given) {
+  const std::string text = given == nullptr ? "" : given;
+  g_free(given);
+  return text;
+}
+
 std::string WithoutMnemonic(std::string text) {
   text.erase(std::remove(text.begin(), text.end(), '_'), text.end());
   return text;
@@ -92,60 +99,38 @@ std::string LabelOf(GtkWidget* button) {
   return label == nullptr ? std::string() : WithoutMnemonic(label);
 }
 
-// How a person finds a control: by the text on it, by the label before it, or by its tool tip.
-enum class By { Text, Label, ToolTip, SpokenName };
+// How a person finds each control: by the text on it, the label before it, or its tool tip.
+const char* const kTexts[] = {"Format Name",
+                              "Set as default form",
+                              "Starting reading line:",
+                              "Text qualifier:",
+                              "Tab",
+                              "Semicolon",
+                              "Comma",
+                              "Space",
+                              "Other",
+                              "Other delimiters",
+                              "Part Name Only",
+                              "Part Name With Full Path",
+                              "Treat consecutive delimiters as one",
+                              "Plan items",
+                              "Item and sequence of one record",
+                              "Add  >  ",
+                              "<  Delete",
+                              "Up",
+                              "Down",
+                              "Show Header",
+                              "OK",
+                              "Cancel",
+                              "Refresh"};
 
-struct Place {
-  Control control;
-  By by;
-  const char* text;
-};
-
-constexpr Place kPlaces[] = {
-    {Control::FormatName, By::Label, "Format Name"},
-    {Control::SetAsDefault, By::Text, "Set as default form"},
-    {Control::StartLine, By::Label, "Starting reading line:"},
-    {Control::Qualifier, By::Label, "Text qualifier:"},
-    {Control::Tab, By::Text, "Tab"},
-    {Control::Semicolon, By::Text, "Semicolon"},
-    {Control::Comma, By::Text, "Comma"},
-    {Control::Space, By::Text, "Space"},
-    {Control::Other, By::Text, "Other"},
-    {Control::OtherDelimiters, By::SpokenName, "Other delimiters"},
-    {Control::NameOnly, By::Text, "Part Name Only"},
-    {Control::NameWithPath, By::Text, "Part Name With Full Path"},
-    {Control::TreatAsOne, By::Text, "Treat consecutive delimiters as one"},
-    {Control::PlanItems, By::Label, "Plan items"},
-    {Control::Sequence, By::Label, "Item and sequence of one record"},
-    {Control::Add, By::Text, "Add  >  "},
-    {Control::Delete, By::Text, "<  Delete"},
-    {Control::Up, By::ToolTip, "Up"},
-    {Control::Down, By::ToolTip, "Down"},
-    {Control::ShowHeader, By::Text, "Show Header"},
-    {Control::ShowHeader, By::Text, "Hide Header"},
-    {Control::Ok, By::Text, "OK"},
-    {Control::Cancel, By::Text, "Cancel"},
-    {Control::Refresh, By::ToolTip, "Refresh"},
-};
-
-bool IsAt(GtkWidget* widget, const Place& place) {
-  switch (place.by) {
-    case By::Text:
-      return GTK_IS_BUTTON(widget) && LabelOf(widget) == place.text;
-    case By::Label:
-      return GTK_IS_LABEL(widget) && std::string(gtk_label_get_text(GTK_LABEL(widget))) == place.text;
-    case By::ToolTip: {
-      char* const tip = gtk_widget_get_tooltip_text(widget);
-      const bool isSame = tip != nullptr && std::string(tip) == place.text;
-      g_free(tip);
-      return isSame;
-    }
-    case By::SpokenName: {
-      const char* const name = atk_object_get_name(gtk_widget_get_accessible(widget));
-      return name != nullptr && std::string(name) == place.text;
-    }
-  }
-  return false;
+bool Bears(GtkWidget* widget, const std::string& text) {
+  if (GTK_IS_LABEL(widget))
+    return gtk_label_get_mnemonic_widget(GTK_LABEL(widget)) != nullptr &&
+           gtk_label_get_text(GTK_LABEL(widget)) == text;
+  const char* const spoken = atk_object_get_name(gtk_widget_get_accessible(widget));
+  return (GTK_IS_BUTTON(widget) && LabelOf(widget) == text) || (spoken != nullptr && spoken == text) ||
+         Taken(gtk_widget_get_tooltip_text(widget)) == text;
 }
 
 GtkWindow* WindowOf(Control control) {
@@ -157,13 +142,12 @@ GtkWidget* Widget(Control control) {
   GtkWidget* const window = GTK_WIDGET(WindowOf(control));
   if (control == Control::Headers)
     return Find(window, [](GtkWidget* widget) { return GTK_IS_TREE_VIEW(widget) != FALSE; });
-  for (const Place& place : kPlaces) {
-    if (place.control != control) continue;
-    GtkWidget* const found = Find(window, [&](GtkWidget* widget) { return IsAt(widget, place); });
-    if (found == nullptr) continue;
-    return place.by == By::Label ? gtk_label_get_mnemonic_widget(GTK_LABEL(found)) : found;
-  }
-  ADD_FAILURE() << "no control " << static_cast<int>(control);
+  const std::string text = kTexts[static_cast<int>(control)];
+  GtkWidget* found = Find(window, [&](GtkWidget* widget) { return Bears(widget, text); });
+  if (found == nullptr && control == Control::ShowHeader)
+    found = Find(window, [](GtkWidget* widget) { return Bears(widget, "Hide Header"); });
+  if (found != nullptr) return GTK_IS_LABEL(found) ? gtk_label_get_mnemonic_widget(GTK_LABEL(found)) : found;
+  ADD_FAILURE() << "no control " << text;
   std::abort();
 }
 
@@ -288,10 +272,8 @@ class GtkDriver final : public DialogDriver {
     const std::string text = OnWindowThread([] {
       char* words = nullptr;
       g_object_get(FindMessage(), "text", &words, nullptr);
-      const std::string copy = words;
-      g_free(words);
       gtk_dialog_response(GTK_DIALOG(FindMessage()), GTK_RESPONSE_OK);
-      return copy;
+      return Taken(words);
     });
     Settle();
     return text;
@@ -301,12 +283,9 @@ class GtkDriver final : public DialogDriver {
     return OnWindowThread([&] {
       GtkWidget* const widget = Widget(control);
       if (GTK_IS_BUTTON(widget)) return LabelOf(widget);
-      return std::string(gtk_entry_get_text(EntryOf(control)));
+      if (!GTK_IS_COMBO_BOX(widget)) return std::string(gtk_entry_get_text(GTK_ENTRY(widget)));
+      return Taken(gtk_combo_box_text_get_active_text(GTK_COMBO_BOX_TEXT(widget)));
     });
-  }
-
-  int Chosen(Control control) override {
-    return OnWindowThread([&] { return gtk_combo_box_get_active(GTK_COMBO_BOX(Widget(control))); });
   }
 
   std::vector<std::string> Items(Control control) override {
@@ -317,8 +296,7 @@ class GtkDriver final : public DialogDriver {
           [](GtkTreeModel* model, GtkTreePath*, GtkTreeIter* row, gpointer to) -> gboolean {
             char* text = nullptr;
             gtk_tree_model_get(model, row, 0, &text, -1);
-            static_cast<std::vector<std::string>*>(to)->emplace_back(text);
-            g_free(text);
+            static_cast<std::vector<std::string>*>(to)->push_back(Taken(text));
             return FALSE;
           },
           &items);
@@ -350,11 +328,6 @@ class GtkDriver final : public DialogDriver {
     return OnWindowThread([&] { return gtk_widget_is_visible(Widget(control)); });
   }
 
-  std::string DialogTitle() override { return "Option"; }  // by which it was found
-  std::string HeaderWindowTitle() override { return "User Header Items"; }
-  bool IsHeaderWindowVisible() override {
-    return OnWindowThread([] { return IsWindowVisible("User Header Items"); });
-  }
   Frame DialogFrame() override {
     return OnWindowThread([] { return FrameOf(FindWindow("Option")); });
   }
@@ -390,18 +363,16 @@ void UseDialog(const std::function<void(DialogDriver&)>& script) {
 
 bool RunDialog(const std::function<bool()>& show, const std::function<void(DialogDriver&)>& script,
                std::vector<std::string>& messages) {
-  SetMessageBoxHandler(
-      [](const char* text, void* to) { static_cast<std::vector<std::string>*>(to)->emplace_back(text); },
-      &messages);
-  std::atomic<bool> isUsed = false;
-  std::thread person([&] {
-    UseDialog(script);
-    isUsed = true;
+  return WithMessagesIn(messages, [&] {
+    std::atomic<bool> isUsed = false;
+    std::thread person([&] {
+      UseDialog(script);
+      isUsed = true;
+    });
+    const bool isOk = show();
+    while (!isUsed)
+      if (!g_main_context_iteration(nullptr, FALSE)) std::this_thread::sleep_for(1ms);
+    person.join();
+    return isOk;
   });
-  const bool isOk = show();
-  while (!isUsed)
-    if (!g_main_context_iteration(nullptr, FALSE)) std::this_thread::sleep_for(1ms);
-  person.join();
-  SetMessageBoxHandler(nullptr, nullptr);
-  return isOk;
 }

@@ -1,8 +1,8 @@
 // What only the Windows view has to get right.
 
 #include "manager/FormatOptionDialog.h"
-#include "tests/dialogs/FormatFileText.h"
 #include "tests/dialogs/windows/DialogWindows.h"
+#include "tests/support/FormatText.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <commctrl.h>
@@ -30,33 +30,6 @@ class WindowsDialogTest : public testing::Test {
       folder_.Write("formats.xml", FormatFile("F", FormatElement("F", "PartName=0 Customer=1 Machine=2")));
   std::vector<std::string> messages_;
 };
-
-TEST_F(WindowsDialogTest, ComplainsOfWhatItCannotTake) {
-  const struct {
-    Control control;
-    const char* text;
-    const char* complaint;
-  } cases[] = {
-      {Control::StartLine, "", "Please enter a whole number as the starting line."},
-      {Control::StartLine, "2x", "Please enter a whole number as the starting line."},
-      {Control::StartLine, "99999999999", "Please enter a whole number as the starting line."},
-      {Control::FormatName, "\xE9\x83\xA8\xE5\x93\x81",
-       "??: this system's code page does not have all of these characters."},
-      {Control::OtherDelimiters, "\xE3\x80\x81",
-       "?: this system's code page does not have all of these characters."},
-  };
-  const std::string before = TemporaryFolder::Read(config_);
-  for (const auto& row : cases) {
-    messages_.clear();
-    EXPECT_FALSE(Run([&row](DialogDriver& dialog) {
-      dialog.Type(row.control, row.text);
-      dialog.Click(Control::Ok);
-      EXPECT_TRUE(dialog.IsOpen());
-    }));
-    EXPECT_EQ(messages_, std::vector<std::string>{row.complaint});
-    EXPECT_EQ(TemporaryFolder::Read(config_), before);
-  }
-}
 
 TEST_F(WindowsDialogTest, TheArrowsStayWithinTheirRange) {
   Run([](DialogDriver& dialog) {
@@ -112,9 +85,9 @@ TEST_F(WindowsDialogTest, EveryControlIsReachedByTheKeyboard) {
 TEST_F(WindowsDialogTest, TheHeaderWindowHasItsOwnKeys) {
   Run([](DialogDriver& dialog) {
     dialog.Click(Control::ShowHeader);
-    ASSERT_TRUE(dialog.IsHeaderWindowVisible());
+    ASSERT_TRUE(dialog.IsVisible(Control::Headers));
     PostMessageW(WindowOf(Control::Headers), WM_KEYDOWN, VK_ESCAPE, 0);
-    EXPECT_TRUE(WaitUntil([&dialog] { return !dialog.IsHeaderWindowVisible(); }));
+    EXPECT_TRUE(WaitUntil([&dialog] { return !dialog.IsVisible(Control::Headers); }));
     EXPECT_TRUE(dialog.IsOpen());
     EXPECT_EQ(dialog.Text(Control::ShowHeader), "Show Header");
   });

@@ -3,8 +3,6 @@
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/dialogs/windows/DialogWindows.h"
 
-#include <QVAssemblyFile/MessageBox.h>
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -72,7 +70,7 @@ class WindowsDriver final : public DialogDriver {
 
   void CloseHeaderWindow() override {
     PostMessageW(HeaderWindow(), WM_CLOSE, 0, 0);
-    EXPECT_TRUE(WaitUntil([this] { return !IsHeaderWindowVisible(); }));
+    EXPECT_TRUE(WaitUntil([] { return IsWindowVisible(HeaderWindow()) == FALSE; }));
   }
 
   std::string DismissMessage() override {
@@ -85,9 +83,6 @@ class WindowsDriver final : public DialogDriver {
   }
 
   std::string Text(Control control) override { return WithoutMnemonic(WindowText(WindowOf(control))); }
-  int Chosen(Control control) override {
-    return static_cast<int>(SendMessageW(WindowOf(control), CB_GETCURSEL, 0, 0));
-  }
 
   std::vector<std::string> Items(Control control) override {
     const HWND window = WindowOf(control);
@@ -116,9 +111,6 @@ class WindowsDriver final : public DialogDriver {
   bool IsEnabled(Control control) override { return IsWindowEnabled(WindowOf(control)) != FALSE; }
   bool IsVisible(Control control) override { return IsWindowVisible(WindowOf(control)) != FALSE; }
 
-  std::string DialogTitle() override { return Utf8Of(WindowText(OptionWindow())); }
-  std::string HeaderWindowTitle() override { return Utf8Of(WindowText(HeaderWindow())); }
-  bool IsHeaderWindowVisible() override { return IsWindowVisible(HeaderWindow()) != FALSE; }
   Frame DialogFrame() override { return FrameOf(OptionWindow()); }
   Frame HeaderWindowFrame() override { return FrameOf(HeaderWindow()); }
   bool IsOpen() override { return OptionWindow() != nullptr; }
@@ -146,12 +138,10 @@ void UseDialog(const std::function<void(DialogDriver&)>& script) {
 
 bool RunDialog(const std::function<bool()>& show, const std::function<void(DialogDriver&)>& script,
                std::vector<std::string>& messages) {
-  SetMessageBoxHandler(
-      [](const char* text, void* to) { static_cast<std::vector<std::string>*>(to)->emplace_back(text); },
-      &messages);
-  std::thread person([&] { UseDialog(script); });
-  const bool isOk = show();
-  person.join();
-  SetMessageBoxHandler(nullptr, nullptr);
-  return isOk;
+  return WithMessagesIn(messages, [&] {
+    std::thread person([&] { UseDialog(script); });
+    const bool isOk = show();
+    person.join();
+    return isOk;
+  });
 }

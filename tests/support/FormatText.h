@@ -55,8 +55,10 @@ inline FormatList FormatsIn(const std::string& path) {
   return configuration.Formats.value_or(FormatList{});
 }
 
-inline OptionForm FormatIn(const std::string& path, const std::string& name) {
-  OptionForm form;
-  FindFormat(FormatsIn(path), name, form);
-  return form;
+/// A format in a line: "Name: line delimiters [other] qualifier part: columns".
+inline std::string FormatLine(const OptionForm& form) {
+  const std::string columns = ColumnsOf(form);
+  return form.Name + ": " + std::to_string(form.StartLine) + " " + form.Delimiters + " [" +
+         form.OtherDelimiters + "] " + std::to_string(form.Qualifier) + " " + form.PartKey + ":" +
+         (columns.empty() ? "" : " ") + columns;
 }
