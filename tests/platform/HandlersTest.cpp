@@ -1,8 +1,6 @@
 #include <QVAssemblyFile/Diagnostics.h>
-#include <QVAssemblyFile/MessageBox.h>
 
 #include "platform/InvalidParameter.h"
-#include "tests/support/DiagnosticLog.h"
 
 #include <gtest/gtest.h>
 
@@ -21,27 +19,6 @@ TEST(HandlersTest, EveryDiagnosticCodeHasANameOfItsOwn) {
     EXPECT_TRUE(names.insert(name).second) << name;
   }
   EXPECT_STREQ(DiagnosticCodeName(static_cast<DiagnosticCode>(last + 1)), "unknown");
-}
-
-TEST(HandlersTest, RemarksReachTheHandlerWhileThereIsOne) {
-  const Diagnostic remark{"a.csv", 3, "PartName", DiagnosticCode::TextCut, "long", "lon", "It was cut."};
-  qv::Report(remark);
-  EXPECT_FALSE(qv::DiagnosticsWanted());
-  const DiagnosticLog log;
-  EXPECT_TRUE(qv::DiagnosticsWanted());
-  qv::Report(remark);
-  ASSERT_EQ(log.Remarks.size(), 1U);
-  EXPECT_EQ(log.Remarks[0].column, "PartName");
-  EXPECT_EQ(log.Codes(), "text-cut");
-}
-
-TEST(HandlersTest, AMessageGoesToTheHandlerInsteadOfTheUser) {
-  std::string shown;
-  SetMessageBoxHandler([](const char* text, void* context) { *static_cast<std::string*>(context) += text; },
-                       &shown);
-  qv::ShowMessage("File Format Error!");
-  SetMessageBoxHandler(nullptr, nullptr);
-  EXPECT_EQ(shown, "File Format Error!");
 }
 
 TEST(HandlersDeathTest, AnInvalidParameterEndsTheProcess) {

@@ -112,6 +112,21 @@ TEST(ReplacingFileTest, WorksInEitherPlaceAndLeavesNothingBehind) {
   }
 }
 
+TEST(ReplacingFileTest, GivesEachWriterOfAFileAPlaceOfItsOwn) {
+  const TemporaryFolder folder;
+  const std::string target = folder.Write("a.csv", "old");
+  {
+    ReplacingFile one(target, WorkingPlace::BesideTarget), two(target, WorkingPlace::BesideTarget);
+    EXPECT_NE(one.WorkingPath(), two.WorkingPath());
+    EXPECT_TRUE(one.Open() && two.Open() && one.Write("one") && two.Write("two"));
+    EXPECT_TRUE(two.Commit());
+    EXPECT_EQ(TemporaryFolder::Read(target), "two");
+    EXPECT_TRUE(one.Commit());
+  }
+  EXPECT_EQ(TemporaryFolder::Read(target), "one");
+  EXPECT_EQ(folder.Names(), std::set<std::string>{"a.csv"});
+}
+
 TEST(ReplacingFileTest, WorksOnAPathOfTheTargetsExtension) {
   const TemporaryFolder folder;
   const ReplacingFile file(folder / "jobs.v2.xls", WorkingPlace::BesideTarget);

@@ -1,10 +1,8 @@
 #pragma once
 
-#include "platform/windows/Handle.h"
+#include "tests/windows/StartedProcess.h"
 
-#include <windows.h>
-
-#include <stdexcept>
+#include <optional>
 #include <string>
 
 /// A program that runs beside the test, with pipes on its standard input and output.
@@ -16,20 +14,7 @@ class ChildProcess {
     MakePipe(output_, childOutput);
     SetHandleInformation(childInput.Get(), HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT);
     SetHandleInformation(childOutput.Get(), HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT);
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    start.dwFlags = STARTF_USESTDHANDLES;
-    start.hStdInput = childInput.Get();
-    start.hStdOutput = childOutput.Get();
-    start.hStdError = GetStdHandle(STD_ERROR_HANDLE);
-    std::wstring line = commandLine;
-    PROCESS_INFORMATION made{};
-    if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &made) ==
-        FALSE) {
-      throw std::runtime_error("a program cannot be started");
-    }
-    process_ = qv::Handle(made.hProcess);
-    CloseHandle(made.hThread);
+    process_.emplace(commandLine, childInput.Get(), childOutput.Get(), GetStdHandle(STD_ERROR_HANDLE));
   }
   ~ChildProcess() { End(); }
 
@@ -46,10 +31,7 @@ class ChildProcess {
   /// Closes its input, waits for its end and returns its exit code.
   DWORD End() {
     input_.Close();
-    WaitForSingleObject(process_.Get(), INFINITE);
-    DWORD code = 0;
-    GetExitCodeProcess(process_.Get(), &code);
-    return code;
+    return process_->End();
   }
 
  private:
@@ -62,5 +44,5 @@ class ChildProcess {
 
   qv::Handle input_;
   qv::Handle output_;
-  qv::Handle process_;
+  std::optional<StartedProcess> process_;
 };

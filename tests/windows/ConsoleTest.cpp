@@ -1,7 +1,5 @@
-#include "platform/windows/Handle.h"
 #include "support/TemporaryFolder.h"
-
-#include <windows.h>
+#include "tests/windows/StartedProcess.h"
 
 #include <gtest/gtest.h>
 
@@ -42,25 +40,6 @@ class OwnConsole {
   qv::Handle screen_;
 };
 
-DWORD RunOn(std::wstring commandLine, HANDLE screen) {
-  STARTUPINFOW start{};
-  start.cb = sizeof start;
-  start.dwFlags = STARTF_USESTDHANDLES;
-  start.hStdInput = nullptr;
-  start.hStdOutput = screen;
-  start.hStdError = screen;
-  PROCESS_INFORMATION made{};
-  if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
-                     &made) == FALSE)
-    return GetLastError();
-  const qv::Handle process(made.hProcess);
-  CloseHandle(made.hThread);
-  WaitForSingleObject(process.Get(), INFINITE);
-  DWORD code = 0;
-  GetExitCodeProcess(process.Get(), &code);
-  return code;
-}
-
 TEST(ConsoleTest, ShowsEveryCharacter) {
   const TemporaryFolder folder;
   folder.Write(
@@ -76,7 +55,9 @@ TEST(ConsoleTest, ShowsEveryCharacter) {
   SetEnvironmentVariableW(L"NO_COLOR", L"1");  // this console takes colour sequences, and shows them
   const std::string line = std::string("\"" QV_PROGRAM "\" import --kind parts --as table --config ") +
                            (folder / "f.xml") + " " + (folder / "parts.csv");
-  EXPECT_EQ(RunOn(std::wstring(line.begin(), line.end()), console.Screen()), 0U);
+  const StartedProcess program(std::wstring(line.begin(), line.end()), nullptr, console.Screen(),
+                               console.Screen());
+  EXPECT_EQ(program.End(), 0U);
   EXPECT_TRUE(
       console.Line(0).ends_with(L"parts.csv:2: PartQuantity: \"x\" is not a number; stored as \"0\""));
   EXPECT_EQ(console.Line(1), L"PartName  PartQuantity");

@@ -18,12 +18,6 @@ constexpr const char* kFormats = R"(<?xml version="1.0" encoding="UTF-8"?>
 
 constexpr const char* kParts = "[FMT_Name=Parts]\r\nName;Quantity\r\nplate;4\r\nlid;1\r\n";
 
-std::string NameOf(PartInformation* part) {
-  char name[256];
-  part->GetPartName(name);
-  return name;
-}
-
 class DataFileTest : public testing::Test {
  protected:
   DataFileTest() { manager_.LoadFormatConfiguration(folder_.Write("formats.xml", kFormats).c_str()); }
@@ -33,7 +27,7 @@ class DataFileTest : public testing::Test {
     std::string parts;
     for (int rank = 0; rank < manager_.GetPartsCount(); ++rank) {
       PartInformation* part = manager_.GetPartInfoAtRank(rank);
-      parts += NameOf(part) + "*" + std::to_string(part->GetPartQuantity()) + " ";
+      parts += host::NameOf(part) + "*" + std::to_string(part->GetPartQuantity()) + " ";
     }
     return parts;
   }
@@ -95,20 +89,6 @@ TEST_F(DataFileTest, WaitsForAProcessThatLetsGoSoon) {
   const HeldFile held(path, Sharing::Shared, 150);
   manager_.SetCurrentFormatToFile("Other", path.c_str());
   EXPECT_TRUE(TemporaryFolder::Read(path).starts_with("[FMT_Name=Other]\r\n"));
-}
-
-TEST_F(DataFileTest, EndsLinesAsTextFilesHereDo) {
-  const std::string path = folder_ / "parts.txt";
-  Export(path);
-  const std::string text = TemporaryFolder::Read(path);
-  EXPECT_TRUE(text.starts_with("[FMT_Name=Parts]\r\n"));
-  std::size_t lineEnds = 0;
-  for (std::size_t at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + 1)) {
-    EXPECT_EQ(text[at - 1], '\r');
-    EXPECT_NE(text[at - 2], '\r');
-    ++lineEnds;
-  }
-  EXPECT_GE(lineEnds, 3U);
 }
 
 TEST_F(DataFileTest, TakesTextAsTextFilesHereHoldIt) {

@@ -5,13 +5,11 @@
 #include <windows.h>
 
 #include <filesystem>
-#include <functional>
 #include <regex>
 #include <string>
 
 namespace {
 
-using qv::FileSystem;
 using qv::OpenMode;
 using qv::PlatformFiles;
 using qv::ReplacingFile;
@@ -62,21 +60,6 @@ TEST(WorkingFileTest, KeepsFilesOfOneNameApart) {
   }
 }
 
-TEST(WorkingFileTest, LetsTwoWritersOfOneFileWorkSideBySide) {
-  const TemporaryFolder folder;
-  const std::string target = folder.Write("x.csv", "old");
-  {
-    ReplacingFile one(target, WorkingPlace::BesideTarget), two(target, WorkingPlace::BesideTarget);
-    EXPECT_NE(one.WorkingPath(), two.WorkingPath());
-    EXPECT_TRUE(one.Open() && two.Open() && one.Write("one") && two.Write("two"));
-    EXPECT_TRUE(one.Commit());
-    EXPECT_EQ(TemporaryFolder::Read(target), "one");
-    EXPECT_TRUE(two.Commit());
-  }
-  EXPECT_EQ(TemporaryFolder::Read(target), "two");
-  EXPECT_EQ(folder.Names(), std::set<std::string>{"x.csv"});
-}
-
 TEST(WorkingFileTest, TakesOverWhatAKilledRunLeft) {
   const TemporaryFolder folder;
   const std::string target = folder.Write("x.csv", "old");
@@ -118,44 +101,6 @@ TEST(WorkingFileTest, WritesADeviceAsItStands) {
   ReplacingFile file("NUL", WorkingPlace::BesideTarget);
   EXPECT_EQ(file.WorkingPath(), "NUL");
   EXPECT_TRUE(file.Open() && file.Write("x") && file.Commit()) << file.Reason();
-}
-
-TEST(FileSystemTest, SaysWhyACallFailed) {
-  const TemporaryFolder folder;
-  folder.Write("file", "x");
-  const std::string none = folder / "none", below = folder / "none\\file", itself = folder / ".";
-  FileSystem& files = PlatformFiles();
-  std::string reason;
-  const std::pair<const char*, std::function<bool()>> calls[] = {
-      {"reading what is not there", [&] { return files.Open(none, OpenMode::Read, reason) != nullptr; }},
-      {"reading a folder", [&] { return files.Open(itself, OpenMode::Read, reason) != nullptr; }},
-      {"reading no path", [&] { return files.Open("", OpenMode::Read, reason) != nullptr; }},
-      {"writing into no folder", [&] { return files.Open(below, OpenMode::Write, reason) != nullptr; }},
-      {"writing a folder", [&] { return files.Open(itself, OpenMode::Write, reason) != nullptr; }},
-      {"replacing by nothing", [&] { return files.Replace(none, folder / "file", reason); }},
-      {"removing what is not there", [&] { return files.Remove(none, reason); }},
-      {"a folder in a file's place", [&] { return files.CreateFolders(folder / "file", reason); }},
-      {"a folder below a file", [&] { return files.CreateFolders(folder / "file\\below", reason); }},
-      {"removing a folder that is none", [&] { return files.RemoveFolder(none, reason); }},
-  };
-  for (const auto& [why, call] : calls) {
-    reason.clear();
-    EXPECT_FALSE(call()) << why;
-    EXPECT_FALSE(reason.empty() || reason.ends_with('.') || reason.ends_with('\n')) << why << ": " << reason;
-  }
-  EXPECT_EQ(TemporaryFolder::Read(folder / "file"), "x");
-}
-
-TEST(FileSystemTest, MakesAndRemovesFolders) {
-  const TemporaryFolder folder;
-  FileSystem& files = PlatformFiles();
-  std::string reason;
-  EXPECT_TRUE(files.CreateFolders(folder / "a/b\\c\\", reason)) << reason;
-  EXPECT_TRUE(files.CreateFolders(folder / "a\\b", reason)) << "again: " << reason;
-  EXPECT_TRUE(files.Exists(folder / "a\\b\\c"));
-  EXPECT_FALSE(files.RemoveFolder(folder / "a\\b", reason)) << "not empty";
-  EXPECT_TRUE(files.RemoveFolder(folder / "a\\b\\c", reason));
-  EXPECT_FALSE(files.Exists(folder / "a\\b\\c"));
 }
 
 TEST(FileSystemTest, OverwritesAHiddenFile) {

@@ -1,4 +1,5 @@
 #include "platform/CodePage.h"
+#include "tests/support/CaseFile.h"
 
 #include <gtest/gtest.h>
 
@@ -11,37 +12,10 @@ using Text = std::optional<std::string>;
 constexpr const char* kFffd = "\xEF\xBF\xBD";
 
 TEST(CodePageTest, ReplacesEachIllFormedStretchOnce) {
-  const struct {
-    const char* why;
-    std::string bytes;
-    std::string shown;  // "?" stands for U+FFFD
-  } cases[] = {
-      {"nothing", "", ""},
-      {"ASCII", "PartName", "PartName"},
-      {"two, three and four bytes", "é€\xF0\x9F\x98\x80", "é€\xF0\x9F\x98\x80"},
-      {"the last character of all", "\xF4\x8F\xBF\xBF", "\xF4\x8F\xBF\xBF"},
-      {"NUL is a character", std::string("a\0b", 3), std::string("a\0b", 3)},
-      {"a lone lead byte", "a\xC3z", "a?z"},
-      {"a lone following byte", "\x80\x80", "??"},
-      {"Latin-1 letters",
-       "Stra\xDF"
-       "e",
-       "Stra?e"},
-      {"a cut sequence is one stretch", "\xE2\x82z", "?z"},
-      {"a cut sequence at the end", "x\xF0\x9F\x98", "x?"},
-      {"an overlong slash", "\xC0\xAF", "??"},
-      {"an overlong three", "\xE0\x80\xAF", "???"},
-      {"a surrogate", "\xED\xA0\x80", "???"},
-      {"beyond the last character", "\xF4\x90\x80\x80", "????"},
-      {"bytes that never occur", "\xF5\xFE\xFF", "???"},
-      {"it goes on behind", "\xF1\x80\xC3\xA9", "?é"},
-  };
-  for (const auto& test : cases) {
-    SCOPED_TRACE(test.why);
-    std::string expected;
-    for (const char c : test.shown) expected += c == '?' ? std::string(kFffd) : std::string(1, c);
-    EXPECT_EQ(qv::ToUtf8(test.bytes), expected);
-    EXPECT_EQ(qv::DecodeText(test.bytes, "UTF-8"), expected);
+  for (const auto& row : ReadTable("platform/tables/ill-formed.table")) {
+    SCOPED_TRACE(row[0]);
+    EXPECT_EQ(qv::ToUtf8(row[1]), row[2]);
+    EXPECT_EQ(qv::DecodeText(row[1], "UTF-8"), row[2]);
   }
 }
 

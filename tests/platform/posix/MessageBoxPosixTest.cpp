@@ -1,5 +1,4 @@
 #include "platform/DynamicLibrary.h"
-#include "platform/InvalidParameter.h"
 
 #include <QVAssemblyFile/MessageBox.h>
 
@@ -11,10 +10,6 @@ TEST(MessageBoxPosixTest, PrintsALineWhereThereIsNoWindow) {
   testing::internal::CaptureStderr();
   qv::ShowMessage("100% wrong %s");
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "100% wrong %s\n");
-}
-
-TEST(MessageBoxPosixTest, SaysWhichParameterWasInvalid) {
-  EXPECT_DEATH(qv::InvalidParameter("a rank outside the list"), "invalid parameter: a rank outside the list");
 }
 
 TEST(DynamicLibraryTest, FindsNothingWhereThereIsNothing) {

@@ -135,22 +135,6 @@ TEST(ReplacingFilePosixTest, ClearsWhatSeveralKilledRunsLeft) {
   EXPECT_EQ(folder.Names(), Names{"jobs.csv"});
 }
 
-TEST(ReplacingFilePosixTest, GivesEachWriterOfOneProcessAPlaceOfItsOwn) {
-  const TemporaryFolder folder;
-  const std::string target = folder / "a.csv";
-  {
-    ReplacingFile first(target, WorkingPlace::BesideTarget);
-    ReplacingFile second(target, WorkingPlace::BesideTarget);
-    ASSERT_TRUE(first.Open() && second.Open());
-    EXPECT_NE(first.WorkingPath(), second.WorkingPath());
-    first.Write("first");
-    second.Write("second");
-    EXPECT_TRUE(second.Commit() && first.Commit());
-    EXPECT_EQ(TemporaryFolder::Read(target), "first");
-  }
-  EXPECT_EQ(folder.Names(), Names{"a.csv"});
-}
-
 TEST(ReplacingFilePosixTest, KeepsThePermissions) {
   const TemporaryFolder folder;
   const std::string target = folder.Write("a.csv", "old");
@@ -201,6 +185,23 @@ TEST(ReplacingFilePosixTest, WritesStraightToWhatIsNoRegularFile) {
   ReplacingFile full("/dev/full", WorkingPlace::BesideTarget);
   EXPECT_FALSE(full.Open() && full.Write("x") && full.Commit());
   EXPECT_EQ(full.Reason(), "No space left on device");
+}
+
+TEST(FileSystemPosixTest, SaysWhyAWriteOrAReadFailed) {
+  std::string reason;
+  const auto full = qv::PlatformFiles().Open("/dev/full", qv::OpenMode::Write, reason);
+  ASSERT_NE(full, nullptr) << reason;
+  EXPECT_FALSE(full->Write("x"));
+  EXPECT_EQ(full->Reason(), "No space left on device");
+  EXPECT_TRUE(full->Flush()) << "a device has nothing to make durable";
+
+  const TemporaryFolder folder;
+  const auto writeOnly = qv::PlatformFiles().Open(folder / "a", qv::OpenMode::Write, reason);
+  char byte = 0;
+  EXPECT_EQ(writeOnly->Read(&byte, 1), -1);
+  EXPECT_EQ(writeOnly->Reason(), "Bad file descriptor");
+  EXPECT_TRUE(writeOnly->Close());
+  EXPECT_FALSE(writeOnly->Write("behind the end"));
 }
 
 TEST(ReplacingFilePosixTest, DoesNotTakeARedirectedStreamFromUnderItsOwner) {
