@@ -2,6 +2,7 @@
 #include "engines/CCSVAssembly.h"
 #include "engines/CTxtAssembly.h"
 #include "platform/MessageBox.h"
+#include "support/FormatText.h"
 
 #include <gtest/gtest.h>
 
@@ -12,43 +13,32 @@ namespace {
 
 using Keywords = std::vector<std::string>;
 
-Keywords ColumnsOf(const std::vector<FormatItem>& items) {
-  CTxtAssembly engine;
-  engine.KindFlags[0] = true;
-  OptionForm form;
-  form.Items = items;
-  ApplyFormat(engine, form, "parts.txt");
-  return engine.Columns(RecordKind::Parts);
-}
-
 TEST(ApplyFormat, OrdersColumnsByPosition) {
-  struct Case {
+  const struct {
     const char* why;
-    std::vector<FormatItem> items;
-    Keywords columns;
+    const char* items;
+    const char* columns;
+  } cases[] = {
+      {"gaps close", "A=3 B=0 C=1", "B C A"},
+      {"the first claim of a position holds", "A=1 B=1 C=0", "C A"},
+      {"-1 is no column, other negative numbers are", "A=-1 B=-2 C=0", "B C"},
+      {"ignored at several positions", "A=0 Ignore=1,3, B=2", "A Ignore B Ignore"},
+      {"what follows the last comma is lost", "Ignore=1,4 A=0", "A Ignore"},
+      {"an ignored position without a comma is none", "Ignore=1 A=0", "A"},
+      {"an ignored empty number is position 0", "Ignore=,2, A=0 B=1", "Ignore B Ignore"},
+      {"text is position 0", "A=first B=0 C=1st", "A C"},
+      {"slash columns", "C-CutPunch=0 RectangularTrueShape=1", "C-Cut/Punch Rectangular/TrueShape"},
+      {"ignoring case is not Ignore", "ignore=0, A=1", "ignore A"},
+      {"huge positions", "A=99999999999 B=2147483646", "B A"},
   };
-  const std::vector<Case> cases = {
-      {"gaps close", {{"A", "3"}, {"B", "0"}, {"C", "1"}}, {"B", "C", "A"}},
-      {"the first claim of a position holds", {{"A", "1"}, {"B", "1"}, {"C", "0"}}, {"C", "A"}},
-      {"-1 is no column, other negative numbers are", {{"A", "-1"}, {"B", "-2"}, {"C", "0"}}, {"B", "C"}},
-      {"ignored at several positions",
-       {{"A", "0"}, {"Ignore", "1,3,"}, {"B", "2"}},
-       {"A", "Ignore", "B", "Ignore"}},
-      {"what follows the last comma is lost", {{"Ignore", "1,4"}, {"A", "0"}}, {"A", "Ignore"}},
-      {"an ignored position without a comma is none", {{"Ignore", "1"}, {"A", "0"}}, {"A"}},
-      {"an ignored empty number is position 0",
-       {{"Ignore", ",2,"}, {"A", "0"}, {"B", "1"}},
-       {"Ignore", "B", "Ignore"}},
-      {"text is position 0", {{"A", "first"}, {"B", "0"}, {"C", "1st"}}, {"A", "C"}},
-      {"slash columns",
-       {{"C-CutPunch", "0"}, {"RectangularTrueShape", "1"}},
-       {"C-Cut/Punch", "Rectangular/TrueShape"}},
-      {"ignoring case is not Ignore", {{"ignore", "0,"}, {"A", "1"}}, {"ignore", "A"}},
-      {"huge positions", {{"A", "99999999999"}, {"B", "2147483646"}}, {"B", "A"}},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.why);
-    EXPECT_EQ(ColumnsOf(c.items), c.columns);
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row.why);
+    CTxtAssembly engine;
+    engine.KindFlags[0] = true;
+    OptionForm form;
+    form.Items = ItemsOf(row.items);
+    ApplyFormat(engine, form, "parts.txt");
+    EXPECT_EQ(Joined(engine.Columns(RecordKind::Parts)), row.columns);
   }
 }
 
@@ -82,13 +72,12 @@ TEST(ApplyFormat, CopiesTheRules) {
 }
 
 TEST(Engine, QualifiesAndDelimits) {
-  struct Case {
+  const struct {
     int qualifier;
     const char* delimiters;
     const char* other;
     std::string cell;
-  };
-  const std::vector<Case> cases = {
+  } cases[] = {
       {0, "Tab,Comma", "", "\"a\","},
       {1, "Tab,Semicolon", "", "'a';"},
       {2, "Tab", "", "a\t"},
@@ -98,7 +87,7 @@ TEST(Engine, QualifiesAndDelimits) {
       {2, "Other", "", std::string("a\0", 2)},
       {2, "tab", "", std::string("a\0", 2)},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     CTxtAssembly text;
     CCSVAssembly csv;
     for (CAssemblyFile* engine : {static_cast<CAssemblyFile*>(&text), static_cast<CAssemblyFile*>(&csv)}) {

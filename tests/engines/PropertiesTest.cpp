@@ -200,12 +200,20 @@ Imported ImportShifted(Setting setting, const Kind& kind, const std::string& con
   return Import(setting, kind, std::string(shift, '-') + "\n" + content);
 }
 
-/// A locale with a decimal comma while it lives, where there is one.
+/// A locale with a decimal comma while it lives, as a host may set one.
 class CommaLocale {
  public:
-  CommaLocale() { std::setlocale(LC_ALL, "de_DE.UTF-8"); }
+  CommaLocale() {
+    for (const char* name : {"de_DE.UTF-8", "de_DE", "fr_FR.UTF-8", "German_Germany.1252"})
+      if (std::setlocale(LC_ALL, name) != nullptr) return;
+  }
   ~CommaLocale() { std::setlocale(LC_ALL, "C"); }
 };
+
+TEST(CommaLocaleTest, IsThere) {
+  const CommaLocale locale;
+  if (*std::localeconv()->decimal_point != ',') GTEST_SKIP() << "NOT TESTED: no locale has a decimal comma";
+}
 
 class PropertiesTest : public testing::TestWithParam<Kind> {
  protected:

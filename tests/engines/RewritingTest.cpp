@@ -13,45 +13,23 @@ namespace {
 constexpr const char* kPath = "parts.csv";
 constexpr const char* kOld = "name,qty\nA1,5\n";
 
-std::string AsWritten(const std::string& text) {
-  std::string native;
-  for (const char c : text) native += c == '\n' ? std::string(qv::kLineEnd) : std::string(1, c);
-  return native;
-}
-
-/// Fails each call to the file system in turn, and every later one. Each time the file is the old one or the
-/// new one, and a failure that kept the old one is told.
-template <class Work>
-void FailEachCall(Work work, const std::string& fresh) {
+// Each time the file is the old one or the new one, and a failure that kept the old one is told.
+TEST(Rewriting, AnExportReplacesTheFileOrLeavesIt) {
   DiagnosticLog log;
   const int runs = ForEachFailure(
-      {{kPath, kOld}}, [&](FakeFileSystem&) { work(); },
-      [&](FakeFileSystem& files) {
-        const std::string content = files.Contents[kPath];
-        EXPECT_EQ(content, log.Remarks.empty() ? AsWritten(fresh) : kOld);
-        EXPECT_TRUE(files.Failed() || log.Remarks.empty());
-        log.Remarks.clear();
-      });
-  EXPECT_GT(runs, 10) << "too little was put to the test";
-}
-
-TEST(Rewriting, AnExportReplacesTheFileOrLeavesIt) {
-  FailEachCall(
-      [] {
+      {{kPath, kOld}},
+      [](FakeFileSystem&) {
         CCSVAssembly engine;
         engine.Columns(RecordKind::Parts) = {"PartName"};
         EXPECT_TRUE(engine.Export(kPath));
       },
-      "\"PartName\",\n");
-}
-
-TEST(Rewriting, AFormatNameReplacesTheFileOrLeavesIt) {
-  FailEachCall(
-      [] {
-        CTxtAssembly engine;
-        engine.WriteFormatName("Form1", kPath);
-      },
-      "[FMT_Name=Form1]\nname,qty\nA1,5\n");
+      [&](FakeFileSystem& files) {
+        const std::string fresh = "\"PartName\"," + std::string(qv::kLineEnd);
+        EXPECT_EQ(files.Contents[kPath], log.Remarks.empty() ? fresh : kOld);
+        EXPECT_TRUE(files.Failed() || log.Remarks.empty());
+        log.Remarks.clear();
+      });
+  EXPECT_GT(runs, 10) << "too little was put to the test";
 }
 
 TEST(Reading, KeepsWhatCameBeforeAFailureAndTellsIt) {

@@ -2,8 +2,8 @@
 
 #include "engines/CCSVAssembly.h"
 #include "engines/CTxtAssembly.h"
-#include "engines/FieldTrim.h"
 #include "engines/RowReader.h"
+#include "support/ReferenceSplitter.h"
 #include "support/Trickle.h"
 
 #include <gtest/gtest.h>
@@ -20,99 +20,14 @@ using Random = std::mt19937_64;
 
 std::size_t Below(Random& random, std::size_t limit) { return random() % limit; }
 
-/// The rules as simply as they can be written.
-class Walk {
- public:
-  Walk(const CTxtAssembly& engine, const std::string& line) : engine_(engine), line_(line) {}
-
-  Fields Qualified() {
-    const char q = engine_.Qualifier == 1 ? '\'' : '"';
-    for (std::size_t i = 0; i < line_.size(); ++i) {
-      const char c = line_[i];
-      const char next = i + 1 < line_.size() ? line_[i + 1] : '\0';
-      if (c == q && !inside_) {
-        inside_ = true;
-      } else if (c == q && (IsDelimiter(next) || next == '\0' || next == q)) {
-        AppendUnlessQuote();
-        inside_ = false;
-        ++i;
-      } else if (c != q && !inside_ && IsDelimiter(c)) {
-        Delimit();
-      } else {
-        field_ += c;
-      }
-    }
-    return End();
-  }
-
-  Fields Unqualified() {
-    for (const char c : line_)
-      if (IsDelimiter(c))
-        Delimit();
-      else
-        field_ += c;
-    const std::string last(qv::TrimField(field_));
-    if (!last.empty()) fields_.push_back(last);
-    return fields_;
-  }
-
-  Fields Csv() {
-    for (std::size_t i = 0; i < line_.size(); ++i) {
-      const char c = line_[i];
-      if (c == '"' && !inside_) {
-        inside_ = true;
-      } else if (c == '"' && i + 1 < line_.size() && line_[i + 1] == ',') {
-        fields_.push_back(field_);
-        field_.clear();
-        inside_ = false;
-        ++i;
-      } else if (c == ',' && !inside_) {
-        AppendUnlessQuote();
-      } else {
-        field_ += c;
-      }
-    }
-    if (qv::TrimField(field_) == "CRLF") return fields_;
-    return End();
-  }
-
- private:
-  bool IsDelimiter(char c) const {
-    const auto names = [&](const char* name) { return engine_.Delimiters.find(name) != std::string::npos; };
-    return (c == '\t' && names("Tab")) || (c == ';' && names("Semicolon")) || (c == ',' && names("Comma")) ||
-           (c == ' ' && names("Space")) ||
-           (engine_.OtherDelimiters.find(c) != std::string::npos && names("Other"));
-  }
-
-  void Delimit() {
-    if (!field_.empty())
-      AppendUnlessQuote();
-    else if (!engine_.TreatAsOne)
-      fields_.emplace_back();
-  }
-
-  void AppendUnlessQuote() {
-    field_ = qv::TrimField(field_);
-    if (field_ != "\"") fields_.push_back(field_);
-    field_.clear();
-  }
-
-  Fields End() {
-    if (!qv::TrimField(field_).empty()) AppendUnlessQuote();
-    return fields_;
-  }
-
-  const CTxtAssembly& engine_;
-  const std::string& line_;
-  std::string field_;
-  bool inside_ = false;
-  Fields fields_;
-};
-
 Fields WalkLine(const CTxtAssembly& engine, const std::string& line) {
-  Walk walk(engine, line);
-  if (dynamic_cast<const CCSVAssembly*>(&engine) != nullptr) return walk.Csv();
-  return engine.Qualifier == 2 ? walk.Unqualified() : walk.Qualified();
+  const std::pair<const char*, std::string> kinds[] = {
+      {"Tab", "\t"}, {"Semicolon", ";"}, {"Comma", ","}, {"Space", " "}, {"Other", engine.OtherDelimiters}};
+  reference::Rules rules{dynamic_cast<const CCSVAssembly*>(&engine) != nullptr, engine.Qualifier != 2,
+                         engine.Qualifier == 1 ? '\'' : '"', "", engine.TreatAsOne};
+  for (const auto& [name, characters] : kinds)
+    if (engine.Delimiters.find(name) != std::string::npos) rules.delimiters += characters;
+  return reference::Split(rules, line);
 }
 
 /// Mostly short lines of characters that matter, now and then a longer stretch of others or a stray word.

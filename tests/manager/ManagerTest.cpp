@@ -1,16 +1,17 @@
 #include <gtest/gtest.h>
 
+#include "support/CaseFile.h"
 #include "support/DiagnosticLog.h"
 #include "support/Host.h"
 
 #include <algorithm>
-#include <clocale>
 #include <cstring>
 #include <memory>
 #include <thread>
 
 namespace {
 
+using host::NameOf;
 using host::Path;
 
 constexpr const char* kConfiguration = R"(<?xml version="1.0" encoding="UTF-8"?>
@@ -27,12 +28,6 @@ constexpr const char* kConfiguration = R"(<?xml version="1.0" encoding="UTF-8"?>
 class ManagerTest : public testing::Test {
  protected:
   ManagerTest() { manager.LoadFormatConfiguration(folder.Write("formats.xml", kConfiguration).c_str()); }
-
-  static std::string NameOf(PartInformation* part) {
-    char name[256];
-    part->GetPartName(name);
-    return name;
-  }
 
   static PartInformation* NewPart(const char* name) {
     auto* part = new PartInformation;
@@ -280,75 +275,14 @@ TEST_F(ManagerTest, ManagersOfSeveralThreadsDoNotMeet) {
   for (std::thread& thread : threads) thread.join();
 }
 
-/// Sets a locale with a decimal comma, as a host may, for the test's duration; where there is none the test
-/// still runs, with less to say.
-class CommaLocale {
- public:
-  CommaLocale() {
-    for (const char* name : {"de_DE.UTF-8", "de_DE", "fr_FR.UTF-8", "German_Germany.1252"})
-      if (std::setlocale(LC_ALL, name) != nullptr) return;
-  }
-  ~CommaLocale() { std::setlocale(LC_ALL, "C"); }
-};
-
-TEST_F(ManagerTest, ReadsAndWritesNumbersAlikeInEveryLocale) {
-  const std::string formats = folder.Write("t.xml",
-                                           "<x Current=\"F\"><OptionForm Name=\"F\" Line=\"1\">"
-                                           "<PartName Order=\"0\"/><MaterialThickness Order=\"1\"/>"
-                                           "</OptionForm></x>");
-  const std::string path = folder.Write("parts.csv", "n,t\nA,1.5\n");
-  const CommaLocale locale;
-  if (*std::localeconv()->decimal_point != ',') GTEST_SKIP() << "there is no locale with a decimal comma";
-  manager.LoadFormatConfiguration(formats.c_str());
-  manager.ImportAssemblyFile(Path(path));
-  ASSERT_EQ(manager.GetPartsCount(), 1);
-  EXPECT_EQ(manager.GetPartInfoAtRank(0)->GetMaterialThickness(), 1.5);
-  auto* part = NewPart("A");
-  part->SetMaterialThickness(1.5);
-  manager.AddAndAttachPart(part);
-  manager.ExportAssemblyFile(Path(path));
-  EXPECT_NE(TemporaryFolder::Read(path).find("\"1.500000\""), std::string::npos);
-}
-
 TEST_F(ManagerTest, FindsTheFormatNameInAFile) {
-  struct Case {
-    const char* firstLine;
-    const char* name;  // "?": left alone
-  };
-  for (const Case& c : std::vector<Case>{{"[FMT_Name=Parts]", "Parts"},
-                                         {"[FMT_Name=parts]", "?"},
-                                         {"[FMT_Name=Unknown]", "?"},
-                                         {"FMT_Name Parts", "?"},
-                                         {"FMT_Name=", "?"},
-                                         {"x=Tools;FMT_Name", "?"},
-                                         {"FMT_Name: =Tools;", "Tools"},
-                                         {"name,quantity", "?"},
-                                         {"", "?"},
-                                         {"[FMT_Name=50%% off %d %s %08.3lf%]", "50% off   "}}) {
+  for (const auto& row : ReadTable("manager/tables/format-names.table")) {
     char name[256] = "?";
-    const std::string path = folder.Write("a.txt", std::string(c.firstLine) + "\n");
+    const std::string path = folder.Write("a.txt", row[0] + "\n");
     manager.GetCurrentFormatFromFile(name, Path(path));
-    EXPECT_STREQ(name, c.name) << c.firstLine;
+    EXPECT_EQ(name, row[1]) << row[0];
   }
   manager.GetCurrentFormatFromFile(nullptr, Path(folder / "a.txt"));
-}
-
-TEST_F(ManagerTest, WritesTheFormatNameIntoAFile) {
-  struct Case {
-    const char* before;
-    const char* after;
-  };
-  for (const Case& c : std::vector<Case>{{"a,b\n1,2\n", "[FMT_Name=Tools]\na,b\n1,2\n"},
-                                         {"[FMT_Name=Old]\na", "[FMT_Name=Tools]\na\n"},
-                                         {"a\r\nb\r\n", "[FMT_Name=Tools]\na\nb\n"},
-                                         {"", "[FMT_Name=Tools]\n"}}) {
-    const std::string path = folder.Write("a.csv", c.before);
-    manager.SetCurrentFormatToFile("Tools", path.c_str());
-    EXPECT_EQ(TemporaryFolder::Read(path), host::AsTextFile(c.after));
-    EXPECT_EQ(folder.Names().size(), 2u) << "a working file was left behind";
-  }
-  manager.SetCurrentFormatToFile("Tools", (folder / "missing.csv").c_str());
-  EXPECT_EQ(folder.Names().size(), 2u);
 }
 
 using ManagerDeathTest = ManagerTest;

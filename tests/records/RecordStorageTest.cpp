@@ -6,7 +6,6 @@
 
 #include <memory>
 #include <new>
-#include <thread>
 #include <vector>
 
 namespace {
@@ -54,23 +53,6 @@ TEST(RecordStorageTest, AClassOfTheHostsOwnMayDerive) {
   std::vector<std::unique_ptr<HostPart>> parts;
   for (int rank = 0; rank < 100; ++rank) parts.push_back(std::make_unique<HostPart>());
   for (const auto& part : parts) EXPECT_EQ(part->more.size(), 3u);
-}
-
-TEST(RecordStorageTest, AnotherThreadMayDelete) {
-  std::vector<MatLibraryInfo*> entries;
-  std::thread maker([&entries] {
-    for (int rank = 0; rank < 50000; ++rank) {
-      entries.push_back(new MatLibraryInfo);
-      entries.back()->ShelfNo = rank;
-    }
-  });
-  maker.join();
-  for (int rank = 0; rank < 50000; ++rank) ASSERT_EQ(entries[static_cast<std::size_t>(rank)]->ShelfNo, rank);
-  std::thread other([&entries] {
-    for (std::size_t rank = 0; rank < entries.size(); rank += 2) delete entries[rank];
-  });
-  for (std::size_t rank = 1; rank < entries.size(); rank += 2) delete entries[rank];
-  other.join();
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "cli/RecordFields.h"
 #include "engines/columns/ColumnTables.h"
 #include "records/FixedText.h"
+#include "tests/support/FilledRecord.h"
 
 #include <QVAssemblyFile/PrtInfo.h>
 
@@ -27,41 +28,6 @@ Values Read(void* record, const RecordType& type) {
     for (const AnyRecord& element : field.getList(record))
       for (const std::string& value : Read(element.Pointer(), element.Type())) values.back() += " " + value;
   }
-  return values;
-}
-
-FieldValue ValueOf(FieldType type, int seed) {
-  if (type == FieldType::Int) return 1000 + seed;
-  if (type == FieldType::Float) return 1000.5f + static_cast<float>(seed);
-  if (type == FieldType::Double) return 1000.5 + seed;
-  if (type == FieldType::Bool) return seed % 2 == 1;
-  return "a text that does not lie inside the object " + std::to_string(seed);
-}
-
-// Gives every field a value of its own and returns what they read then.
-Values WriteAll(void* record, const RecordType& type, int seed);
-
-// Another value for each seed, but for flags, which an odd one sets. Returns what the field reads then.
-std::string Write(void* record, const RecordField& field, int seed) {
-  if (field.type != FieldType::List) {
-    const FieldValue value = ValueOf(field.type, seed);
-    field.set(record, value);
-    EXPECT_EQ(field.get(record), value) << field.stem;
-    return GetText(record, field);
-  }
-  std::vector<AnyRecord> elements;
-  std::string text = std::to_string(seed % 3 + 1);
-  for (int last = seed + seed % 3; seed <= last; ++seed) {
-    const AnyRecord& element = elements.emplace_back(*field.elements);
-    for (const std::string& value : WriteAll(element.Pointer(), element.Type(), seed)) text += " " + value;
-  }
-  field.setList(record, elements);
-  return text;
-}
-
-Values WriteAll(void* record, const RecordType& type, int seed) {
-  Values values;
-  for (const RecordField& field : type.fields) values.push_back(Write(record, field, seed += 2));
   return values;
 }
 
@@ -108,20 +74,20 @@ TYPED_TEST(RecordTest, EachFieldKeepsItsOwnValue) {
   TypeParam record;
   Values expected = Read(&record, this->type_);
   for (std::size_t rank = 0; rank < expected.size(); ++rank) {
-    expected[rank] = Write(&record, this->type_.fields[rank], 2 * static_cast<int>(rank) + 1);
+    expected[rank] = FillField(&record, this->type_.fields[rank], 2 * static_cast<int>(rank) + 1);
     EXPECT_EQ(Read(&record, this->type_), expected) << this->type_.fields[rank].stem;
   }
 }
 
 TYPED_TEST(RecordTest, CopiesOutliveTheirSource) {
   auto source = std::make_unique<TypeParam>();
-  const Values written = WriteAll(source.get(), this->type_, 1);
+  const Values written = FillRecord(source.get(), this->type_, 1);
   TypeParam copied(*source), assigned;
-  WriteAll(&assigned, this->type_, 50);
+  FillRecord(&assigned, this->type_, 50);
   assigned = *source;
   TypeParam& itself = assigned;
   assigned = itself;
-  WriteAll(source.get(), this->type_, 90);
+  FillRecord(source.get(), this->type_, 90);
   source.reset();
   EXPECT_EQ(Read(&copied, this->type_), written);
   EXPECT_EQ(Read(&assigned, this->type_), written);
