@@ -1,7 +1,9 @@
 #include "format/FormatConfiguration.h"
 
+#include "tests/support/CaseFile.h"
 #include "tests/support/DiagnosticLog.h"
 #include "tests/support/FakeFileSystem.h"
+#include "tests/support/FormatText.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include "platform/XmlDocument.h"
@@ -9,7 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <climits>
 #include <cstring>
 #include <string>
 
@@ -46,72 +47,29 @@ TEST_F(FormatConfigurationTest, ReadsEveryField) {
   EXPECT_EQ(log_.Codes(), "");
   EXPECT_EQ(List().CurrentFormat, "Laser");
   ASSERT_EQ(List().Formats.size(), 2U);
-  const OptionForm& form = First();
-  EXPECT_EQ(form.Name + "/" + form.Delimiters + "/" + form.OtherDelimiters + "/" + form.PartKey,
-            "Laser/Semicolon,Other/|/Path");
-  EXPECT_EQ(form.StartLine, 3);
-  EXPECT_EQ(form.Qualifier, 1);
-  EXPECT_TRUE(form.TreatAsOne);
-  ASSERT_EQ(form.Items.size(), 33U);
-  EXPECT_EQ(form.Items[0].Name + form.Items[0].Order, "PartName1");
-  EXPECT_EQ(form.Items[1].Name + form.Items[1].Order, "Ignore0,2,");
-  EXPECT_EQ(form.Items[2].Name + form.Items[2].Order, "PartNumber-1");
-
+  EXPECT_EQ(FormatLine(First()), "Laser: 3 Semicolon,Other [|] 1 Path: PartName=1 Ignore=0,2,");
+  EXPECT_TRUE(First().TreatAsOne);
+  ASSERT_EQ(First().Items.size(), 33U);
+  EXPECT_EQ(First().Items[2].Name + First().Items[2].Order, "PartNumber-1");
   const OptionForm& bare = List().Formats[1];
-  EXPECT_EQ(bare.Name + bare.Delimiters + bare.OtherDelimiters + bare.PartKey, "");
-  EXPECT_EQ(bare.StartLine, 0);
+  EXPECT_EQ(FormatLine(bare), ": 0  [] 0 :");
   EXPECT_FALSE(bare.TreatAsOne);
   EXPECT_EQ(bare.Items.size(), 33U);
 }
 
-TEST_F(FormatConfigurationTest, ReadsNumbersAsFarAsTheyGo) {
-  const struct {
-    const char* text;
-    int number;
-    const char* remark;
-  } cases[] = {
-      {"2", 2, ""},
-      {"-3", -3, ""},
-      {"+4", 4, ""},
-      {" \t5", 5, ""},
-      {"007", 7, ""},
-      {"", 0, ""},
-      {"6x", 6, "trailing-text"},
-      {"7 ", 7, "trailing-text"},
-      {"1.5", 1, "trailing-text"},
-      {"x8", 0, "not-a-number"},
-      {"+-9", 0, "not-a-number"},
-      {"- 9", 0, "not-a-number"},
-      {"2147483647", INT_MAX, ""},
-      {"2147483648", INT_MAX, "number-out-of-range"},
-      {"-99999999999999999999", INT_MIN, "number-out-of-range"},
-  };
-  for (const auto& test : cases) {
-    SCOPED_TRACE(test.text);
-    for (const char* attribute : {"Line", "Qualifier"}) {
-      ASSERT_TRUE(LoadFormat(std::string(attribute) + "='" + test.text + "'"));
-      EXPECT_EQ(attribute[0] == 'L' ? First().StartLine : First().Qualifier, test.number);
-      EXPECT_EQ(log_.Codes(), test.remark);
+TEST_F(FormatConfigurationTest, TakesAttributesAsFarAsTheyGo) {
+  for (const auto& row : ReadTable("format/tables/attributes.table")) {
+    const bool isNumber = row[0] == "number";
+    for (const std::string attribute : {"Line", "Qualifier", "TreatAsOne"}) {
+      if (isNumber == (attribute == "TreatAsOne")) continue;
+      SCOPED_TRACE(attribute + " " + row[1]);
+      ASSERT_TRUE(LoadFormat(attribute + "='" + row[1] + "'"));
+      const int value = !isNumber             ? First().TreatAsOne
+                        : attribute == "Line" ? First().StartLine
+                                              : First().Qualifier;
+      EXPECT_EQ(std::to_string(value), row[2]);
+      EXPECT_EQ(log_.Codes(), row[3]);
     }
-  }
-}
-
-TEST_F(FormatConfigurationTest, OnlyOneWordSetsTheFlag) {
-  const struct {
-    const char* text;
-    bool flag;
-    const char* remark;
-  } cases[] = {{"true", true, ""},
-               {"0", false, ""},
-               {"", false, ""},
-               {"1", false, ""},
-               {"TRUE", false, "unknown-word"},
-               {" true", false, "unknown-word"}};
-  for (const auto& test : cases) {
-    SCOPED_TRACE(test.text);
-    ASSERT_TRUE(LoadFormat("TreatAsOne='" + std::string(test.text) + "'"));
-    EXPECT_EQ(First().TreatAsOne, test.flag);
-    EXPECT_EQ(log_.Codes(), test.remark);
   }
 }
 
@@ -178,14 +136,14 @@ TEST_F(FormatConfigurationTest, FallsBackOnTheBuiltInFormatAndSaysWhy) {
 }
 
 FormatList Sample() {
-  OptionForm odd;
-  odd.Name = "<odd> & \"name\"";
-  odd.StartLine = -1;
-  odd.Delimiters = "Tab,Other";
-  odd.OtherDelimiters = "\t|'\n";
-  odd.Qualifier = 2;
-  odd.PartKey = "Path";
-  odd.Items = {{"C-CutPunch", "3"}, {"Ignore", "0,2,"}, {"Mine", " x "}};
+  const OptionForm odd{"<odd> & \"name\"",
+                       -1,
+                       "Tab,Other",
+                       "\t|'\n",
+                       2,
+                       false,
+                       "Path",
+                       {{"C-CutPunch", "3"}, {"Ignore", "0,2,"}, {"Mine", " x "}}};
   OptionForm bare;
   bare.Items = {{"PartName", ""}};
   return {"nowhere", {odd, bare}};
@@ -206,20 +164,8 @@ TEST_F(FormatConfigurationTest, ReadsBackWhatItSaved) {
   const FormatList saved = Sample();
   EXPECT_EQ(loaded.Formats->CurrentFormat, saved.CurrentFormat);
   ASSERT_EQ(loaded.Formats->Formats.size(), saved.Formats.size());
-  for (std::size_t i = 0; i < saved.Formats.size(); ++i) {
-    const OptionForm& before = saved.Formats[i];
-    const OptionForm& after = loaded.Formats->Formats[i];
-    EXPECT_EQ(after.Name, before.Name);
-    EXPECT_EQ(after.StartLine, before.StartLine);
-    EXPECT_EQ(after.Delimiters, before.Delimiters);
-    EXPECT_EQ(after.OtherDelimiters, before.OtherDelimiters);
-    EXPECT_EQ(after.Qualifier, before.Qualifier);
-    EXPECT_EQ(after.PartKey, before.PartKey);
-    for (std::size_t item = 0; item < before.Items.size(); ++item) {
-      EXPECT_EQ(after.Items[item].Name, before.Items[item].Name);
-      EXPECT_EQ(after.Items[item].Order, before.Items[item].Order);
-    }
-  }
+  for (std::size_t i = 0; i < saved.Formats.size(); ++i)
+    EXPECT_EQ(FormatLine(loaded.Formats->Formats[i]), FormatLine(saved.Formats[i]));
 }
 
 TEST_F(FormatConfigurationTest, ASavedFlagReadsBackClear) {

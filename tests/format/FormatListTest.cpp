@@ -2,6 +2,7 @@
 
 #include "format/DefaultHeaderKeywords.h"
 #include "format/FormatConfiguration.h"
+#include "tests/support/FormatText.h"
 
 #include <gtest/gtest.h>
 
@@ -88,13 +89,8 @@ TEST(FormatListTest, TheBuiltInFormatHasNoColumnYet) {
   ASSERT_EQ(configuration.Formats->Formats.size(), 1U);
   const OptionForm& form = configuration.Formats->Formats[0];
   EXPECT_EQ(configuration.Formats->CurrentFormat, "Form1");
-  EXPECT_EQ(form.Name, "Form1");
-  EXPECT_EQ(form.StartLine, 2);
-  EXPECT_EQ(form.Delimiters, "Tab,Comma");
-  EXPECT_EQ(form.OtherDelimiters, "");
-  EXPECT_EQ(form.Qualifier, 0);
+  EXPECT_EQ(FormatLine(form), "Form1: 2 Tab,Comma [] 0 Name:");
   EXPECT_FALSE(form.TreatAsOne);
-  EXPECT_EQ(form.PartKey, "Name");
   ASSERT_EQ(form.Items.size(), 33U);
   for (std::size_t i = 0; i < form.Items.size(); ++i) {
     EXPECT_EQ(form.Items[i].Name, DefaultHeaderKeywords[i]);

@@ -5,6 +5,7 @@
 #include "engines/columns/ColumnTables.h"
 #include "engines/columns/ResolvedColumns.h"
 
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -45,6 +46,24 @@ template <class Record>
 void Add(CAssemblyFile& engine, const Texts& keywords, const Texts& cells) {
   RecordList<Record>& records = engine.StagedRecords.Of<Record>();
   Fill(records.Begin(), keywords, cells);
+  records.Keep();
+}
+
+/// Adds a part program with these tools and bends.
+inline void AddProgram(CAssemblyFile& engine, const char* name, const Texts& tools, const Texts& bends = {}) {
+  RecordList<PrtInfo>& records = engine.StagedRecords.Of<PrtInfo>();
+  PrtInfo& program = records.Begin();
+  program.SetPartName(name);
+  std::vector<UsedToolInfo> usedTools(tools.size());
+  for (std::size_t rank = 0; rank < tools.size(); ++rank) {
+    std::strcpy(usedTools[rank].ToolType, tools[rank].c_str());
+    usedTools[rank].ToolShape = static_cast<int>(rank);
+  }
+  program.SetUsedToolInfo(usedTools);
+  std::vector<BendInfo> bendList(bends.size());
+  for (std::size_t rank = 0; rank < bends.size(); ++rank)
+    std::strcpy(bendList[rank].BendAngle, bends[rank].c_str());
+  program.SetBendInfo(bendList);
   records.Keep();
 }
 

@@ -1,4 +1,5 @@
 #include "engines/CXLSAssembly.h"
+#include "support/CaseFile.h"
 #include "support/DiagnosticLog.h"
 #include "support/FakeFileSystem.h"
 #include "support/FakeSpreadsheet.h"
@@ -20,116 +21,24 @@ Texts HeadersOf(const CAssemblyFile& engine) {
   return headers;
 }
 
-struct ImportCase {
-  const char* what;
-  int startLine;
-  Texts columns;
-  SheetRows sheet;
-  Texts headers;
-  std::vector<Texts> records;
-  const char* remarks;
-};
-
-const std::string kLong(40000, 'x');
-
-const ImportCase kImportCases[] = {
-    {"the header row stands on the start line",
-     1,
-     {"PartName", "PartQuantity"},
-     {{"Name", "Qty"}, {"A1", "5"}, {"A2", "12pcs"}},
-     {"Name", "Qty"},
-     {{"A1", "5"}, {"A2", "12"}},
-     "trailing-text"},
-    {"rows before the start line are passed over",
-     3,
-     {"PartName", "PartQuantity"},
-     {{"[FMT_Name=Form1]"}, {}, {"Name", "Qty"}, {"A1", "5"}},
-     {"Name", "Qty"},
-     {{"A1", "5"}},
-     ""},
-    {"start line 0: every row is data and the format's keywords are the headers",
-     0,
-     {"PartName", "PartQuantity"},
-     {{"A1", "5"}, {"A2", "6"}},
-     {"PartName", "PartQuantity"},
-     {{"A1", "5"}, {"A2", "6"}},
-     ""},
-    {"start line 0 and more columns than keywords",
-     0,
-     {"PartName"},
-     {{"A1", "5"}, {"A2"}},
-     {"PartName"},
-     {{"A1"}, {"A2"}},
-     "row-too-long"},
-    {"a used range from row 3 on puts the last two rows out of reach",
-     0,
-     {"PartName"},
-     {{}, {}, {"A1"}, {"A2"}, {"A3"}, {"A4"}},
-     {"PartName"},
-     {{"A1"}, {"A2"}},
-     "row-left-out row-left-out"},
-    {"a start line behind the last row", 7, {"PartName"}, {{"A1"}}, {""}, {}, ""},
-    {"headers are trimmed like fields, and a lone quote is none",
-     1,
-     {"PartName", "PartNumber", "Machine"},
-     {{" \"Name\" ", "\"\"\"", "Machine"}, {" A 1 ", "\"", " M"}},
-     {"Name", "Machine"},
-     {{"A 1", "\"", " M"}},
-     ""},
-    {"an empty row without a name is no part",
-     1,
-     {"PartName"},
-     {{"Name"}, {}, {"A2"}},
-     {"Name"},
-     {{"A2"}},
-     "row-left-out"},
-    {"without a name column an empty row is a part of empty fields",
-     1,
-     {"Machine"},
-     {{"Machine"}, {}, {"M2"}},
-     {"Machine"},
-     {{""}, {"M2"}},
-     ""},
-    {"surplus columns are worth a remark only where they hold something",
-     1,
-     {"PartName"},
-     {{"Name", "Note"}, {"A1", "see drawing"}, {"A2"}},
-     {"Name", "Note"},
-     {{"A1"}, {"A2"}},
-     "row-too-long"},
-    {"unknown and ignored columns",
-     1,
-     {"Ignore", "Colour", "PartName"},
-     {{"x", "y", "Name"}, {"1", "2", "A1"}},
-     {"x", "y", "Name"},
-     {{"", "", "A1"}},
-     "unknown-column"},
-    {"a cell longer than any field",
-     1,
-     {"PartName", "PartComment"},
-     {{"Name", "Comment"}, {"A1", kLong}},
-     {"Name", "Comment"},
-     {{"A1", kLong.substr(0, 255)}},
-     "text-cut"},
-    {"an empty sheet", 1, {"PartName"}, {}, {""}, {}, ""},
-};
-
 TEST(WorkbookImport, ReadsTheActiveSheet) {
-  for (const ImportCase& c : kImportCases) {
-    SCOPED_TRACE(c.what);
+  for (const TestCase& c : ReadTestCases("workbook/cases/import")) {
+    SCOPED_TRACE(c.name);
     FakeFileSystem files;
     FakeSpreadsheet fake;
     DiagnosticLog log;
-    FakeSpreadsheet::Store(kPath, c.sheet);
+    FakeSpreadsheet::Store(kPath, c.Rows("input"));
     CXLSAssembly engine;
-    engine.StartLine = c.startLine;
-    engine.Columns(RecordKind::Parts) = c.columns;
+    engine.StartLine = std::stoi(c.Setting("start-line", ""));
+    const Texts columns = CellsOf(c.Setting("columns", ""));
+    engine.Columns(RecordKind::Parts) = columns;
     EXPECT_TRUE(engine.ImportParts(kPath));
-    EXPECT_EQ(HeadersOf(engine), c.headers);
-    EXPECT_EQ(workbook::RowsOf<PartInformation>(engine, c.columns), c.records);
-    EXPECT_EQ(log.Codes(), c.remarks);
-    EXPECT_EQ(fake.Objects, 0);
-    EXPECT_EQ(fake.Running, 0);
+    EXPECT_EQ(HeadersOf(engine), CellsOf(c.Setting("headers", "")));
+    std::vector<Texts> records = c.Rows("records");
+    for (Texts& record : records) record.resize(columns.size());
+    EXPECT_EQ(workbook::RowsOf<PartInformation>(engine, columns), records);
+    EXPECT_EQ(log.Codes(), c.Setting("remarks", ""));
+    EXPECT_EQ(fake.Objects + fake.Running, 0);
   }
 }
 

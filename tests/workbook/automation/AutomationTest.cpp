@@ -1,4 +1,5 @@
 #include "engines/CXLSAssembly.h"
+#include "support/CaseFile.h"
 #include "support/DiagnosticLog.h"
 #include "support/Host.h"
 #include "support/TemporaryFolder.h"
@@ -8,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstring>
 #include <regex>
 
 namespace {
@@ -74,12 +74,7 @@ void ConfigurePrograms(CAssemblyFile& engine) {
   engine.StartLine = 2;
   engine.FormatName = "Form1";
   engine.Columns(RecordKind::PartPrograms) = {"PartName", "ToolType", "HoleType", "BendAngle"};
-  PrtInfo& program = engine.StagedRecords.Of<PrtInfo>().Begin();
-  program.SetPartName("P1");
-  std::vector<UsedToolInfo> tools(1);
-  std::strcpy(tools[0].ToolType, "RO");
-  program.SetUsedToolInfo(tools);
-  engine.StagedRecords.Of<PrtInfo>().Keep();
+  workbook::AddProgram(engine, "P1", {"RO"});
 }
 
 TEST_F(Automation, ReadsByTheGivenMembers) {
@@ -111,23 +106,13 @@ TEST_F(Automation, ReadsTheFormatName) {
 }
 
 TEST_F(Automation, TurnsValuesIntoTextByTheStandardConversion) {
-  const std::pair<const char*, std::string> values[] = {
-      {"n 1.5", "1.5"},         {"n 3", "3"},
-      {"n 1e20", "1E+20"},      {"n 0.3333333333333333", "0.333333333333333"},
-      {"b true", "-1"},         {"b false", "0"},
-      {"d 45322", "1/31/2024"}, {"c 12.5", "12.5"},
-      {"e 2007", "#DIV/0!"},    {"e 2042", "#N/A"},
-      {"e 2099", "Error 2099"}, {"t 0012", "0012"},
-      {"t =1+1", "=1+1"}};
   std::string file = "active 0\nsheet A\ncell 1 1 t Text\n";
   std::vector<Texts> expected;
   int row = 1;
-  for (const auto& [value, text] : values) {
-    file += "cell " + std::to_string(++row) + " 1 " + value + "\n";
-    expected.push_back({text});
+  for (const auto& value : ReadTable("workbook/automation/values.table")) {
+    file += "cell " + std::to_string(++row) + " 1 " + value[0] + "\n";
+    expected.push_back({value[1]});
   }
-  file += "cell " + std::to_string(++row) + " 1 t " + std::string(40000, 'x') + "\n";
-  expected.push_back({std::string(255, 'x')});
   const std::string path = Folder().Write("a.xls", file);
   CXLSAssembly engine;
   engine.StartLine = 1;

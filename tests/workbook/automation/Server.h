@@ -1,7 +1,5 @@
 #pragma once
 
-#include "workbook/automation/ServerClass.h"
-
 #include <string>
 #include <vector>
 

@@ -2,7 +2,6 @@
 // every call being made as it must be, and records the conversation. It waits for a further client for a
 // while, as starting it anew takes long.
 
-#include "workbook/automation/ServerClass.h"
 #include "workbook/automation/ServerObject.h"
 
 #include <objbase.h>

@@ -1,4 +1,4 @@
-#include "support/DiagnosticLog.h"
+#include "support/CaseFile.h"
 #include "support/TemporaryFolder.h"
 #include "workbook/RoundTrip.h"
 #include "workbook/calc/SharedOffice.h"
@@ -7,7 +7,6 @@
 
 #include <array>
 #include <cstdio>
-#include <cstring>
 
 namespace {
 
@@ -16,35 +15,10 @@ using workbook::Texts;
 using Calc = SharedOffice;
 
 TEST_F(Calc, TurnsCellsOfEveryMakeIntoText) {
-  const auto book = Office().OpenWorkbook(QV_CALC_CASES "/odd-cells.fods");
+  const auto book = Office().OpenWorkbook(TestFile("workbook/calc/odd-cells.fods"));
   const auto sheet = book->ActiveSheet();
-  Texts texts;
-  for (int row = 1; row <= 25; ++row) texts.push_back(sheet->ReadCell(row, 1));
-  EXPECT_EQ(texts, (Texts{"",
-                          "",
-                          "1.5",
-                          "3",
-                          "1E+20",
-                          "0.333333333333333",
-                          "1",
-                          "0.25",
-                          "-1",
-                          "0",
-                          "1",
-                          "1/31/2024",
-                          "1/31/2024 6:00:01 PM",
-                          "12:00:00 PM",
-                          "#DIV/0!",
-                          "#N/A",
-                          "Err:502",
-                          "#VALUE!",
-                          "#NAME?",
-                          "ab",
-                          "0012",
-                          "two\nlines",
-                          "",
-                          "Zürich",
-                          ""}));
+  for (const auto& row : ReadTable("workbook/calc/odd-cells.table"))
+    EXPECT_EQ(sheet->ReadCell(std::stoi(row[0]), 1), row[1]) << row[0];
   // The used range starts in row 3.
   EXPECT_EQ(sheet->UsedRows(), 22);
   EXPECT_EQ(sheet->UsedColumns(), 1);
@@ -160,13 +134,7 @@ TEST_F(Calc, WritesPartProgramsThatOtherReadersUnderstand) {
   engine.StartLine = 2;
   engine.FormatName = "Form1";
   engine.Columns(RecordKind::PartPrograms) = {"PartName", "ToolType", "ToolShape", "HoleType", "BendAngle"};
-  PrtInfo& program = engine.StagedRecords.Of<PrtInfo>().Begin();
-  program.SetPartName("0012");
-  std::vector<UsedToolInfo> tools(2);
-  std::strcpy(tools[0].ToolType, "RO");
-  std::strcpy(tools[1].ToolType, "SQ");
-  program.SetUsedToolInfo(tools);
-  engine.StagedRecords.Of<PrtInfo>().Keep();
+  workbook::AddProgram(engine, "0012", {"RO", "SQ"});
   ASSERT_TRUE(engine.Export((folder / "out.xls").c_str()));
 
   std::string name;
@@ -178,7 +146,7 @@ TEST_F(Calc, WritesPartProgramsThatOtherReadersUnderstand) {
   EXPECT_EQ(read,
             "80\n"
             "Sheet1 1:[FMT_Name=Form1] | 1:PartName | 1:0012\n"
-            "Sheet2 1:[FMT_Name=Form1] 0: | 1:ToolType 1:ToolShape | 1:RO 1:0 | 1:SQ 1:0\n"
+            "Sheet2 1:[FMT_Name=Form1] 0: | 1:ToolType 1:ToolShape | 1:RO 1:0 | 1:SQ 1:1\n"
             "Sheet3 1:[FMT_Name=Form1] | 1:HoleType\n"
             "Sheet4 1:[FMT_Name=Form1] | 1:BendAngle\n");
 }
