@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <bit>
 #include <cstddef>
 #include <cstring>
@@ -26,8 +27,7 @@ inline char* CopyTerminated(char* to, const char* from) {
   }
 #endif
   const std::size_t size = std::strlen(from);
-  std::memcpy(to, from, size);
-  return to + size;
+  return std::copy_n(from, size, to);
 }
 
 }  // namespace qv
