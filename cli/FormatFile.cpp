@@ -8,7 +8,6 @@
 
 #include <QVAssemblyFile/CAssemblyFileMgr.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
@@ -122,12 +121,14 @@ std::string FormatFile::Names() const {
   return names.empty() ? "none" : names;
 }
 
+const OptionForm* FormatFile::Lookup(const std::string& name) const {
+  for (const OptionForm& form : List().Formats)
+    if (form.Name == name) return &form;
+  return nullptr;
+}
+
 const OptionForm& FormatFile::Find(const std::string& utf8Name) const {
-  const auto& formats = List().Formats;
-  const std::string name = FromUtf8(utf8Name);
-  const auto found =
-      std::find_if(formats.begin(), formats.end(), [&](const OptionForm& form) { return form.Name == name; });
-  if (found != formats.end()) return *found;
+  if (const OptionForm* const form = Lookup(FromUtf8(utf8Name))) return *form;
   const std::string holder = isFile_ ? path_ : "the built-in configuration (no format file was found)";
   throw UsageError("there is no format \"" + utf8Name + "\"; " + holder + " holds: " + Names());
 }
@@ -138,13 +139,10 @@ const OptionForm& FormatFile::FindFor(const std::optional<std::string>& wanted, 
   if (Exists(dataFile) && !IsStream(dataFile)) {
     const std::string stored = StoredFormatName(PathFromUtf8(dataFile).c_str());
     if (remarks.HasFailed()) throw FileErrorTold();
-    for (const OptionForm& form : List().Formats)
-      if (form.Name == stored) return form;
+    if (const OptionForm* const form = Lookup(stored)) return *form;
   }
-  const std::string current = ToUtf8(List().CurrentFormat);
-  for (const OptionForm& form : List().Formats)
-    if (form.Name == List().CurrentFormat) return form;
-  throw UsageError("the current format of " + path_ + " is \"" + current +
+  if (const OptionForm* const form = Lookup(List().CurrentFormat)) return *form;
+  throw UsageError("the current format of " + path_ + " is \"" + ToUtf8(List().CurrentFormat) +
                    "\", which it does not hold; name one of these: " + Names());
 }
 

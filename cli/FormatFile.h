@@ -42,6 +42,9 @@ class FormatFile {
   /// Whether the file says of the format TreatAsOne="1": what is written for a set flag, but read as off.
   bool HasSavedFlag(const OptionForm& form) const { return savedFlags_.contains(form.Name); }
 
+  /// The format of that name, as the file spells it; null when there is none.
+  const OptionForm* Lookup(const std::string& name) const;
+
   /// Throws UsageError, listing the names there are, when there is no such format.
   const OptionForm& Find(const std::string& utf8Name) const;
 

@@ -26,16 +26,12 @@ struct FormatNameOptions {
   std::string name;
 };
 
-bool Holds(const FormatFile& formats, const std::string& name) {
-  return std::any_of(formats.List().Formats.begin(), formats.List().Formats.end(),
-                     [&](const OptionForm& form) { return form.Name == name; });
-}
-
 int GetFormatName(Session& session, const FormatNameOptions& options) {
   const std::string stored = StoredFormatName(PathFromUtf8(options.file).c_str());
   if (session.remarks.HasFailed()) throw FileErrorTold();
   if (stored.empty()) return kWarned;
-  if (options.config && !Holds(FormatFile(options.config, {}, session.remarks), stored)) return kWarned;
+  if (options.config && FormatFile(options.config, {}, session.remarks).Lookup(stored) == nullptr)
+    return kWarned;
   const std::string name = session.coding.Decode(stored);
   session.Write((session.streams.outIsTerminal ? Harmless(name) : name) + "\n");
   return kDone;

@@ -140,15 +140,11 @@ void Survey::LookAtKeywords() {
 
 void Survey::LookAtFormat() {
   storedName_ = StoredFormatName(PathFromUtf8(file_).c_str());
-  if (!storedName_.empty() && storedName_ != form_.Name) {
-    const auto& known = formats_.List().Formats;
-    const bool isKnown = std::any_of(known.begin(), known.end(),
-                                     [&](const OptionForm& form) { return form.Name == storedName_; });
+  if (!storedName_.empty() && storedName_ != form_.Name)
     Add(1, "", "suggest-format", ToUtf8(storedName_),
         "the file names the format \"" + ToUtf8(storedName_) + "\"" +
-            (isKnown ? "" : ", which the configuration does not hold") + "; it was read by \"" +
-            ToUtf8(form_.Name) + "\"");
-  }
+            (formats_.Lookup(storedName_) != nullptr ? "" : ", which the configuration does not hold") +
+            "; it was read by \"" + ToUtf8(form_.Name) + "\"");
   if (formats_.HasSavedFlag(form_) && !IsCsv(file_))
     Add(0, "TreatAsOne", "suggest-treat-as-one", "1",
         "the format \"" + ToUtf8(form_.Name) + "\" in " + formats_.Path() +

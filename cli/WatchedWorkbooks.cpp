@@ -100,8 +100,7 @@ WatchedWorkbooks::~WatchedWorkbooks() {
 }
 
 std::unique_ptr<SpreadsheetApplication> WatchedWorkbooks::Start(std::string& reason) {
-  auto application =
-      watcher->before_ != nullptr ? watcher->before_(reason) : StartPlatformSpreadsheet(reason);
+  auto application = watcher->before_(reason);
   if (application == nullptr) return application;
   return std::make_unique<WatchedApplication>(std::move(application), watcher->progress_, watcher->rows_);
 }

@@ -90,9 +90,8 @@ template <class Record>
 void RecordList<Record>::AddBlock() {
   blocks_.push_back(nullptr);
   try {
-    blocks_.back() =
-        static_cast<Record*>(blocks_.size() == 1 ? ::operator new(kFirstBlockSize)
-                                                 : qv::AcquireLargeBlock(kBlockSize, qv::Pages::Large));
+    blocks_.back() = static_cast<Record*>(blocks_.size() == 1 ? ::operator new(kFirstBlockSize)
+                                                              : qv::AcquireLargeBlock(kBlockSize));
     if (blocks_.back() == nullptr) throw std::bad_alloc();
   } catch (...) {
     blocks_.pop_back();

@@ -7,7 +7,7 @@ namespace qv {
 
 namespace {
 
-void* Acquire() noexcept { return AcquireLargeBlock(kBlockSize, Pages::Large); }
+void* Acquire() noexcept { return AcquireLargeBlock(kBlockSize); }
 void Release(void* block) noexcept { ReleaseLargeBlock(block, kBlockSize); }
 
 constexpr BlockSource kLargeBlocks{Acquire, Release};

@@ -5,16 +5,16 @@
 namespace qv {
 namespace {
 
-SpreadsheetStarter currentStarter = nullptr;
+SpreadsheetStarter currentStarter = StartPlatformSpreadsheet;
 
 }  // namespace
 
 std::unique_ptr<SpreadsheetApplication> StartSpreadsheet(std::string& reason) {
-  return currentStarter != nullptr ? currentStarter(reason) : StartPlatformSpreadsheet(reason);
+  return currentStarter(reason);
 }
 
 SpreadsheetStarter SetSpreadsheetStarter(SpreadsheetStarter starter) {
-  return std::exchange(currentStarter, starter);
+  return std::exchange(currentStarter, starter != nullptr ? starter : StartPlatformSpreadsheet);
 }
 
 }  // namespace qv

@@ -20,8 +20,9 @@ std::string OwnFolder() {
 }  // namespace
 
 std::string FindComponent(const std::string& fileName) {
+  const std::string own = OwnFolder();
   for (const char* folder : {"", "qvassembly/", "../qvassembly/", QV_COMPONENT_FOLDER "/"}) {
-    std::string path = OwnFolder() + folder + fileName;
+    std::string path = own + folder + fileName;
     if (access(path.c_str(), R_OK) == 0) return path;
   }
   return {};

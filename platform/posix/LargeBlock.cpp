@@ -33,7 +33,7 @@ char* MapAndTrim(std::size_t size) {
 
 }  // namespace
 
-void* AcquireLargeBlock(std::size_t size, Pages pages) noexcept {
+void* AcquireLargeBlock(std::size_t size) noexcept {
   // Systems place mappings side by side, so that after an aligned one the next is aligned as well.
   char* block = Map(size);
   if (block != nullptr && !IsAligned(block, size)) {
@@ -41,9 +41,7 @@ void* AcquireLargeBlock(std::size_t size, Pages pages) noexcept {
     block = MapAndTrim(size);
   }
 #ifdef MADV_HUGEPAGE
-  if (block != nullptr && pages == Pages::Large) madvise(block, size, MADV_HUGEPAGE);
-#else
-  (void)pages;
+  if (block != nullptr) madvise(block, size, MADV_HUGEPAGE);
 #endif
   return block;
 }

@@ -27,7 +27,7 @@ void* FindRoom(std::size_t size) {
 }  // namespace
 
 // Large pages are for privileged users here.
-void* AcquireLargeBlock(std::size_t size, Pages) noexcept {
+void* AcquireLargeBlock(std::size_t size) noexcept {
   void* block = Commit(nullptr, size);
   if (block == nullptr || IsAligned(block, size)) return block;
   VirtualFree(block, 0, MEM_RELEASE);

@@ -14,8 +14,7 @@ TEST(LargeBlockTest, BlocksAreAlignedZeroedAndApart) {
   for (const std::size_t size : {std::size_t{64} << 10, std::size_t{2} << 20, std::size_t{8} << 20}) {
     std::vector<unsigned char*> blocks;
     for (int round = 0; round < 12; ++round) {
-      auto* block = static_cast<unsigned char*>(
-          qv::AcquireLargeBlock(size, round % 2 == 0 ? qv::Pages::Large : qv::Pages::Usual));
+      auto* block = static_cast<unsigned char*>(qv::AcquireLargeBlock(size));
       ASSERT_NE(block, nullptr);
       EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block) % size, 0u);
       EXPECT_TRUE(std::all_of(block, block + size, [](unsigned char byte) { return byte == 0; }));
@@ -39,7 +38,7 @@ TEST(LargeBlockTest, BlocksAreAlignedZeroedAndApart) {
 
 TEST(LargeBlockTest, MoreThanThereIsGivesNull) {
   constexpr std::size_t kTooMuch = std::size_t{1} << (std::numeric_limits<std::size_t>::digits - 2);
-  EXPECT_EQ(qv::AcquireLargeBlock(kTooMuch, qv::Pages::Large), nullptr);
+  EXPECT_EQ(qv::AcquireLargeBlock(kTooMuch), nullptr);
 }
 
 }  // namespace
