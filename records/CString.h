@@ -6,6 +6,7 @@
 #include QVASSEMBLY_FRAMEWORK_STRING_HEADER
 #else
 
+#include <QVAssemblyFile/CopyShort.h>
 #include <QVAssemblyFile/Export.h>
 
 #include <compare>
@@ -48,7 +49,13 @@ class QVASSEMBLY_API CString {
     return *this;
   }
   CString& operator=(const char* text) { return *this = CString(text); }
-  CString& operator=(std::string_view text) { return *this = CString(text); }
+  CString& operator=(std::string_view text) {
+    if (IsLong() || text.size() > kShortCapacity) return *this = CString(text);
+    // It may be a part of ours: CopyShort() has read a text of this size before it writes.
+    qv::CopyShort(bytes_, text.data(), text.size());
+    SetShortLength(text.size());
+    return *this;
+  }
 
   int GetLength() const noexcept { return static_cast<int>(Length()); }
   bool IsEmpty() const noexcept { return Length() == 0; }

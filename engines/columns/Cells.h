@@ -69,7 +69,7 @@ bool StoreText(FixedText<Capacity>& field, std::string_view text) {
   return field.Assign(text);
 }
 inline bool StoreText(CString& field, std::string_view text) {
-  field = CString(UpToNul(text));
+  field = UpToNul(text);
   return true;
 }
 
