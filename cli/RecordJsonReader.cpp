@@ -58,6 +58,12 @@ class RecordsBuilder final : public nlohmann::json_sax<Json> {
   bool IsWhole() const { return isWhole_; }
 
   bool null() override {
+    // What an import prints for a number that JSON cannot write, such as infinity.
+    if (IsInRecord() && (Field().type == FieldType::Float || Field().type == FieldType::Double)) {
+      warn_({source_.Line(), std::string(Field().stem), "json-no-value", "null",
+             Place() + ": there is no number; the record keeps its default"});
+      return true;
+    }
     return Value("null", [](auto&) { return std::nullopt; });
   }
   bool boolean(bool flag) override {

@@ -73,7 +73,8 @@ void FieldSplitter::Split(std::string_view line, FieldViews& out) {
 
 const char* FieldSplitter::SplitRow(const char* begin, FieldViews& out) {
   scratch_.clear();
-  out.openQualifier = false;
+  out.openQualifier = out.droppedQuote = false;
+  out.oddQuote = {};
   const char* lineEnd = nullptr;
   switch (rule_) {
     case Rule::Qualified:
@@ -93,7 +94,10 @@ const char* FieldSplitter::SplitRow(const char* begin, FieldViews& out) {
 /// Where the fields go. Its address stays with the walk, so that the compiler can keep it in registers.
 class FieldSplitter::Output {
  public:
-  Output(FieldViews& row, std::size_t keep) : row_(row), keep_(keep) { Continue(0); }
+  Output(const FieldSplitter& splitter, FieldViews& row)
+      : row_(row), keep_(splitter.keep_), quotesAreText_(splitter.ClassOf('"') == kOrdinary) {
+    Continue(0);
+  }
 
   void Emit(std::string_view field) {
     if (next_ == limit_) {
@@ -109,13 +113,25 @@ class FieldSplitter::Output {
   }
 
   void EmitUnlessQuote(std::string_view field) {
-    if (field != kQuote) Emit(field);
+    if (field == kQuote)
+      row_.droppedQuote = true;
+    else
+      Emit(field);
   }
 
   /// Emits the field without the blanks and quotes around it, unless a lone quote is left.
   void EmitTrimmed(std::string_view field) {
     if (!field.empty() && !CanBeTrimmed(field.front()) && !CanBeTrimmed(field.back())) return Emit(field);
-    EmitUnlessQuote(TrimField(field));
+    EmitUnlessQuote(Trim(field));
+  }
+
+  /// As TrimField(). Where double quotes are text like any other, one that goes without a partner is noted.
+  std::string_view Trim(std::string_view field) {
+    const std::string_view trimmed = TrimField(field);
+    if (trimmed.size() != field.size() && quotesAreText_ && row_.oddQuote.empty() &&
+        LosesOneQuote(field, trimmed))
+      row_.oddQuote = field;
+    return trimmed;
   }
 
   void Finish() {
@@ -124,6 +140,12 @@ class FieldSplitter::Output {
   }
 
  private:
+  static bool LosesOneQuote(std::string_view field, std::string_view trimmed) {
+    const auto lost = [](std::string_view end) { return end.find('"') != std::string_view::npos; };
+    const auto begin = static_cast<std::size_t>(trimmed.data() - field.data());
+    return lost(field.substr(0, begin)) != lost(field.substr(begin + trimmed.size()));
+  }
+
   static void MakeRoom(FieldViews& row, std::size_t keep) {
     row.storage.resize(std::min(keep, std::max<std::size_t>(64, 2 * row.storage.size())));
   }
@@ -135,6 +157,7 @@ class FieldSplitter::Output {
 
   FieldViews& row_;
   const std::size_t keep_;
+  const bool quotesAreText_;
   std::string_view* next_;
   std::string_view* limit_;
   std::size_t dropped_ = 0;
@@ -158,7 +181,7 @@ bool FieldSplitter::DropsLast(const char* begin, const char* end, std::string_vi
 
 const char* FieldSplitter::WalkUnqualified(const char* begin, FieldViews& row) {
   MarkFinder::Cursor marks(marks_);
-  Output out(row, keep_);
+  Output out(*this, row);
   const char* field = begin;
   const char* mark = marks.Next();
   for (; ClassAt(mark) != kLineFeed; mark = marks.Next()) {
@@ -170,7 +193,7 @@ const char* FieldSplitter::WalkUnqualified(const char* begin, FieldViews& row) {
   }
   const char* const end = TextEnd(field, mark);
   row.droppedEmptyLast = DropsLast(begin, end, {field, end});
-  if (const auto last = TrimField({field, end}); !last.empty()) out.Emit(last);
+  if (const auto last = out.Trim({field, end}); !last.empty()) out.Emit(last);
   out.Finish();
   return mark;
 }
@@ -179,7 +202,7 @@ const char* FieldSplitter::WalkUnqualified(const char* begin, FieldViews& row) {
 // doubling is no escape here. It takes the character after it along.
 const char* FieldSplitter::WalkQualified(const char* begin, FieldViews& row) {
   MarkFinder::Cursor marks(marks_);
-  Output out(row, keep_);
+  Output out(*this, row);
   std::string_view field;
   const char* run = begin;  // what belongs to the field but has not been added
   bool inside = false;
@@ -213,14 +236,14 @@ const char* FieldSplitter::WalkQualified(const char* begin, FieldViews& row) {
   const char* const end = TextEnd(run, mark);
   field = Joined(field, run, end);
   row.droppedEmptyLast = DropsLast(begin, end, field);
-  if (const auto last = TrimField(field); !last.empty()) out.EmitUnlessQuote(last);
+  if (const auto last = out.Trim(field); !last.empty()) out.EmitUnlessQuote(last);
   out.Finish();
   return mark;
 }
 
 const char* FieldSplitter::WalkCsv(const char* begin, FieldViews& row) {
   MarkFinder::Cursor marks(marks_);
-  Output out(row, keep_);
+  Output out(*this, row);
   std::string_view field;         // of the last field, what stands before its quote
   const char* run = begin;        // what belongs to the field but has not been added
   const char* closing = nullptr;  // the last quote in a quoted field

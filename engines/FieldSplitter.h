@@ -22,6 +22,9 @@ struct FieldViews {
   std::size_t total = 0;                     ///< how many the line has
   bool openQualifier = false;                ///< a qualified field was not closed
   bool droppedEmptyLast = false;             ///< an empty field at the end was dropped
+  bool droppedQuote = false;  ///< a field was dropped, as nothing but a double quote was left of it
+  std::string_view
+      oddQuote{};  ///< the first field that lost a double quote at one end only; empty without one
 
   std::vector<std::string_view> storage;  ///< what `fields` shows a part of
 

@@ -14,7 +14,8 @@ struct CellRemark {
 constexpr std::array kCellRemarks = {
     CellRemark{Remark::NotANumber, DiagnosticCode::NotANumber, "is not a number"},
     CellRemark{Remark::TrailingText, DiagnosticCode::TrailingText, "has text after the number"},
-    CellRemark{Remark::NumberOutOfRange, DiagnosticCode::NumberOutOfRange, "is too large a number"},
+    CellRemark{Remark::NumberOutOfRange, DiagnosticCode::NumberOutOfRange,
+               "is a number that the field cannot hold"},
     CellRemark{Remark::EmptyValue, DiagnosticCode::EmptyValue, "the cell is empty"},
     CellRemark{Remark::UnknownWord, DiagnosticCode::UnknownWord, "is none of the words for this column"},
     CellRemark{Remark::TextCut, DiagnosticCode::TextCut, "is longer than the field"},
@@ -22,11 +23,19 @@ constexpr std::array kCellRemarks = {
 
 constexpr std::size_t kLongestQuote = 60;
 
+// Not inside a character of UTF-8, which has at most three bytes like 10xxxxxx behind its first.
+std::size_t QuoteEnd(std::string_view text) {
+  if (text.size() <= kLongestQuote) return text.size();
+  std::size_t end = kLongestQuote;
+  while (end > kLongestQuote - 3 && (text[end] & 0xC0) == 0x80) --end;
+  return end;
+}
+
 }  // namespace
 
 std::string Quoted(std::string_view text) {
   std::string quoted = "\"";
-  quoted += text.substr(0, kLongestQuote);
+  quoted += text.substr(0, QuoteEnd(text));
   if (text.size() > kLongestQuote) quoted += "...";
   quoted += '"';
   return quoted;

@@ -1,5 +1,6 @@
 #include "engines/LineReader.h"
 
+#include <array>
 #include <cstring>
 
 namespace qv {
@@ -9,7 +10,8 @@ constexpr std::size_t kBlockSize = std::size_t{1} << 18;
 
 }  // namespace
 
-LineReader::LineReader(OpenFile& file) : file_(file), block_(kBlockSize) {}
+LineReader::LineReader(OpenFile& file, int endOfText)
+    : file_(file), endOfText_(endOfText), block_(kBlockSize) {}
 
 bool LineReader::Next(std::string_view& line) {
   if (begin_ == whole_ && !FillToLineEnd()) return false;
@@ -57,15 +59,26 @@ std::string_view LineReader::Fill() {
   atEnd_ = count <= 0;
   if (atEnd_) return {};
   std::string_view fresh(block_.data() + end_, static_cast<std::size_t>(count));
-  if (kEndOfText >= 0)
-    if (const std::size_t mark = fresh.find(static_cast<char>(kEndOfText)); mark != std::string_view::npos) {
-      // Old programs fill the file up with that byte.
-      cutOff_ = fresh.find_first_not_of(static_cast<char>(kEndOfText), mark) != std::string_view::npos;
+  if (endOfText_ >= 0)
+    if (const auto mark = fresh.find(static_cast<char>(endOfText_)); mark != std::string_view::npos) {
+      cutOff_ = GoesOn(fresh.substr(mark));
       fresh = fresh.substr(0, mark);
       atEnd_ = true;
     }
   end_ += fresh.size();
   return fresh;
+}
+
+// Whether there is more than the byte that ends a text: old programs fill their files up with it.
+bool LineReader::GoesOn(std::string_view rest) {
+  std::array<char, 4096> more;
+  while (rest.find_first_not_of(static_cast<char>(endOfText_)) == std::string_view::npos) {
+    const std::ptrdiff_t count = file_.Read(more.data(), more.size());
+    failed_ = count < 0;
+    if (count <= 0) return false;
+    rest = {more.data(), static_cast<std::size_t>(count)};
+  }
+  return true;
 }
 
 }  // namespace qv

@@ -12,7 +12,8 @@ namespace qv {
 /// platform; a CR anywhere else is a character. The last line needs no line end.
 class LineReader {
  public:
-  explicit LineReader(OpenFile& file);
+  /// `endOfText` is the byte that ends a text where it stands, or negative for none.
+  explicit LineReader(OpenFile& file, int endOfText = kEndOfText);
 
   /// The next line without its line end, valid until the next call; false at the end of the file or on
   /// failure.
@@ -28,14 +29,16 @@ class LineReader {
   /// True when reading stopped because the system reported an error.
   bool HasFailed() const { return failed_; }
 
-  /// True when reading stopped at the byte that ends a text on this platform, with text behind it.
+  /// True when reading stopped at the byte that ends a text with text behind it.
   bool WasCutOff() const { return cutOff_; }
 
  private:
   bool FillToLineEnd();
   std::string_view Fill();
+  bool GoesOn(std::string_view rest);
 
   OpenFile& file_;
+  const int endOfText_;
   std::vector<char> block_;
   std::size_t begin_ = 0;  // of what has not been handed out
   std::size_t whole_ = 0;  // the end of the last whole line

@@ -53,6 +53,10 @@ bool ImportRows(CTxtAssembly& engine, const char* path) {
   if (ReadHeader(engine, rows, remarks)) {
     if (readsRows) ReadRows<Record>(engine, rows, report, remarks);
     engine.ReadHeaderOnly = false;
+  } else if (readsRows && !lines.HasFailed() && rows.LineNumber() > 0) {
+    report.Tell(DiagnosticCode::NoHeaderRow, rows.LineNumber(), {}, {}, {},
+                "the file ends before line " + std::to_string(engine.StartLine) +
+                    ", which is to be the header row; nothing is read");
   }
   if (readsRows && lines.WasCutOff())
     report.Tell(DiagnosticCode::EndOfText, rows.LineNumber(), {}, {}, {},

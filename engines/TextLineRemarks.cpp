@@ -28,6 +28,12 @@ void TextLineRemarks::Tell(std::int64_t number, const FieldViews& row) const {
   if (row.openQualifier)
     report_.Tell(DiagnosticCode::OpenQualifier, number, {}, line, {},
                  "a text qualifier is still open at the end of the line; it took the delimiters after it");
+  if (row.droppedQuote)
+    report_.Tell(DiagnosticCode::StrayQuote, number, {}, line, {},
+                 "a field that is nothing but a double quote is dropped; the cells behind it move up");
+  if (!row.oddQuote.empty())
+    report_.Tell(DiagnosticCode::StrayQuote, number, {}, row.oddQuote, {},
+                 Quoted(row.oddQuote) + " loses its double quote, which has no partner there");
 }
 
 }  // namespace qv

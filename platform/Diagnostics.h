@@ -20,6 +20,7 @@ enum class DiagnosticCode {
   InvalidPosition,       ///< the Order text of a format's item is no column position
   RowLeftOut,            ///< a row gave no record
   RowTooShort,           ///< a row has fewer fields than the format has columns
+  NoHeaderRow,           ///< the file ends before the line of the header row
   NoColumns,             ///< the format has no columns for this kind of record
   RowTooLong,            ///< a row has more fields than the format has columns; the surplus was ignored
   NotANumber,            ///< no digits; stored as 0
@@ -29,6 +30,7 @@ enum class DiagnosticCode {
   UnknownWord,    ///< a word that is none of the field's choices
   TextCut,        ///< a text longer than the field
   OpenQualifier,  ///< a text qualifier was still open at the end of the line
+  StrayQuote,     ///< a double quote that encloses nothing was taken away, alone or with its field
   ByteOrderMark,  ///< the file starts with a byte-order mark, which became part of the first field
   NulByte,        ///< a line holds NUL bytes
   FormulaLike,    ///< a written cell that a spreadsheet would run as a formula

@@ -10,7 +10,7 @@
 #include <QVAssemblyFile/FixedText.h>
 
 #include <algorithm>
-#include <limits>
+#include <cmath>
 #include <string>
 #include <type_traits>
 
@@ -113,7 +113,8 @@ template <auto Field>
   using Value = ValueOf<Field>;
   Parsed<double> parsed = ParseReal(text);
   const auto value = static_cast<Value>(parsed.value);
-  if (parsed.value <= std::numeric_limits<double>::max() && value > std::numeric_limits<Value>::max())
+  const bool vanished = value == 0 && parsed.value != 0;
+  if (vanished || (std::isfinite(parsed.value) && !std::isfinite(value)))
     parsed.remark = Remark::NumberOutOfRange;
   if (stored != nullptr) AppendReal(*stored, value);
   return StoreValue<Field>(record, value, parsed.remark);

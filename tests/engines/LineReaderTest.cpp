@@ -32,6 +32,20 @@ TEST(LineReader, NeedsNoLineEndAndMakesNoEmptyLastLine) {
   EXPECT_TRUE(LinesOf(empty).empty());
 }
 
+// Old programs fill the last block of a file up with the byte that ends a text.
+TEST(LineReader, TellsTextBehindTheEndByteFromFilling) {
+  for (const std::size_t step : {1u, 2u, 3u, 100u})
+    for (const bool goesOn : {false, true}) {
+      Trickle file(std::string("a\nb") + std::string(5, '\x1a') + (goesOn ? "c\n" : ""), step);
+      qv::LineReader reader(file, 0x1A);
+      std::string_view line;
+      ASSERT_TRUE(reader.Next(line) && reader.Next(line));
+      EXPECT_EQ(line, "b");
+      EXPECT_FALSE(reader.Next(line));
+      EXPECT_EQ(reader.WasCutOff(), goesOn) << "read " << step << " bytes at a time";
+    }
+}
+
 TEST(LineReader, GrowsForALongLine) {
   const std::string longLine(3'000'000, 'x');
   Trickle file("a\n" + longLine + "\nb\n", 100'000);
