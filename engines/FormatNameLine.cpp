@@ -20,7 +20,8 @@ std::unique_ptr<OpenFile> OpenToRead(const char* path, const FileReport& report)
 
 /// Copies the lines, a stored name aside; false when not all of them could be read.
 bool CopyLines(OpenFile& source, TextFileWriter& target) {
-  LineReader lines(source);
+  constexpr int kNoEndOfText = -1;  // what stands behind such a byte is not to be lost
+  LineReader lines(source, kNoEndOfText);
   std::string_view line;
   while (lines.Next(line)) {
     if (lines.LineNumber() == 1 && IsFormatNameLine(line)) continue;

@@ -95,10 +95,15 @@ class RowWriter final : public RecordSink<Record> {
       const std::size_t start = out.Size();
       const bool isEmpty = row != 0 && cell.column->count == nullptr;
       const bool isWhole = isEmpty || cell.column->write(record, row, out);
-      if (remarks_.AreWanted()) remarks_.Tell(line_, *cell.keyword, out.View().substr(start), isWhole);
+      if (remarks_.AreWanted()) TellOfCell(*cell.keyword, out.View().substr(start), isWhole);
       out += cell.end;
     }
     EndLine();
+  }
+
+  void TellOfCell(const std::string& keyword, std::string_view text, bool isWhole) {
+    remarks_.Tell(line_, keyword, text, isWhole);
+    line_ += std::count(text.begin(), text.end(), '\n');
   }
 
   void EndLine() {

@@ -4,6 +4,7 @@
 #include "platform/ReplacingFile.h"
 
 #include <string>
+#include <string_view>
 
 namespace qv {
 
@@ -21,7 +22,7 @@ class TextFileWriter {
   TextBuffer& Pending() { return pending_; }
 
   void EndLine() {
-    pending_ += kLineEnd;
+    pending_ += '\n';
     if (pending_.Size() >= kBlockSize) WritePending();
   }
 
@@ -37,14 +38,24 @@ class TextFileWriter {
   static constexpr std::size_t kBlockSize = std::size_t{1} << 18;
 
   void WritePending() {
-    if (open_ && !file_.Write(pending_.View())) whole_ = false;
+    if (open_ && !file_.Write(AsPlatformText(pending_.View()))) whole_ = false;
     pending_.Clear();
+  }
+
+  // A line feed in a cell becomes what it is in the platform's text files, as the one behind the line does.
+  std::string_view AsPlatformText(std::string_view text) {
+    if (kLineEnd == "\n") return text;
+    platformText_.clear();
+    for (std::size_t end; (end = text.find('\n')) != std::string_view::npos; text.remove_prefix(end + 1))
+      platformText_.append(text.substr(0, end)).append(kLineEnd);
+    return platformText_.append(text);
   }
 
   ReplacingFile file_;
   bool open_;
   bool whole_ = true;
   TextBuffer pending_;
+  std::string platformText_;
 };
 
 }  // namespace qv

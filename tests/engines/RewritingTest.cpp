@@ -48,6 +48,25 @@ TEST(Reading, KeepsWhatCameBeforeAFailureAndTellsIt) {
   }
 }
 
+// As the platform's text files have it everywhere, so that no reader meets two kinds of line ends.
+TEST(Columns, ALineFeedInACellIsALineEnd) {
+  FakeFileSystem files;
+  DiagnosticLog log;
+  CCSVAssembly engine;
+  engine.Columns(RecordKind::Parts) = {"PartName"};
+  for (const char* name : {"a\nb\n", "=c"}) {
+    auto part = std::make_unique<PartInformation>();
+    part->SetPartName(name);
+    engine.StagedRecords.Of<PartInformation>().Begin() = *part;
+    engine.StagedRecords.Of<PartInformation>().Keep();
+  }
+  EXPECT_TRUE(engine.Export(kPath));
+  const std::string end(qv::kLineEnd);
+  EXPECT_EQ(files.Contents[kPath],
+            "\"PartName\"," + end + "\"a" + end + "b" + end + "\"" + end + "\"=c\"" + end);
+  EXPECT_EQ(log.Remarks.back().line, 5);
+}
+
 // Keywords that no format file can hold, for an XML tag ends at a blank and has no slash.
 TEST(Columns, KeywordsBeyondTheFormatFile) {
   FakeFileSystem files;

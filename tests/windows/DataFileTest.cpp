@@ -110,10 +110,10 @@ TEST_F(DataFileTest, TakesTextAsTextFilesHereHoldIt) {
   }
 }
 
-TEST_F(DataFileTest, RenamingCopiesTheTextUpToItsEnd) {
+TEST_F(DataFileTest, RenamingKeepsWhatStandsBehindTheTextsEnd) {
   const std::string path = folder_.Write("parts.txt", "[FMT_Name=Old]\nName;Quantity\r\na;1\n\x1A rest");
   manager_.SetCurrentFormatToFile("New", path.c_str());
-  EXPECT_EQ(TemporaryFolder::Read(path), "[FMT_Name=New]\r\nName;Quantity\r\na;1\r\n");
+  EXPECT_EQ(TemporaryFolder::Read(path), "[FMT_Name=New]\r\nName;Quantity\r\na;1\r\n\x1A rest\r\n");
 }
 
 // The longest path that programs here are used to.
