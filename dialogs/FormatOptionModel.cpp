@@ -46,9 +46,10 @@ std::string WithoutOuterBlanks(const std::string& text) {
   return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
-// XML has no way to hold most of them, and a combo box cannot show the others.
+// XML has no way to hold most of them, and no control shows the line ends. A tab is a delimiter like others.
 bool HasControlCharacter(const std::string& text) {
-  return std::any_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; });
+  return std::any_of(text.begin(), text.end(),
+                     [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t'; });
 }
 
 void DropUnwritableItems(FormatList& list) {
@@ -178,7 +179,7 @@ bool FormatOptionModel::CheckName(std::string& complaint) const {
   OptionForm other;
   if (form.Name.empty()) {
     complaint = "Please enter a format name.";
-  } else if (form.Name.size() > kLongestFormatName) {
+  } else if (form.Name != shown_.Name && form.Name.size() > kLongestFormatName) {
     complaint = "The format name is too long; it can have at most " + std::to_string(kLongestFormatName) +
                 " characters.";
   } else if (HasControlCharacter(form.Name) || HasControlCharacter(form.OtherDelimiters)) {
@@ -219,7 +220,7 @@ bool FormatOptionModel::Ok(std::string& complaint) {
     configuration_ = before;
     return false;
   }
-  // Only now, so that Setting.ini never names a format that the format file does not hold.
+  // Only now: a choice whose formats could not be saved is not kept either.
   WriteDefaultFormat(files_.settings,
                      default_.Confirmed(controls_.SetAsDefault, name, ReadDefaultFormat(files_.settings)));
   return true;

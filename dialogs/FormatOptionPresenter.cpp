@@ -95,7 +95,6 @@ void FormatOptionPresenter::RunOnModel(OptionCommand command) {
 
 void FormatOptionPresenter::ToggleHeaders() {
   areHeadersShown_ = !areHeadersShown_;
-  if (areHeadersShown_ && headers_.All().empty()) RefreshHeaders();
   view_->ShowHeaderWindow(areHeadersShown_);
 }
 

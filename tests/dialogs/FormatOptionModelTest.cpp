@@ -47,6 +47,12 @@ TEST(FormatOptionModelTest, NothingIsWrittenBeforeOk) {
   EXPECT_EQ(complaint, sentence);
   EXPECT_EQ(TemporaryFolder::Read(config), formats);
   EXPECT_EQ(folder.Names().size(), 1U);
+
+  model.TickOther(true);
+  model.Controls().OtherDelimiters = "\t|";
+  model.Controls().FormatName = "A";
+  EXPECT_TRUE(model.Ok(complaint)) << complaint;
+  EXPECT_EQ(FormatOptionModel({config, ""}).Open(""), "");
 }
 
 }  // namespace

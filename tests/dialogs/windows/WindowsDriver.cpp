@@ -11,6 +11,15 @@
 
 namespace {
 
+// The host's name, which its message boxes bear.
+std::wstring ProgramName() {
+  wchar_t path[MAX_PATH]{};
+  GetModuleFileNameW(nullptr, path, MAX_PATH);
+  std::wstring name = path;
+  name.erase(0, name.find_last_of(L'\\') + 1);
+  return name.substr(0, name.rfind(L'.'));
+}
+
 std::string WithoutMnemonic(std::wstring text) {
   text.erase(std::remove(text.begin(), text.end(), L'&'), text.end());
   return Utf8Of(text);
@@ -74,7 +83,7 @@ class WindowsDriver final : public DialogDriver {
   }
 
   std::string DismissMessage() override {
-    const auto box = [] { return FindDialogWindow(L"QVAssemblyFile"); };
+    const auto box = [] { return FindDialogWindow(ProgramName().c_str()); };
     EXPECT_TRUE(WaitUntil([&] { return box() != nullptr; }));
     const std::string text = Utf8Of(WindowText(GetDlgItem(box(), 0xFFFF)));
     PostMessageW(box(), WM_COMMAND, IDOK, 0);
