@@ -156,9 +156,7 @@ void AddAsOption(CLI::App& command, FormatsOptions& options) {
 }
 
 void AddWishOptions(CLI::App& command, FormatWishes& wishes) {
-  command.add_option("--start-line", wishes.startLine, "line of the header row (default: 2)")
-      ->check(CLI::PositiveNumber)
-      ->type_name("N");
+  command.add_option("--start-line", wishes.startLine, "line of the header row (default: 2)")->type_name("N");
   command
       .add_option("--delimiters", wishes.delimiters,
                   "some of Tab,Semicolon,Comma,Space,Other (default: Tab,Comma)")

@@ -8,16 +8,17 @@
 
 #include <array>
 #include <cstring>
+#include <optional>
 
 namespace {
 
 constexpr const char* kSection = "CsvXlsFormat";
 constexpr const char* kKey = "DefaultFormat";
 
-// The folder as the library gives it, which is expected to end with a separator.
-std::string FolderFromSettings() {
+// The folder as the library gives it, which is expected to end with a separator; none when it has no answer.
+std::optional<std::string> FolderFromSettings() {
   std::array<char, 4096> folder{};  // the library is not told the capacity
-  if (ConfigFile.GetValue("QVF_DEFAULT_SETUP_PATH", folder.data()) == 0) return {};
+  if (ConfigFile.GetValue("QVF_DEFAULT_SETUP_PATH", folder.data()) == 0) return std::nullopt;
   return std::string(folder.data(), ::strnlen(folder.data(), folder.size()));
 }
 
@@ -31,8 +32,8 @@ std::string FolderBesideProgram() {
 }  // namespace
 
 std::string SettingsFilePath() {
-  const std::string folder = FolderFromSettings();
-  return (folder.empty() ? FolderBesideProgram() : folder) + "Setting.ini";
+  const std::optional<std::string> folder = FolderFromSettings();
+  return (folder ? *folder : FolderBesideProgram()) + "Setting.ini";
 }
 
 std::string ReadDefaultFormat(const std::string& settingsFile) {

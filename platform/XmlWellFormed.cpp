@@ -70,7 +70,7 @@ class Scanner {
   bool SkipMarkup() {
     if (StartsWith("<!--")) return SkipComment();
     if (StartsWith("<![CDATA[")) return SkipCData();
-    if (StartsWith("<!DOCTYPE")) return SkipDocumentType();
+    if (StartsWith("<!DOCTYPE")) return Fail("a document type declaration is not allowed");
     if (StartsWith("<?")) return SkipInstruction();
     if (StartsWith("</")) return SkipEndTag();
     return SkipStartTag();
@@ -141,31 +141,6 @@ class Scanner {
       return value.starts_with("1.") && value.find_first_not_of("0123456789.") == std::string_view::npos;
     if (name == "standalone") return value == "yes" || value == "no";
     return IsXmlEncodingName(value);
-  }
-
-  bool SkipDocumentType() {
-    if (rootSeen_ || typeSeen_) return Fail("a document type declaration where none may stand");
-    typeSeen_ = true;
-    const std::size_t start = at_;
-    at_ += 9;
-    if (!SkipSpace() || TakeName().empty()) return Fail("a document type declaration without a name");
-    for (int depth = 0; !AtEnd();) {
-      const char c = text_[at_];
-      if (c == '>' && depth == 0) return ++at_, true;
-      if (!SkipDeclared()) return FailAt(start, "the document type declaration is not closed");
-      if (c == '[') ++depth;
-      if (c == ']') --depth;
-    }
-    return FailAt(start, "the document type declaration is not closed");
-  }
-
-  // One unit of a document type declaration: a quoted text, a comment or an instruction counts as one.
-  bool SkipDeclared() {
-    const char c = text_[at_];
-    if (StartsWith("<!--")) return SkipComment();
-    if (StartsWith("<?")) return SkipPast("?>", "");
-    ++at_;
-    return (c != '"' && c != '\'') || SkipPast(std::string_view(&c, 1), "");
   }
 
   bool SkipStartTag() {
@@ -240,7 +215,7 @@ class Scanner {
     for (const std::string_view known : kEntities) {
       if (name == known) return true;
     }
-    return Fail("the entity " + Quoted(name) + " is not known; document type declarations are not read");
+    return Fail("the entity " + Quoted(name) + " is not known");
   }
 
   static bool IsCharacterNumber(std::string_view digits) {
@@ -270,7 +245,6 @@ class Scanner {
   std::vector<std::string_view> open_;
   std::unordered_set<std::string_view> attributes_;
   bool rootSeen_ = false;
-  bool typeSeen_ = false;
 };
 
 }  // namespace

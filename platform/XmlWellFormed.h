@@ -13,8 +13,8 @@ struct XmlFault {
 };
 
 /// Finds the first fault of a document in well-formed UTF-8, its byte-order mark taken off. A document type
-/// declaration is skipped unread, so that nothing it declares can be expanded or fetched; a reference to any
-/// entity but the five built-in ones is a fault, for its text would be lost without a word.
+/// declaration is a fault, so that nothing it declares can be expanded or fetched, and so is a reference to
+/// any entity but the five built-in ones, whose text would be lost without a word.
 XmlFault FindXmlFault(std::string_view text);
 
 }  // namespace qv

@@ -8,6 +8,7 @@ namespace qv {
 namespace {
 
 constexpr std::string_view kSpaces = " \t\r\n";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";  // which a reader skips
 
 std::string_view Trim(std::string_view text) {
   const std::size_t first = text.find_first_not_of(kSpaces);
@@ -43,7 +44,8 @@ Place FindKey(std::string_view text, std::string_view section, std::string_view 
   Place place;
   bool inside = false;
   bool inFirst = false;
-  for (std::size_t start = 0; start < text.size();) {
+  for (std::size_t start = text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
+       start < text.size();) {
     const std::size_t next = std::min(text.find('\n', start), text.size() - 1) + 1;
     const std::string_view whole = text.substr(start, next - start);
     const std::string_view line = Trim(whole);

@@ -218,7 +218,7 @@ class MsxmlDocument final : public XmlDocument {
     return document_->load(source.Get(), &loaded) == S_OK && loaded == VARIANT_TRUE;
   }
 
-  // Documents of this class refuse one by default; not every version does.
+  // Refused everywhere. Documents of this class do so by default, but not in every version.
   bool HasDocumentType() const {
     ComPtr<IXMLDOMDocumentType> type;
     return document_->get_doctype(type.Receive()) == S_OK && type;

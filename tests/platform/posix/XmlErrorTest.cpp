@@ -27,26 +27,6 @@ TEST(XmlErrorTest, NamesTheLineTheColumnAndTheCause) {
   EXPECT_GT(told, 15);
 }
 
-TEST(XmlErrorTest, SkipsADocumentTypeUnread) {
-  const char* const types[] = {
-      "<!DOCTYPE a>",
-      "<!DOCTYPE a SYSTEM \"http://nowhere.invalid/a.dtd\">",
-      "<!DOCTYPE a PUBLIC '-//x' 'b>c'>",
-      "<!DOCTYPE a [<!ELEMENT a ANY><!ATTLIST a b CDATA 'default'>]>",
-      "<!DOCTYPE a [<!ENTITY e '>]>'><!-- ]> ' --><?pi ]> \" ?>] >",
-  };
-  FakeFileSystem files;
-  for (const char* type : types) {
-    SCOPED_TRACE(type);
-    files.Contents["a.xml"] = std::string("<?xml version='1.0'?>\n") + type + "<!-- c --><a>x</a>";
-    XmlError error;
-    const auto document = XmlDocument::Create();
-    ASSERT_TRUE(document->Load("a.xml", error)) << error.reason;
-    EXPECT_EQ(document->Root()->Attribute("b"), "");
-    EXPECT_EQ(document->Root()->Children().size(), 1U);
-  }
-}
-
 TEST(XmlErrorTest, ReadsInPiecesAndTellsAFailureOnTheWay) {
   FakeFileSystem files;
   files.LargestRead = 3;
