@@ -1,3 +1,4 @@
+#include "engines/FileReport.h"
 #include "engines/LineReader.h"
 
 #include "support/Trickle.h"
@@ -61,6 +62,20 @@ TEST(LineReader, KeepsWhatCameBeforeAFailure) {
   EXPECT_EQ(line, "b");
   EXPECT_FALSE(reader.Next(line));
   EXPECT_TRUE(reader.HasFailed());
+}
+
+// A person gets to see it, so it never ends inside a character of UTF-8.
+TEST(Quoted, CutsALongTextBehindACharacter) {
+  const auto quoted = [](std::size_t plain, const char* character) {
+    return qv::Quoted(std::string(plain, 'x') + character + "yyy");
+  };
+  const auto cut = [](std::size_t kept, const char* last = "") {
+    return '"' + std::string(kept, 'x') + last + "...\"";
+  };
+  EXPECT_EQ(quoted(60, ""), cut(60));
+  EXPECT_EQ(quoted(59, "\xC3\x9F"), cut(59));
+  EXPECT_EQ(quoted(58, "\xC3\x9F"), cut(58, "\xC3\x9F"));
+  EXPECT_EQ(quoted(57, "\xF0\x9F\x94\xA9"), cut(57));
 }
 
 }  // namespace
