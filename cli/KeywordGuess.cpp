@@ -1,55 +1,63 @@
 #include "cli/KeywordGuess.h"
 
 #include <algorithm>
-#include <numeric>
 
 namespace qv {
 namespace {
 
-/// Letters and digits alone, in lower case: "Part-Qty" and "part qty" are one.
+/// Letters and digits alone, in lower case: "Part-Qty" and "part qty" are one. What is not ASCII may be
+/// letters.
 std::string Plain(std::string_view text) {
   std::string plain;
   for (const char c : text) {
     const char lower = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    if ((lower >= 'a' && lower <= 'z') || (lower >= '0' && lower <= '9')) plain += lower;
+    if ((lower >= 'a' && lower <= 'z') || (lower >= '0' && lower <= '9') || (lower & 0x80) != 0)
+      plain += lower;
   }
   return plain;
 }
 
-/// The fewest letters to change, add or take away.
-std::size_t Distance(std::string_view left, std::string_view right) {
-  std::vector<std::size_t> row(right.size() + 1);
-  std::iota(row.begin(), row.end(), std::size_t{0});
-  for (std::size_t i = 0; i < left.size(); ++i) {
-    std::size_t diagonal = row[0]++;
-    for (std::size_t j = 0; j < right.size(); ++j) {
-      const std::size_t changed = diagonal + (left[i] != right[j]);
-      diagonal = row[j + 1];
-      row[j + 1] = std::min({changed, row[j] + 1, diagonal + 1});
-    }
-  }
-  return row.back();
+/// Whether one letter is too many or too few, two have changed places, or one of a long word is another.
+/// "Location" is no slip of "Rotation".
+bool IsSlip(std::string_view left, std::string_view right) {
+  if (left.size() > right.size()) std::swap(left, right);
+  std::size_t at = 0;
+  while (at < left.size() && left[at] == right[at]) ++at;
+  left.remove_prefix(at);
+  right.remove_prefix(at);
+  if (left.size() != right.size()) return left == right.substr(1);
+  if (left.size() < 2 || left.substr(1) == right.substr(1)) return at + left.size() > 7;
+  return left[0] == right[1] && left[1] == right[0] && left.substr(2) == right.substr(2);
+}
+
+/// What a record of the kind is: "part".
+std::string_view SubjectOf(const RecordType& type) {
+  const std::string_view word = type.name.substr(0, type.name.find('-'));
+  return word.substr(0, word.size() - word.ends_with('s'));
 }
 
 using Nearness = bool (*)(const std::string& wanted, const std::string& known);
 
-// From the surest to the least sure; the first that fits exactly one keyword decides.
+// From the surest to the least sure; the first that fits any keyword decides.
 constexpr Nearness kNearnesses[] = {
     [](const std::string& wanted, const std::string& known) { return wanted == known; },
     [](const std::string& wanted, const std::string& known) {
-      return wanted.size() > 3 && Distance(wanted, known) <= 1 + wanted.size() / 8;
+      return wanted.size() > 3 && IsSlip(wanted, known);
     },
     [](const std::string& wanted, const std::string& known) {
-      return wanted.size() > 2 && (known.ends_with(wanted) || known.starts_with(wanted));
+      return wanted.size() > 2 &&
+             (known.ends_with(wanted) || known.starts_with(wanted) || wanted.ends_with(known));
     },
 };
 
-std::vector<std::string_view> KeywordsOf(const RecordType& type) {
-  std::vector<std::string_view> keywords;
-  for (const RecordField& field : type.fields)
-    for (const std::string_view keyword : {field.keyword, field.keyword2})
-      if (!keyword.empty()) keywords.push_back(keyword);
-  return keywords;
+/// Whether a part of a keyword says enough: the beginning up to its middle, or all but for what the list is
+/// of.
+bool SaysEnough(const std::string& wanted, const std::string& known, std::string_view subject) {
+  const auto differBy = [&](std::string_view word) {
+    return wanted == std::string(word) + known || known == std::string(word) + wanted;
+  };
+  return (known.starts_with(wanted) && 2 * wanted.size() >= known.size()) || IsSlip(wanted, known) ||
+         differBy(subject) || (wanted.ends_with("thickness") && differBy("material"));
 }
 
 bool Knows(const RecordType& type, std::string_view keyword) {
@@ -57,6 +65,36 @@ bool Knows(const RecordType& type, std::string_view keyword) {
          std::any_of(type.fields.begin(), type.fields.end(), [&](const RecordField& field) {
            return field.type == FieldType::List && Knows(*field.elements, keyword);
          });
+}
+
+bool Reads(const RecordType& type, std::string_view keyword) {
+  const RecordField* const field = FindFieldOfColumn(type, keyword);
+  return field != nullptr && field->isRead;
+}
+
+/// Whether a format of these columns is one of another kind.
+bool BelongsElsewhere(const RecordType& type, const std::vector<std::string>& keywords) {
+  return std::any_of(RecordTypes().begin(), RecordTypes().end(), [&](const RecordType& kind) {
+    return &kind != &type && std::all_of(keywords.begin(), keywords.end(),
+                                         [&](const std::string& keyword) { return Knows(kind, keyword); });
+  });
+}
+
+/// The only keyword of the kind that is near to one that it does not know; empty when none or several are.
+std::string OnlyNear(const RecordType& type, std::string_view keyword) {
+  const std::string wanted = Plain(keyword);
+  if (wanted.empty() || Knows(type, keyword)) return {};
+  for (const Nearness isNear : kNearnesses) {
+    std::vector<std::string_view> near;
+    for (const RecordField& field : type.fields)
+      for (const std::string_view known : {field.keyword, field.keyword2})
+        if (!known.empty() && isNear(wanted, Plain(known))) near.push_back(known);
+    if (near.empty()) continue;
+    const std::string known = Plain(near.front());
+    const bool isSure = near.size() == 1 && (wanted == known || SaysEnough(wanted, known, SubjectOf(type)));
+    return isSure ? std::string(near.front()) : std::string();
+  }
+  return {};
 }
 
 }  // namespace
@@ -67,27 +105,33 @@ bool SameIgnoringCase(std::string_view left, std::string_view right) {
                     [&](char a, char b) { return lower(a) == lower(b); });
 }
 
-std::string GuessKeyword(const RecordType& type, std::string_view keyword) {
-  const std::string wanted = Plain(keyword);
-  if (Knows(type, keyword) || wanted.empty()) return {};
-  for (const Nearness isNear : kNearnesses) {
-    std::vector<std::string_view> near;
-    for (const std::string_view known : KeywordsOf(type))
-      if (isNear(wanted, Plain(known))) near.push_back(known);
-    if (near.size() == 1) return std::string(near.front());
-    if (!near.empty()) return {};
+std::vector<KeywordGuess> GuessKeywords(const RecordType& type, const std::vector<std::string>& keywords) {
+  if (BelongsElsewhere(type, keywords)) return {};
+  // Per keyword of the format, the field that it stands for or seems to stand for.
+  std::vector<const RecordField*> fields;
+  std::vector<KeywordGuess> guesses;
+  for (const std::string& keyword : keywords) {
+    const std::string meant = OnlyNear(type, keyword);
+    fields.push_back(FindFieldOfColumn(type, meant.empty() ? keyword : meant));
+    if (Reads(type, meant)) guesses.push_back({keyword, meant});
   }
-  return {};
+  std::erase_if(guesses, [&](const KeywordGuess& guess) {
+    return std::count(fields.begin(), fields.end(), FindFieldOfColumn(type, guess.meant)) > 1;
+  });
+  return guesses;
 }
 
 std::string_view GuessKind(const RecordType& type, const std::vector<std::string>& keywords) {
-  const auto knows = [](const RecordType& kind) {
-    return [&kind](const std::string& keyword) { return Knows(kind, keyword); };
-  };
-  if (keywords.empty() || std::any_of(keywords.begin(), keywords.end(), knows(type))) return {};
+  const auto isKnown = [&](const std::string& keyword) { return Knows(type, keyword); };
+  const auto isForeign = [&](const std::string& keyword) { return OnlyNear(type, keyword).empty(); };
+  if (std::any_of(keywords.begin(), keywords.end(), isKnown) ||
+      std::count_if(keywords.begin(), keywords.end(), isForeign) < 2)
+    return {};
+  std::vector<std::string_view> kinds;
   for (const RecordType& kind : RecordTypes())
-    if (std::all_of(keywords.begin(), keywords.end(), knows(kind))) return kind.name;
-  return {};
+    if (std::all_of(keywords.begin(), keywords.end(), [&](const auto& word) { return Reads(kind, word); }))
+      kinds.push_back(kind.name);
+  return kinds.size() == 1 ? kinds.front() : std::string_view();
 }
 
 }  // namespace qv

@@ -10,11 +10,17 @@ namespace qv {
 
 bool SameIgnoringCase(std::string_view left, std::string_view right);
 
-/// The keyword of the kind that was meant by one that it does not know; empty when it knows this one, or when
-/// none or several are near.
-std::string GuessKeyword(const RecordType& type, std::string_view keyword);
+struct KeywordGuess {
+  std::string keyword;  ///< of a format; the kind does not know it
+  std::string meant;    ///< the kind's
+};
 
-/// The name of the kind that knows all of the keywords, when `type` knows none of them; else empty.
+/// What a format means by those of its keywords that the kind does not know: keywords that an import reads
+/// and that the format does not have. What could mean two things is left out.
+std::vector<KeywordGuess> GuessKeywords(const RecordType& type, const std::vector<std::string>& keywords);
+
+/// The name of the only kind that an import reads all of the keywords for, when `type` knows none of them and
+/// several cannot be slips of its own; else empty.
 std::string_view GuessKind(const RecordType& type, const std::vector<std::string>& keywords);
 
 }  // namespace qv

@@ -51,7 +51,8 @@ struct Width {
 
 class Sample {
  public:
-  Sample(const std::vector<std::string_view>& rows, std::size_t columns) : rows_(rows), columns_(columns) {}
+  Sample(std::string_view header, const std::vector<std::string_view>& rows, std::size_t columns)
+      : header_(header), rows_(rows), columns_(columns) {}
 
   std::size_t Size() const { return rows_.size(); }
 
@@ -69,24 +70,25 @@ class Sample {
     return usual;
   }
 
-  /// Whether the layout fits every row and the other one fails most.
+  /// Whether the layout fits header and rows, and the other one fails most rows.
   bool IsFarBetter(const Layout& layout, const Layout& than) const {
-    return columns_ > 1 && Filled(layout) == Size() && 2 * Filled(than) <= Size();
+    return columns_ > 1 && Filled(layout) == Size() && 2 * Filled(than) <= Size() && SplitsHeader(layout);
   }
 
   /// Whether the layout makes a table of rows that the other one does not split at all.
   bool IsFirstToSplit(const Layout& layout, const Layout& than) const {
-    if (Size() < 3 || layout.delimiters == " ") return false;
+    if (columns_ == 1 || Size() < 3 || layout.delimiters == " ") return false;
     const Width before = UsualWidth(than);
     const Width after = UsualWidth(layout);
-    return before.fields == 1 && before.rows == Size() && after.fields > 1 && after.rows == Size();
+    return before.fields == 1 && before.rows == Size() && after.fields > 1 && after.rows == Size() &&
+           SplitsHeader(layout);
   }
 
   /// Whether each field of every row stands between two of the character.
   bool IsWrapped(const Layout& layout, char qualifier) const {
     return std::all_of(rows_.begin(), rows_.end(), [&](std::string_view row) {
       const auto fields = PlainFields(row, layout);
-      return std::all_of(fields.begin(), fields.end(), [&](const std::string& field) {
+      return !fields.empty() && std::all_of(fields.begin(), fields.end(), [&](const std::string& field) {
         return field.size() > 1 && field.front() == qualifier && field.back() == qualifier;
       });
     });
@@ -96,7 +98,19 @@ class Sample {
     return columns_ > 1 && Filled(layout) == Size() && Filled(than) < Size();
   }
 
+  /// How many fields the layout gives, in words that stand behind "there would be".
+  std::string WouldBe(const Layout& layout) const {
+    return std::to_string(Filled(layout) == Size() ? columns_ : UsualWidth(layout).fields);
+  }
+
  private:
+  /// A comma in every row may belong to texts; one that parts the header as well does not.
+  bool SplitsHeader(const Layout& layout) const {
+    return Fills(header_, layout, columns_) ||
+           PlainFields(header_, layout).size() == UsualWidth(layout).fields;
+  }
+
+  std::string_view header_;
   const std::vector<std::string_view>& rows_;
   std::size_t columns_;
 };
@@ -112,8 +126,8 @@ LayoutGuess GuessDelimiter(const Sample& sample, const Layout& now, bool isCsv) 
     if (now.delimiters.find(candidate.delimiter) != std::string::npos) continue;
     const Layout other{std::string(1, candidate.delimiter), now.qualifier, candidate.treatAsOne};
     if (!sample.IsFarBetter(other, now) && !sample.IsFirstToSplit(other, now)) continue;
-    std::string message = Found(sample, now) + "; with " + candidate.shown + " there would be " +
-                          std::to_string(sample.UsualWidth(other).fields);
+    std::string message =
+        Found(sample, now) + "; with " + candidate.shown + " there would be " + sample.WouldBe(other);
     message += isCsv ? ". A .csv file always has commas: name the file .txt and use a format with "
                      : ". Use a format with ";
     return {"suggest-delimiter", message + "the delimiter " + candidate.advice};
@@ -132,7 +146,7 @@ LayoutGuess GuessQualifier(const Sample& sample, const Layout& now) {
               std::string("every field stands between ") + name + ", which the format does not name"};
     if (sample.IsBetter(other, now))
       return {"suggest-qualifier", Found(sample, now) + "; with " + name + " in the format there would be " +
-                                       std::to_string(sample.UsualWidth(other).fields) + " in all"};
+                                       sample.WouldBe(other) + " in all"};
   }
   return {};
 }
@@ -145,7 +159,7 @@ LayoutGuess GuessTreatAsOne(const Sample& sample, const Layout& now) {
           Found(sample, now) + "; with consecutive delimiters counted " +
               (other.treatAsOne ? "as one (TreatAsOne=\"true\" in the format file)"
                                 : "one by one (TreatAsOne=\"0\" in the format file)") +
-              " there would be " + std::to_string(sample.UsualWidth(other).fields) + " in all"};
+              " there would be " + sample.WouldBe(other) + " in all"};
 }
 
 }  // namespace
@@ -184,16 +198,21 @@ std::vector<std::string> PlainFields(std::string_view line, const Layout& layout
 }
 
 bool Fills(std::string_view line, const Layout& layout, std::size_t columns) {
-  const std::size_t found = PlainFields(line, layout).size();
+  const auto fields = PlainFields(line, layout);
   const bool endsOpen = !line.empty() && layout.delimiters.find(line.back()) != std::string::npos;
-  return found == columns || (found + 1 == columns && endsOpen);
+  const auto last =
+      std::find_if(fields.rbegin(), fields.rend(), [](const auto& field) { return !field.empty(); });
+  return fields.size() + endsOpen >= columns && static_cast<std::size_t>(fields.rend() - last) <= columns;
 }
 
-LayoutGuess GuessLayout(const std::vector<std::string_view>& rows, const OptionForm& form, bool isCsv,
-                        std::size_t columns) {
-  if (rows.empty()) return {};
-  const Sample sample(rows, columns);
+LayoutGuess GuessLayout(std::string_view header, std::vector<std::string_view> rows, const OptionForm& form,
+                        bool isCsv, std::size_t columns) {
   const Layout now = LayoutOf(form, isCsv);
+  std::erase_if(rows, [&](std::string_view row) {
+    return row.find_first_not_of(now.delimiters + ' ') == row.npos;  // it says nothing
+  });
+  if (rows.empty()) return {};
+  const Sample sample(header, rows, columns);
   LayoutGuess guess = GuessDelimiter(sample, now, isCsv);
   if (guess.code.empty() && !isCsv) guess = GuessQualifier(sample, now);
   if (guess.code.empty() && !isCsv) guess = GuessTreatAsOne(sample, now);

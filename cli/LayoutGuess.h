@@ -23,7 +23,8 @@ Layout LayoutOf(const OptionForm& form, bool isCsv);
 /// the library's own splitting come to does not matter where a whole file is looked at.
 std::vector<std::string> PlainFields(std::string_view line, const Layout& layout);
 
-/// Whether the line gives every one of so many columns a field; an empty last one may be missing.
+/// Whether the line gives every one of so many columns a field; an empty last one may be missing, and empty
+/// ones may follow.
 bool Fills(std::string_view line, const Layout& layout, std::size_t columns);
 
 /// What is said of lines that another layout fits better than the format's.
@@ -32,8 +33,9 @@ struct LayoutGuess {
   std::string message;  ///< a sentence for a person
 };
 
-/// A layout that fits the rows where the format's does not, told only when the rows leave no doubt.
-LayoutGuess GuessLayout(const std::vector<std::string_view>& rows, const OptionForm& form, bool isCsv,
-                        std::size_t columns);
+/// A layout that fits the rows where the format's does not, told only when they and their header leave no
+/// doubt.
+LayoutGuess GuessLayout(std::string_view header, std::vector<std::string_view> rows, const OptionForm& form,
+                        bool isCsv, std::size_t columns);
 
 }  // namespace qv

@@ -96,6 +96,7 @@ constexpr RecordField Field(std::string_view stem, std::string_view keyword = {}
           kFillsBuffer ? kTextCapacity<Record> : 0,
           keyword,
           keyword2,
+          !keyword.empty(),
           [](void* record) -> FieldValue {
             Record& object = *static_cast<Record*>(record);
             if constexpr (kFillsBuffer) {
@@ -118,6 +119,12 @@ constexpr RecordField Field(std::string_view stem, std::string_view keyword = {}
           nullptr};
 }
 
+/// A field whose column an import passes over.
+constexpr RecordField OnlyWritten(RecordField field) {
+  field.isRead = false;
+  return field;
+}
+
 template <std::size_t Size>
 void StoreText(char (&field)[Size], const std::string& text) {
   const std::size_t length = std::min(text.size(), Size - 1);
@@ -138,6 +145,7 @@ constexpr RecordField Member(std::string_view stem, std::string_view keyword = {
           std::is_array_v<Value> ? sizeof(Value) - 1 : 0,
           keyword,
           keyword2,
+          !keyword.empty(),
           [](void* record) -> FieldValue { return ValueOf(static_cast<Record*>(record)->*Pointer); },
           [](void* record, const FieldValue& value) {
             auto& field = static_cast<Record*>(record)->*Pointer;
@@ -159,6 +167,7 @@ constexpr RecordField ListField(std::string_view stem) {
           0,
           {},
           {},
+          false,
           nullptr,
           nullptr,
           &ElementType,

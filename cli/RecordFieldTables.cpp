@@ -9,8 +9,10 @@
 #include <QVAssemblyFile/ShtInfo.h>
 #include <QVAssemblyFile/ToolInformation.h>
 
-// FIELD(stem, keyword...) is a field with a pair of accessors of its name, MEMBER(...) one that is public.
+// FIELD(stem, keyword...) is a field with a pair of accessors of its name, WRITTEN(...) one that no import
+// reads, MEMBER(...) one that is public.
 #define FIELD(stem, ...) Field<&Record::Get##stem, &Record::Set##stem>(#stem __VA_OPT__(, ) __VA_ARGS__)
+#define WRITTEN(...) OnlyWritten(FIELD(__VA_ARGS__))
 #define MEMBER(stem, ...) Member<&Record::stem>(#stem __VA_OPT__(, ) __VA_ARGS__)
 #define LIST(stem) ListField<stem, k##stem, &Record::Get##stem, &Record::Set##stem>(#stem)
 
@@ -124,7 +126,7 @@ std::span<const RecordField> MaterialFields() {
       FIELD(PierceType, "PierceType"),
       FIELD(PrePierceYesNo, "Pre-PierceYesNo"),
       FIELD(StandardPierceDataM103Ax, "StandardPierceDataM103Ax"),
-      FIELD(RecoveryDisM105XY, "RecoveryDisM105XY"),
+      WRITTEN(RecoveryDisM105XY, "RecoveryDisM105XY"),
       FIELD(LaserPierceCondition, "PierceCondition"),
       FIELD(DwellBeforePierce, "DwellBeforePierce"),
       FIELD(DwellBeforePierceValue, "DwellBeforePierceValue"),
@@ -203,8 +205,8 @@ std::span<const RecordField> MaterialFields() {
       FIELD(OutsideCutouts_IntervalX, "OutsideCutouts-IntervalX"),
       FIELD(OutsideCutouts_ExceedsY, "OutsideCutouts-ExceedsY ", "OutsideCutouts-ExceedsY"),
       FIELD(OutsideCutouts_IntervalY, "OutsideCutouts-IntervalY"),
-      FIELD(MJTool, "MJ-Tool"),
-      FIELD(PierceHoleTool, "PierceHoleTool"),
+      WRITTEN(MJTool, "MJ-Tool"),
+      WRITTEN(PierceHoleTool, "PierceHoleTool"),
   };
   return kFields;
 }
@@ -212,13 +214,20 @@ std::span<const RecordField> MaterialFields() {
 std::span<const RecordField> SheetFields() {
   using Record = ShtInfo;
   static constexpr RecordField kFields[] = {
-      FIELD(SheetName, "SheetName"),         FIELD(MaterialGroup, "MaterialGroup"),
-      FIELD(MaterialType, "MaterialType"),   FIELD(SheetSize, "SheetSize"),
-      FIELD(Thickness, "Thickness"),         FIELD(LaserMaterialName, "LaserMaterialName"),
-      FIELD(Comments, "Comments"),           FIELD(Programmer, "Programmer"),
-      FIELD(Customer, "Customer"),           FIELD(MachineFile, "MachineFile"),
-      FIELD(InventoryFile, "InventoryFile"), FIELD(MaterialFile, "MaterialFile"),
-      FIELD(ClampPosition, "ClampPosition"), FIELD(TotalRunTime, "TotalRunTime"),
+      WRITTEN(SheetName, "SheetName"),
+      FIELD(MaterialGroup, "MaterialGroup"),
+      FIELD(MaterialType, "MaterialType"),
+      FIELD(SheetSize, "SheetSize"),
+      FIELD(Thickness, "Thickness"),
+      FIELD(LaserMaterialName, "LaserMaterialName"),
+      FIELD(Comments, "Comments"),
+      FIELD(Programmer, "Programmer"),
+      FIELD(Customer, "Customer"),
+      FIELD(MachineFile, "MachineFile"),
+      FIELD(InventoryFile, "InventoryFile"),
+      FIELD(MaterialFile, "MaterialFile"),
+      WRITTEN(ClampPosition, "ClampPosition"),
+      WRITTEN(TotalRunTime, "TotalRunTime"),
   };
   return kFields;
 }
@@ -263,24 +272,24 @@ const RecordType kBendInfo = TypeOf<BendInfo>("BendInfo", BendInfoFields());
 std::span<const RecordField> PartProgramFields() {
   using Record = PrtInfo;
   static const RecordField kFields[] = {
-      FIELD(PartName, "PartName"),
+      WRITTEN(PartName, "PartName"),
       FIELD(Customer, "Customer"),
       FIELD(PartNumber, "PartNumber"),
-      FIELD(PartSizeX, "PartSizeX"),
-      FIELD(PartSizeY, "PartSizeY"),
+      WRITTEN(PartSizeX, "PartSizeX"),
+      WRITTEN(PartSizeY, "PartSizeY"),
       FIELD(ProgrammerName, "ProgrammerName"),
       FIELD(DefaultRotation, "DefaultRotation"),
       FIELD(Revision, "Revision"),
-      FIELD(EstimateTime, "PartEstimatedTime"),
+      WRITTEN(EstimateTime, "PartEstimatedTime"),
       FIELD(Comments, "Comments"),
-      FIELD(PartDefaultPosition, "PartDefaultPosition"),
-      FIELD(AverProcessTime, "AveProcTime"),
-      FIELD(GridSpacingH, "GridSpacingH"),
-      FIELD(GridSpacingV, "GridSpacingV"),
-      FIELD(MarginTop, "MarginT"),
-      FIELD(MarginBottom, "MarginB"),
-      FIELD(MarginLeft, "MarginL"),
-      FIELD(MarginRight, "MarginR"),
+      WRITTEN(PartDefaultPosition, "PartDefaultPosition"),
+      WRITTEN(AverProcessTime, "AveProcTime"),
+      WRITTEN(GridSpacingH, "GridSpacingH"),
+      WRITTEN(GridSpacingV, "GridSpacingV"),
+      WRITTEN(MarginTop, "MarginT"),
+      WRITTEN(MarginBottom, "MarginB"),
+      WRITTEN(MarginLeft, "MarginL"),
+      WRITTEN(MarginRight, "MarginR"),
       FIELD(Machine, "PrefMachine"),
       FIELD(ToolInventory, "PrefInventory"),
       FIELD(MaterialFile, "PrefMaterialFile"),
@@ -289,7 +298,7 @@ std::span<const RecordField> PartProgramFields() {
       FIELD(SheetSizeX, "SheetSizeX"),
       FIELD(SheetSizeY, "SheetSizeY"),
       FIELD(MaterialThickness, "MaterialThickness"),
-      FIELD(ClampPosition, "ClampPosition"),
+      WRITTEN(ClampPosition, "ClampPosition"),
       LIST(UsedToolInfo),
       LIST(HoleInfo),
       LIST(BendInfo),
@@ -327,10 +336,10 @@ std::span<const RecordField> MaterialLibraryFields() {
 std::span<const RecordField> JobProgressFields() {
   using Record = JobProgressInfo;
   static constexpr RecordField kFields[] = {
-      FIELD(JobName, "JobName"),           FIELD(JobProgress, "JobProgress"),
-      FIELD(StartTime, "StartTime"),       FIELD(EndTime, "EndTime"),
-      FIELD(TotalPartQty, "TotalPartQty"), FIELD(TotalDoneQty, "TotalDoneQty"),
-      FIELD(MatType, "MaterialType"),      FIELD(Thickness, "Thickness"),
+      WRITTEN(JobName, "JobName"),           WRITTEN(JobProgress, "JobProgress"),
+      WRITTEN(StartTime, "StartTime"),       WRITTEN(EndTime, "EndTime"),
+      WRITTEN(TotalPartQty, "TotalPartQty"), WRITTEN(TotalDoneQty, "TotalDoneQty"),
+      WRITTEN(MatType, "MaterialType"),      WRITTEN(Thickness, "Thickness"),
   };
   return kFields;
 }

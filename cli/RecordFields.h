@@ -45,6 +45,7 @@ struct RecordField {
   std::size_t capacity;       ///< the most bytes that a text keeps; 0: any number
   std::string_view keyword;   ///< of the column that carries the field; empty when none does
   std::string_view keyword2;  ///< another one; empty when there is none
+  bool isRead;                ///< an import reads the column; else it is only written, or there is none
 
   /// Of fields that are no lists. The value's alternative must fit the type.
   FieldValue (*get)(void* record);

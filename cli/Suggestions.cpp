@@ -18,6 +18,7 @@ constexpr std::size_t kSampleSize = std::size_t{1} << 18;
 constexpr std::size_t kSampleRows = 1000;
 constexpr std::size_t kHeaderSearch = 50;
 constexpr std::string_view kIgnore = "Ignore";
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // of bytes that do not decode
 
 std::string ReadStart(const Utf8Path& file) {
   std::string reason;
@@ -57,6 +58,8 @@ struct FileShape {
 
 using namespace std::string_view_literals;
 
+constexpr const char* kWebPage = "this looks like a web page or XML; save the list as text or CSV";
+
 constexpr FileShape kShapes[] = {
     {"\xFF\xFE\0\0"sv, "suggest-encoding",
      "the file is UTF-32; save it as UTF-8 or in the system's code page"},
@@ -74,11 +77,38 @@ constexpr FileShape kShapes[] = {
      "this is a workbook under the name of a text file; name it .xls, or save it as text or CSV"},
     {"%PDF"sv, "suggest-file-type",
      "this is a PDF document; save the list as text or CSV where it comes from"},
-    {"<"sv, "suggest-file-type", "this looks like a web page or XML; save the list as text or CSV"},
+    {"<?xml"sv, "suggest-file-type", kWebPage},
+    {"<!doctype"sv, "suggest-file-type", kWebPage},
+    {"<html"sv, "suggest-file-type", kWebPage},
+    {"<table"sv, "suggest-file-type", kWebPage},
     {"{\\rtf"sv, "suggest-file-type", "this is a text with layout (RTF); save it as plain text"},
     {"\xFF\xFE"sv, "suggest-encoding", "the file is UTF-16; save it as UTF-8 or in the system's code page"},
     {"\xFE\xFF"sv, "suggest-encoding", "the file is UTF-16; save it as UTF-8 or in the system's code page"},
 };
+
+/// As in UTF-16 without a mark; zeros that a disk left behind the text stand in a row.
+bool IsEverySecondByteNul(std::string_view bytes) {
+  std::size_t nuls[2] = {0, 0};
+  for (std::size_t at = 0; at < bytes.size(); ++at) nuls[at % 2] += bytes[at] == '\0';
+  const auto [fewer, more] = std::minmax(nuls[0], nuls[1]);
+  return bytes.size() > 3 && 3 * more > bytes.size() && 8 * fewer < more;
+}
+
+/// The usual encodings that all of the lines may be of, as a choice; the first that a file can hardly be of
+/// by accident stands alone.
+std::string EncodingsThatFit(const std::vector<std::string_view>& lines) {
+  std::string choice;
+  for (const char* name : {"utf-8", "windows-1252", "shift_jis"}) {
+    const bool fits = std::all_of(lines.begin(), lines.end(), [&](std::string_view line) {
+      const auto text = DecodeText(line, name);
+      return text && text->find(kReplacement) == text->npos;
+    });
+    if (!fits) continue;
+    choice.append(choice.empty() ? "" : " or ").append(name);
+    if (choice == "utf-8") break;
+  }
+  return choice;
+}
 
 class Survey {
  public:
@@ -132,10 +162,9 @@ void Survey::LookAtKeywords() {
             std::string(kind) + "?");
     return;
   }
-  for (const std::string& keyword : keywords)
-    if (const std::string meant = GuessKeyword(type_, keyword); !meant.empty())
-      Add(0, ToUtf8(keyword), "suggest-keyword", ToUtf8(keyword),
-          "column " + ToUtf8(keyword) + " is not a keyword; " + meant + "?");
+  for (const auto& [keyword, meant] : GuessKeywords(type_, keywords))
+    Add(0, ToUtf8(keyword), "suggest-keyword", ToUtf8(keyword),
+        "column " + ToUtf8(keyword) + " is not a keyword; " + meant + "?");
 }
 
 void Survey::LookAtFormat() {
@@ -164,9 +193,12 @@ void Survey::LookAtFile(std::int64_t rowCount) {
                       : "the file has no row below line " + std::to_string(header + 1) +
                             ", where the format expects the header row");
   if (header + 1 >= lines.size()) return;
-  std::vector<std::string_view> rows(lines.begin() + static_cast<std::ptrdiff_t>(header) + 1, lines.end());
-  std::erase_if(rows, [](std::string_view row) { return row.find_first_not_of(' ') == row.npos; });
-  const LayoutGuess guess = GuessLayout(rows, form_, IsCsv(file_), columns_.size());
+  const std::vector<std::string_view> rows(lines.begin() + static_cast<std::ptrdiff_t>(header) + 1,
+                                           lines.end());
+  const bool isDirective =
+      (header == 0 && !storedName_.empty()) || SameIgnoringCase(lines[header].substr(0, 4), "sep=");
+  const LayoutGuess guess =
+      GuessLayout(lines[header + isDirective], rows, form_, IsCsv(file_), columns_.size());
   if (!guess.code.empty())
     Add(0, "", guess.code, "", guess.message);
   else
@@ -176,9 +208,10 @@ void Survey::LookAtFile(std::int64_t rowCount) {
 bool Survey::IsOfAnotherShape(std::string_view bytes) {
   const std::size_t known = found_.size();
   for (const FileShape& shape : kShapes)
-    if (found_.size() == known && bytes.starts_with(shape.start)) Add(0, "", shape.code, "", shape.message);
+    if (found_.size() == known && SameIgnoringCase(bytes.substr(0, shape.start.size()), shape.start))
+      Add(0, "", shape.code, "", shape.message);
   const auto count = [&](char c) { return std::count(bytes.begin(), bytes.end(), c); };
-  if (found_.size() == known && bytes.size() > 3 && 3 * static_cast<std::size_t>(count('\0')) > bytes.size())
+  if (found_.size() == known && IsEverySecondByteNul(bytes))
     Add(0, "", "suggest-encoding", "",
         "the file looks like UTF-16; save it as UTF-8 or in the system's code page");
   if (found_.size() == known && count('\r') > 0 && count('\n') == 0 && bytes.find('\r') + 1 < bytes.size())
@@ -188,16 +221,23 @@ bool Survey::IsOfAnotherShape(std::string_view bytes) {
 }
 
 void Survey::LookAtEncoding(const std::vector<std::string_view>& lines) {
-  constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+  std::int64_t firstBad = 0;
+  bool isUtf8 = false;
   for (std::size_t rank = 0; rank < lines.size(); ++rank) {
     const std::string_view line = lines[rank];
-    if (line.find(kReplacement) != line.npos || coding_.Decode(line).find(kReplacement) == std::string::npos)
-      continue;
-    Add(static_cast<std::int64_t>(rank) + 1, "", "suggest-encoding", "",
-        "the line holds bytes that are not of the encoding; name the file's one, such as --encoding "
-        "windows-1252 or shift_jis");
-    return;
+    if (std::none_of(line.begin(), line.end(), [](char c) { return (c & 0x80) != 0; })) continue;
+    const std::string text = coding_.Decode(line);
+    isUtf8 = isUtf8 || text == line;  // which no text of another encoding is by accident
+    const bool isBad = line.find(kReplacement) == line.npos && text.find(kReplacement) != text.npos;
+    if (isBad && firstBad == 0) firstBad = static_cast<std::int64_t>(rank) + 1;
   }
+  if (firstBad == 0) return;
+  std::string message = "the line holds bytes that are not of the encoding";
+  if (isUtf8)
+    message += ", while other lines are of it";
+  else if (const std::string choice = EncodingsThatFit(lines); !choice.empty())
+    message += "; name the file's one, such as --encoding " + choice;
+  Add(firstBad, "", "suggest-encoding", "", message);
 }
 
 /// How many columns bear their own keyword in this line.

@@ -97,5 +97,33 @@ TEST(OddFiles, AreReadCheckedAndConverted) {
   EXPECT_GT(files, 40);
 }
 
+std::string FormatText(const std::string& columns, const std::string& attributes) {
+  const auto either = [&](const std::string& key, const char* value) {
+    return attributes.find(key) == std::string::npos ? " " + key + "=\"" + value + "\"" : std::string();
+  };
+  std::string items;
+  std::istringstream keywords(columns);
+  for (auto [keyword, rank] = std::pair(std::string(), 0); std::getline(keywords, keyword, ','); ++rank)
+    items += "<" + keyword + " Order=\"" + std::to_string(rank) + "\"/>";
+  return "<CSVOptionSetting Current=\"f\"><OptionForm Name=\"f\"" + either("Line", "1") +
+         either("Delimiters", "Tab,") + either("Qualifier", "2") + " " + attributes + ">" + items +
+         "</OptionForm></CSVOptionSetting>";
+}
+
+TEST(Suggestions, AreThoseOfTheTable) {
+  const TemporaryFolder folder;
+  for (const auto& row : ReadTable("cli/tables/suggestions.table")) {
+    if (row[5] == "posix" && kEndOfText >= 0) continue;
+    folder.Write("AssemblyFormats.xml", FormatText(row[1], row[2]));
+    const Outcome check = RunOn(
+        {"--encoding", "utf-8", "check", "--kind", row[0], "--as", "json", folder.Write("a.txt", row[3])});
+    const Json report = Json::parse(check.out);
+    std::string messages;
+    for (const Json& suggestion : report["suggestions"])
+      messages += (messages.empty() ? "" : "; ") + suggestion["message"].get<std::string>();
+    EXPECT_TRUE(MatchesPattern(messages, row[4])) << row[1] << "\n" << row[3] << "\n" << messages;
+  }
+}
+
 }  // namespace
 }  // namespace qv

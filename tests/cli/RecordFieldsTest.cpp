@@ -61,6 +61,8 @@ void ExpectColumnMeetsField(const Column<Record>& column, const RecordType& type
   SCOPED_TRACE(std::string(type.name) + " " + std::string(column.keyword));
   const RecordField* const field = FindFieldOfColumn(type, column.keyword);
   ASSERT_NE(field, nullptr);
+  // One keyword is read with a blank at its end, and written without.
+  EXPECT_EQ(field->isRead, column.read != nullptr || !field->keyword2.empty());
   if (column.read != nullptr) {
     EXPECT_EQ(FieldsThatAreRead(column, type), std::string(field->stem) + " ");
   }
