@@ -5,6 +5,7 @@ here=$(dirname "${BASH_SOURCE[0]}")
 # shellcheck source=tests/house/expect.sh
 . "$here/expect.sh"
 cd "$here/../.."
+shopt -s lastpipe # what a name at the end of a pipe misses is to be counted here
 
 # documented WHAT < names: each name must stand in the README as code.
 documented() {
@@ -21,3 +22,4 @@ quoted() { sed '/#include/d' "$@" | grep -oE '"[^"]+"' | sed -E 's/^"//; s/ ?"$/
 
 quoted engines/columns/*Columns.cpp engines/columns/Words.cpp | documented "column or word"
 sed -n '/kCodeNames\[\]/,/^};/p' platform/Diagnostics.cpp | quoted | documented remark
+quoted cli/*.cpp | grep -E '^(suggest|json)-' | documented "code of the program"

@@ -11,7 +11,7 @@ source=$2
 transcript=${3:-}
 scratch=$(mktemp -d)
 PATH=$(dirname "$1"):$PATH
-export COLUMNS=100
+unset COLUMNS
 
 awk '/^```console$/ { on = 1; next } /^```$/ { on = 0 } on' "$source/README.md" >"$scratch/shown"
 
