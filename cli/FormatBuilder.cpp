@@ -2,6 +2,7 @@
 
 #include "cli/Errors.h"
 #include "dialogs/FormatOptionModel.h"
+#include "format/FormatWriter.h"
 #include "platform/CodePage.h"
 #include "platform/XmlDocument.h"
 
@@ -35,14 +36,6 @@ std::size_t RankOf(const Names& names, const std::string& name, const std::strin
   throw UsageError(option + ": there is no \"" + name + "\"; it is one of " + all);
 }
 
-void CheckName(const std::string& name) {
-  const bool hasControls =
-      std::any_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; });
-  if (name.empty() || hasControls) throw UsageError("a format name is a text without control characters");
-  if (FromUtf8(name).size() > kLongestFormatName)
-    throw UsageError("a format name has at most " + std::to_string(kLongestFormatName) + " bytes");
-}
-
 // An item is an element of the format file, named after its keyword.
 void CheckKeyword(const std::string& keyword) {
   const XmlLoadScope scope;
@@ -50,6 +43,17 @@ void CheckKeyword(const std::string& keyword) {
   const auto root = document == nullptr ? nullptr : document->CreateRoot("root");
   if (root != nullptr && root->AppendElement(StoredItemName(FromUtf8(keyword))) == nullptr)
     throw UsageError("\"" + keyword + "\" is no keyword that a format file can hold");
+}
+
+// What XML cannot hold is found here, before any file is looked at.
+void CheckWritable(const OptionForm& form) {
+  const XmlLoadScope scope;
+  const auto document = XmlDocument::Create();
+  try {
+    if (document != nullptr) WriteFormats({"", {form}}, *document);
+  } catch (const NodeError& error) {
+    throw UsageError(ToUtf8(error.Detail()));
+  }
 }
 
 OptionControls ControlsFor(const FormatWishes& wishes) {
@@ -123,21 +127,22 @@ void ApplySetting(OptionForm& form, const std::string& setting) {
 }  // namespace
 
 OptionForm BuildFormat(const FormatWishes& wishes) {
-  CheckName(wishes.name);
   const std::vector<std::string> columns = CheckedColumns(wishes.columns);
   OptionForm start;
-  start.Name = FromUtf8(wishes.name);
   CompleteWithKeywords(start);
   for (const std::string& column : columns) ItemOf(start, column);
 
   FormatOptionModel model(FormatOptionFiles{});
   model.ShowForm(start);
   model.Controls() = ControlsFor(wishes);
+  std::string complaint;
+  if (!model.StoreForm(complaint)) throw UsageError(ToUtf8(complaint));
   for (const std::string& column : columns) AddToSequence(model, SequenceEntry(column));
   OptionForm form = model.Form();
   PlaceHiddenColumns(form, columns);
   for (const std::string& setting : wishes.settings) ApplySetting(form, setting);
   CompleteWithKeywords(form);
+  CheckWritable(form);
   return form;
 }
 

@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <charconv>
 #include <memory>
 
 namespace qv {
@@ -155,8 +156,23 @@ void AddAsOption(CLI::App& command, FormatsOptions& options) {
       ->type_name("FORM");
 }
 
+// Decimal, whatever it starts with: the parser would take 010 for eight.
+int WholeNumber(const std::string& option, const std::string& text) {
+  int number = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, trouble] = std::from_chars(text.data(), end, number);
+  if (trouble != std::errc() || stop != end)
+    throw CLI::ValidationError(option, "\"" + text + "\" is no whole number that a format can hold");
+  return number;
+}
+
 void AddWishOptions(CLI::App& command, FormatWishes& wishes) {
-  command.add_option("--start-line", wishes.startLine, "line of the header row (default: 2)")->type_name("N");
+  command
+      .add_option_function<std::string>(
+          "--start-line",
+          [&wishes](const std::string& text) { wishes.startLine = WholeNumber("--start-line", text); },
+          "line of the header row (default: 2)")
+      ->type_name("N");
   command
       .add_option("--delimiters", wishes.delimiters,
                   "some of Tab,Semicolon,Comma,Space,Other (default: Tab,Comma)")
@@ -172,6 +188,7 @@ void AddWishOptions(CLI::App& command, FormatWishes& wishes) {
   command.add_option("--set", wishes.settings, "set one item's order text as it is; may be repeated")
       ->expected(1)
       ->take_all()
+      ->allow_extra_args(false)  // with them, brackets would make a list of the text
       ->type_name("KEYWORD=ORDER");
 }
 

@@ -79,6 +79,54 @@ bool WantsJson(const std::vector<std::string>& arguments) {
          std::find(arguments.begin(), arguments.end(), "--diagnostics=json") != arguments.end();
 }
 
+bool IsOption(const std::string& argument) { return argument.size() > 1 && argument.front() == '-'; }
+
+// The parser takes the next argument for the value when nothing stands behind the equals sign.
+std::vector<std::string> WithEmptyValues(const std::vector<std::string>& arguments) {
+  std::vector<std::string> apart;
+  bool mayBeOption = true;
+  for (const std::string& argument : arguments) {
+    mayBeOption = mayBeOption && argument != "--";
+    const bool isEmpty =
+        mayBeOption && argument.starts_with("--") && argument.find('=') == argument.size() - 1;
+    apart.push_back(isEmpty ? argument.substr(0, argument.size() - 1) : argument);
+    if (isEmpty) apart.emplace_back();
+  }
+  return apart;
+}
+
+/// The commands below this one: "list, show, …"; empty when it is complete.
+std::string Choices(const CLI::App& command) {
+  std::string names;
+  if (command.get_require_subcommand_min() > 0)
+    for (const CLI::App* const sub : command.get_subcommands(nullptr))
+      names.append(names.empty() ? "" : ", ").append(sub->get_name());
+  return names;
+}
+
+// The parser tells of what is missing before it tells of what is there and wrong, though the one mostly comes
+// from the other.
+std::string WhatIsWrong(const CLI::App& program, const CLI::ParseError& error) {
+  const bool isAboutArguments = dynamic_cast<const CLI::RequiredError*>(&error) != nullptr ||
+                                dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
+  if (!isAboutArguments) return error.what();
+  const CLI::App& command = ReachedCommand(program);
+  const std::string choices = Choices(command);
+  std::vector<std::string> unknown = program.remaining(true);
+  std::erase(unknown, "--");
+  if (unknown.empty())
+    return choices.empty() ? error.what() : "a command is missing; it is one of " + choices;
+  const std::string& first = unknown.front();
+  if (IsOption(first)) {
+    const std::string name = first.substr(0, first.find('='));
+    const bool standsTooEarly = command.get_option_no_throw(name) != nullptr;
+    return standsTooEarly ? name + " is to stand behind \"" + FullName(command) + "\""
+                          : "\"" + FullName(command) + "\" has no option " + name;
+  }
+  return "\"" + first +
+         (choices.empty() ? "\" is one argument too many" : "\" is no command; it is one of " + choices);
+}
+
 int TellUsage(Session& session, const CLI::App& program, const std::string& what) {
   const std::string hint = "\nRun \"" + FullName(ReachedCommand(program)) + " --help\" for its options.";
   session.remarks.Fail({"", 0, "", "command-line", "", what});
@@ -99,13 +147,14 @@ int Run(CLI::App& program, const std::vector<std::string>& arguments, Session& s
         const CommonOptions& options) {
   try {
     // The parser takes its arguments from the back.
-    program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend() - 1));
+    const std::vector<std::string> apart = WithEmptyValues(arguments);
+    program.parse(std::vector<std::string>(apart.rbegin(), apart.rend() - 1));
     return RunCommand(session, options);
   } catch (const CLI::Success& help) {
     program.exit(help, session.streams.out, session.streams.error);
     return kDone;
   } catch (const CLI::ParseError& error) {
-    return TellUsage(session, program, error.what());
+    return TellUsage(session, program, WhatIsWrong(program, error));
   } catch (const UsageError& error) {
     return TellUsage(session, program, error.what());
   } catch (const FileError& error) {

@@ -23,24 +23,6 @@
 
 namespace {
 
-std::vector<std::string> SplitArguments(const std::string& line) {
-  std::vector<std::string> arguments;
-  bool isOpen = false;
-  bool isQuoted = false;
-  for (const char c : line) {
-    if (c == '\'') {
-      isQuoted = !isQuoted;
-    } else if (c == ' ' && !isQuoted) {
-      isOpen = false;
-      continue;
-    }
-    if (!isOpen) arguments.emplace_back();
-    isOpen = true;
-    if (c != '\'') arguments.back() += c;
-  }
-  return arguments;
-}
-
 // Data files are of the platform's code page, unless a case names another encoding.
 bool IsInCodePage(const std::string& file, const TestCase& c) {
   const bool isData = file.ends_with(".txt") || file.ends_with(".csv");

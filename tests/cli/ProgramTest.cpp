@@ -1,5 +1,6 @@
 #include "cli/Progress.h"
 #include "cli/RunProgram.h"
+#include "cli/SpawnProgram.h"
 #include "cli/WatchedFiles.h"
 #include "support/FakeFileSystem.h"
 #include "support/FakeSpreadsheet.h"
@@ -57,6 +58,19 @@ TEST_F(ProgramTest, RecordsThatCannotBeReadToTheirEndAreNotWritten) {
       RunOn({"export", "--kind", "parts", "--config", "f.xml", "--records", "r.json", "out.csv"});
   EXPECT_EQ(run.code, 3);
   EXPECT_FALSE(files_.Contents.contains("out.csv"));
+}
+
+TEST_F(ProgramTest, AWrongCommandLineIsExplainedAndTouchesNothing) {
+  const auto before = files_.Contents;
+  for (const auto& row : ReadTable("cli/tables/wrong-command-lines.table")) {
+    SCOPED_TRACE(row[0]);
+    const Outcome run = RunOn(SplitArguments(row[0]));
+    EXPECT_EQ(run.code, 2);
+    EXPECT_EQ(run.out, "");
+    const std::string told = "qvassembly: " + row[1] + "\nRun \"qvassembly{*} --help\" for its options.\n";
+    EXPECT_TRUE(MatchesPattern(run.error, told)) << run.error;
+    EXPECT_EQ(files_.Contents, before);
+  }
 }
 
 TEST_F(ProgramTest, WorkbooksGoThroughTheSameCommands) {

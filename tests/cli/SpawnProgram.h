@@ -19,5 +19,24 @@ struct ProgramResult {
   std::string errors;
 };
 
+/// The arguments of a line: blanks stand between them, single quotes keep them together.
+inline std::vector<std::string> SplitArguments(const std::string& line) {
+  std::vector<std::string> arguments;
+  bool isOpen = false;
+  bool isQuoted = false;
+  for (const char c : line) {
+    if (c == '\'') {
+      isQuoted = !isQuoted;
+    } else if (c == ' ' && !isQuoted) {
+      isOpen = false;
+      continue;
+    }
+    if (!isOpen) arguments.emplace_back();
+    isOpen = true;
+    if (c != '\'') arguments.back() += c;
+  }
+  return arguments;
+}
+
 /// Runs the program to its end. Throws std::runtime_error when it cannot be started.
 ProgramResult SpawnProgram(const ProgramCall& call);
