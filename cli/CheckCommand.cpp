@@ -25,32 +25,39 @@ struct CheckOptions : FileOptions {
   std::optional<std::string> rejects;
 };
 
-std::optional<RejectedRows> PrepareRejects(const CheckOptions& options) {
+std::optional<RejectedRows> PrepareRejects(const CheckOptions& options, const FormatFile& formats) {
   if (!options.rejects) return std::nullopt;
   if (IsWorkbook(options.file)) throw UsageError("--rejects: the rows of a workbook are no lines of text");
   if (IsStream(options.file)) throw UsageError("--rejects: a pipe cannot be read a second time");
+  if (IsSameFile(*options.rejects, options.file)) throw UsageError("--rejects names the data file itself");
+  if (formats.IsFile() && IsSameFile(*options.rejects, formats.Path()))
+    throw UsageError("--rejects names the format file");
   return std::optional<RejectedRows>(std::in_place, options.file, *options.rejects);
 }
 
-int RunCheck(Session& session, const CheckOptions& options) {
+int ReportOn(Session& session, const CheckOptions& options, CheckReport& report) {
   const RecordKind kind = KindForUse(options.kind, KindUse::Import);
-  std::optional<RejectedRows> rejects = PrepareRejects(options);
-  CheckReport report(session, options.file, options.kind, options.as == "json",
-                     rejects ? &*rejects : nullptr);
   const FormatFile formats(options.config, {options.file}, session.remarks);
   const OptionForm& form = formats.FindFor(options.format, options.file, session.remarks);
   const DataFile file{options.file, kind, formats, form};
+  std::optional<RejectedRows> rejects = PrepareRejects(options, formats);
+  report.CopyLeftOutTo(rejects ? &*rejects : nullptr);
   CAssemblyFileMgr manager;
   std::int64_t records = 0;
+  ReadFile(session, manager, file, [&](void*) { ++records; });
+  if (rejects) rejects->Commit();
+  report.Finish(Suggestions(file, records + report.LeftOut(), session.coding), ToUtf8(form.Name), records);
+  return session.remarks.Warnings() == 0 ? kDone : kWarned;
+}
+
+int RunCheck(Session& session, const CheckOptions& options) {
+  CheckReport report(session, options.file, options.kind, options.as == "json");
   try {
-    ReadFile(session, manager, file, [&](void*) { ++records; });
+    return ReportOn(session, options, report);
   } catch (...) {
     report.Abandon();
     throw;
   }
-  if (rejects) rejects->Commit();
-  report.Finish(Suggestions(file, records + report.LeftOut(), session.coding), ToUtf8(form.Name), records);
-  return session.remarks.Warnings() == 0 ? kDone : kWarned;
 }
 
 }  // namespace

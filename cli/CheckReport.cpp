@@ -45,9 +45,8 @@ std::string RemarkJson(const Remark& remark, const std::string& dataFile) {
 
 }  // namespace
 
-CheckReport::CheckReport(Session& session, Utf8Path file, std::string kind, bool asJson,
-                         RejectedRows* rejects)
-    : session_(session), file_(std::move(file)), kind_(std::move(kind)), asJson_(asJson), rejects_(rejects) {
+CheckReport::CheckReport(Session& session, Utf8Path file, std::string kind, bool asJson)
+    : session_(session), file_(std::move(file)), kind_(std::move(kind)), asJson_(asJson) {
   session_.remarks.SetListener(this);
 }
 
@@ -127,7 +126,7 @@ void CheckReport::FinishJson(const std::vector<Remark>& suggestions, const std::
     json += ',';
     AppendMember(json, key, number);
   }
-  session_.Write(json + ",\"complete\":" + (isComplete ? "true" : "false") + "}\n");
+  session_.streams.out << json << ",\"complete\":" << (isComplete ? "true" : "false") << "}\n";
 }
 
 }  // namespace qv

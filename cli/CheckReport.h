@@ -14,13 +14,15 @@ namespace qv {
 /// document on standard output. Hears the remarks while it lives and keeps none of them.
 class CheckReport final : public RemarkListener {
  public:
-  /// `rejects` gets the rows that are left out; may be null.
-  CheckReport(Session& session, Utf8Path file, std::string kind, bool asJson, RejectedRows* rejects);
+  CheckReport(Session& session, Utf8Path file, std::string kind, bool asJson);
   ~CheckReport() override { session_.remarks.SetListener(nullptr); }
   CheckReport(const CheckReport&) = delete;
   CheckReport& operator=(const CheckReport&) = delete;
 
   bool Hear(const Remark& remark) override;
+
+  /// Gets the rows that are left out from now on; may be null.
+  void CopyLeftOutTo(RejectedRows* rejects) { rejects_ = rejects; }
 
   /// How many rows were left out so far.
   std::int64_t LeftOut() const { return leftOut_; }
@@ -28,7 +30,7 @@ class CheckReport final : public RemarkListener {
   /// Ends the report: what may help, what to do about the remarks, how many rows there were.
   void Finish(const std::vector<Remark>& suggestions, const std::string& format, std::int64_t records);
 
-  /// Ends a report that has begun on a file that cannot be read any further.
+  /// Ends a report that has begun and cannot go on.
   void Abandon();
 
  private:
@@ -43,7 +45,7 @@ class CheckReport final : public RemarkListener {
   std::string kind_;
   bool asJson_;
   bool hasBegun_ = false;
-  RejectedRows* rejects_;
+  RejectedRows* rejects_ = nullptr;
   std::int64_t remarks_ = 0;
   std::int64_t leftOut_ = 0;
   std::vector<std::pair<std::string, std::int64_t>> counts_;  // per code, in the order of the first remarks

@@ -33,12 +33,12 @@ std::vector<AnyRecord> ReadRecords(Session& session, const RecordType& type, con
   try {
     auto records = ReadRecordsJson(source, type, session.coding,
                                    [&](const JsonRemark& remark) { session.remarks.Warn(told(remark)); });
-    if (source.HasFailed())
-      throw FileError({name, 0, "", "file-not-opened", "", "cannot be read: " + ToUtf8(reason)});
-    return records;
+    if (!source.HasFailed()) return records;
   } catch (const JsonError& error) {
-    throw FileError(told(error.remark));
+    // What could not be read to its end looks like JSON that breaks off.
+    if (!source.HasFailed()) throw FileError(told(error.remark));
   }
+  throw FileError({name, 0, "", "file-not-opened", "", "cannot be read: " + ToUtf8(reason)});
 }
 
 std::vector<AnyRecord> ReadStandardInput(Session& session, const RecordType& type) {

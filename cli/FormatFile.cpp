@@ -25,13 +25,6 @@ Utf8Path Beside(const Utf8Path& dataFile) {
 
 bool Exists(const Utf8Path& path) { return Files().Exists(PathFromUtf8(path)); }
 
-std::optional<Utf8Path> NamedFile(const std::optional<Utf8Path>& named) {
-  if (named) return named;
-  const char* const variable = std::getenv(kVariable);
-  if (variable == nullptr || *variable == '\0') return std::nullopt;
-  return ToUtf8(variable);
-}
-
 bool IsAboutFormatFile(DiagnosticCode code) {
   return code == DiagnosticCode::ConfigurationMissing || code == DiagnosticCode::ConfigurationInvalid;
 }
@@ -43,6 +36,18 @@ std::string CodeName(DiagnosticCode code) { return DiagnosticCodeName(code); }
 bool IsStream(const Utf8Path& file) {
   std::error_code ignored;
   return std::filesystem::is_other(std::filesystem::status(PathFromUtf8(file), ignored));
+}
+
+bool IsSameFile(const Utf8Path& left, const Utf8Path& right) {
+  std::error_code ignored;
+  return left == right || std::filesystem::equivalent(PathFromUtf8(left), PathFromUtf8(right), ignored);
+}
+
+std::optional<Utf8Path> FormatFile::NamedFile(const std::optional<Utf8Path>& named) {
+  if (named) return named;
+  const char* const variable = std::getenv(kVariable);
+  if (variable == nullptr || *variable == '\0') return std::nullopt;
+  return ToUtf8(variable);
 }
 
 FormatFile::FormatFile(const std::optional<Utf8Path>& named, const std::vector<Utf8Path>& dataFiles,
@@ -63,6 +68,9 @@ FormatFile::FormatFile(const std::optional<Utf8Path>& named, const std::vector<U
 }
 
 void FormatFile::Load(Remarks& remarks, Missing missing) {
+  if (IsStream(path_))
+    throw FileError({path_, 0, "", CodeName(DiagnosticCode::ConfigurationInvalid), "",
+                     "the format file is read more than once, and a pipe or device cannot be"});
   const XmlLoadScope scope;
   const std::string path = PathFromUtf8(path_);
   const std::unique_ptr<XmlDocument> document = XmlDocument::Create();
@@ -139,7 +147,7 @@ const OptionForm& FormatFile::FindFor(const std::optional<std::string>& wanted, 
   if (Exists(dataFile) && !IsStream(dataFile)) {
     const std::string stored = StoredFormatName(PathFromUtf8(dataFile).c_str());
     if (remarks.HasFailed()) throw FileErrorTold();
-    if (const OptionForm* const form = Lookup(stored)) return *form;
+    if (const OptionForm* const form = stored.empty() ? nullptr : Lookup(stored)) return *form;
   }
   if (const OptionForm* const form = Lookup(List().CurrentFormat)) return *form;
   throw UsageError("the current format of " + path_ + " is \"" + ToUtf8(List().CurrentFormat) +

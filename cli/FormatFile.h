@@ -20,6 +20,9 @@ using Utf8Path = std::string;
 /// Whether the path leads to a pipe or a device, whose bytes can be read only once.
 bool IsStream(const Utf8Path& file);
 
+/// Whether both paths lead to one file.
+bool IsSameFile(const Utf8Path& left, const Utf8Path& right);
+
 /// The format configuration of one run: which file it comes from, and what that holds.
 class FormatFile {
  public:
@@ -32,6 +35,9 @@ class FormatFile {
   /// well formed.
   FormatFile(const std::optional<Utf8Path>& named, const std::vector<Utf8Path>& dataFiles, Remarks& remarks,
              Missing missing = Missing::IsError);
+
+  /// The file that the user named, or that QVASSEMBLY_CONFIG names.
+  static std::optional<Utf8Path> NamedFile(const std::optional<Utf8Path>& named);
 
   /// False when there is no file and the built-in configuration stands in.
   bool IsFile() const { return isFile_; }

@@ -27,11 +27,12 @@ struct FormatNameOptions {
 };
 
 int GetFormatName(Session& session, const FormatNameOptions& options) {
+  std::optional<FormatFile> formats;
+  if (FormatFile::NamedFile(options.config))
+    formats.emplace(options.config, std::vector<Utf8Path>(), session.remarks);
   const std::string stored = StoredFormatName(PathFromUtf8(options.file).c_str());
   if (session.remarks.HasFailed()) throw FileErrorTold();
-  if (stored.empty()) return kWarned;
-  if (options.config && FormatFile(options.config, {}, session.remarks).Lookup(stored) == nullptr)
-    return kWarned;
+  if (stored.empty() || (formats && formats->Lookup(stored) == nullptr)) return kWarned;
   const std::string name = session.coding.Decode(stored);
   session.Write((session.streams.outIsTerminal ? Harmless(name) : name) + "\n");
   return kDone;
@@ -64,7 +65,9 @@ void AddFormatNameCommand(CLI::App& program, Session& session) {
   command->footer(kFormatNameFooter);
   const auto options = std::make_shared<FormatNameOptions>();
   CLI::App* const get = command->add_subcommand("get", "Print the name; ends with 1 where there is none");
-  get->add_option("--config", options->config, "print only a name that this format file holds")
+  get->add_option(
+         "--config", options->config,
+         "print only a name that this format file holds (default: the one that QVASSEMBLY_CONFIG names)")
       ->type_name("FILE");
   get->add_option("FILE", options->file, "the data file")->required()->type_name("");
   get->callback([&session, options] {

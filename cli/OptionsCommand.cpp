@@ -25,13 +25,13 @@ struct OptionsOptions {
 };
 
 int RunOptions(Session& session, const OptionsOptions& options) {
-  if (const std::string reason = WhyNoFormatOptionDialog(); !reason.empty())
-    throw FileError({"", 0, "", "no-dialog", "", reason});
   std::vector<Utf8Path> samples;
   if (!options.sample.empty()) samples.push_back(options.sample);
-  const FormatFile formats(options.config, samples, session.remarks, FormatFile::Missing::IsNew);
+  const FormatFile formats(options.config, samples, session.remarks);
   std::string format;
   if (!options.format.empty()) format = formats.Find(options.format).Name;
+  if (const std::string reason = WhyNoFormatOptionDialog(); !reason.empty())
+    throw FileError({"", 0, "", "no-dialog", "", reason});
   // The dialog may have something to ask, and there is a person to be asked.
   SetMessageBoxHandler(nullptr, nullptr);
   CAssemblyFileMgr manager;

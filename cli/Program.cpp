@@ -168,9 +168,7 @@ int Run(CLI::App& program, const std::vector<std::string>& arguments, Session& s
 
 void Session::Write(std::string_view text) const {
   streams.out.write(text.data(), static_cast<std::streamsize>(text.size()));
-  if (!streams.out)
-    throw FileError(
-        {"", 0, "", "file-not-written", "", "standard output does not take what is written to it"});
+  if (!streams.out) throw FileErrorTold();  // as it is when the program ends
 }
 
 int RunProgram(const std::vector<std::string>& arguments, const Streams& streams) {
@@ -189,7 +187,10 @@ int RunProgram(const std::vector<std::string>& arguments, const Streams& streams
   const int code = Run(program, arguments, session, options);
   session.progress.Clear();
   streams.out.flush();
-  return streams.out ? code : static_cast<int>(kFileTrouble);
+  if (streams.out) return code;
+  session.remarks.Fail(
+      {"", 0, "", "file-not-written", "", "standard output does not take what is written to it"});
+  return kFileTrouble;
 }
 
 }  // namespace qv

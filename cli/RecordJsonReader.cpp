@@ -138,6 +138,12 @@ class RecordsBuilder final : public nlohmann::json_sax<Json> {
     levels_.push_back(level);
   }
 
+  void BeginWhole() {
+    if (!records_.empty())
+      Throw("", "json-malformed", "", "a document or an array of records stands behind other records");
+    isWhole_ = true;
+  }
+
   bool DocumentKey(const std::string& name);
   bool RecordKey(const std::string& name);
   bool TakesDocumentText(const std::string& text);
@@ -215,10 +221,12 @@ bool RecordsBuilder::start_object(std::size_t) {
 bool RecordsBuilder::key(string_t& name) {
   if (Now() == Level::Undecided) {
     levels_.pop_back();
-    if (IsDocumentKey(name))
+    if (IsDocumentKey(name)) {
+      BeginWhole();
       levels_.push_back(Level::Document);
-    else
+    } else {
       OpenRecordOf(type_, Level::Record);
+    }
   }
   return Now() == Level::Document ? DocumentKey(name) : RecordKey(name);
 }
@@ -254,7 +262,6 @@ bool RecordsBuilder::end_object() {
   const Level level = Now();
   levels_.pop_back();
   if (level == Level::Document) {
-    isWhole_ = true;
     if (std::find(documentKeys_.begin(), documentKeys_.end(), "records") == documentKeys_.end())
       Throw("records", "json-missing-key", "", "the document has no records");
     return true;
@@ -271,7 +278,7 @@ bool RecordsBuilder::end_object() {
 
 bool RecordsBuilder::start_array(std::size_t) {
   const bool isRecords = Now() == Level::Top || (Now() == Level::Document && documentKey_ == "records");
-  if (Now() == Level::Top) isWhole_ = true;
+  if (Now() == Level::Top) BeginWhole();
   if (isRecords) {
     levels_.push_back(Level::Records);
   } else if (Now() == Level::Document && documentKey_ == "headers") {
@@ -302,7 +309,7 @@ std::vector<AnyRecord> ReadRecordsJson(JsonSource& source, const RecordType& typ
                                        const JsonRemarkHandler& warn) {
   RecordsBuilder builder(source, type, coding, warn);
   SkipBlanks(source);
-  if (source.AtEnd()) warn({0, "", "no-records", "", "there are no records"});
+  if (source.AtEnd() && !source.HasFailed()) warn({0, "", "no-records", "", "there are no records"});
   for (SkipBlanks(source); !source.AtEnd(); SkipBlanks(source)) {
     if (builder.IsWhole())
       throw JsonError(

@@ -4,28 +4,16 @@
 #include "platform/CodePage.h"
 #include "platform/ConsoleProgram.h"
 
-#include <filesystem>
-
 namespace qv {
 namespace {
 
 constexpr std::size_t kBlock = std::size_t{1} << 16;
 
-bool AreSame(const Utf8Path& left, const Utf8Path& right) {
-  std::error_code ignored;
-  return left == right || std::filesystem::equivalent(left, right, ignored);
-}
-
-const Utf8Path& Apart(const Utf8Path& target, const Utf8Path& dataFile) {
-  if (AreSame(target, dataFile)) throw UsageError("--rejects names the data file itself");
-  return target;
-}
-
 }  // namespace
 
 RejectedRows::RejectedRows(const Utf8Path& dataFile, Utf8Path target)
     : target_(std::move(target)),
-      out_(PathFromUtf8(Apart(target_, dataFile)), WorkingPlace::BesideTarget),
+      out_(PathFromUtf8(target_), WorkingPlace::BesideTarget),
       block_(kBlock, '\0') {
   if (!out_.Open()) Fail(out_.Reason());
   source_ = Files().Open(PathFromUtf8(dataFile), OpenMode::Read, sourceFailure_);

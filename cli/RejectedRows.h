@@ -15,7 +15,7 @@ namespace qv {
 /// other file appears, or is replaced, when all is done.
 class RejectedRows {
  public:
-  /// Throws UsageError when both are the same file, FileError when `target` cannot be written.
+  /// Throws FileError when `target`, which is another file, cannot be written.
   RejectedRows(const Utf8Path& dataFile, Utf8Path target);
 
   /// Copies the line of this 1-based number, which is greater than that of the last one.

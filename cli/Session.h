@@ -27,7 +27,7 @@ struct Session {
   /// The command that the command line asks for; set while it is parsed. Returns an exit code.
   std::function<int()> command;
 
-  /// Throws FileError when standard output does not take all of the text.
+  /// Throws FileErrorTold when standard output does not take all of the text.
   void Write(std::string_view text) const;
 };
 

@@ -33,7 +33,8 @@ int main(int argc, char** argv) {
   qv::Streams streams{std::cin, std::cout, std::cerr};
   streams.outIsTerminal = qv::IsTerminal(1);
   streams.errorIsTerminal = qv::IsTerminal(2);
-  streams.allowsColour = console.ObeysColour() && Variable("NO_COLOR").empty() && Variable("TERM") != "dumb";
+  streams.allowsColour =
+      console.ObeysColour() && std::getenv("NO_COLOR") == nullptr && Variable("TERM") != "dumb";
   streams.width = WantedWidth(streams.outIsTerminal);
   try {
     return qv::RunProgram(qv::ProgramArguments(argc, argv), streams);

@@ -52,12 +52,15 @@ TEST_F(ProgramTest, AFileThatCannotBeReadToItsEndPrintsNothing) {
 }
 
 TEST_F(ProgramTest, RecordsThatCannotBeReadToTheirEndAreNotWritten) {
-  files_.FailAt(2, "read r.json");
   files_.LargestRead = 8;
-  const Outcome run =
-      RunOn({"export", "--kind", "parts", "--config", "f.xml", "--records", "r.json", "out.csv"});
-  EXPECT_EQ(run.code, 3);
-  EXPECT_FALSE(files_.Contents.contains("out.csv"));
+  for (const int failing : {1, 2}) {
+    files_.FailAt(failing, "read r.json");
+    const Outcome run =
+        RunOn({"export", "--kind", "parts", "--config", "f.xml", "--records", "r.json", "out.csv"});
+    EXPECT_EQ(run.code, 3);
+    EXPECT_EQ(run.error, std::string("r.json: cannot be read: ") + FakeFileSystem::kReason + "\n");
+    EXPECT_FALSE(files_.Contents.contains("out.csv"));
+  }
 }
 
 TEST_F(ProgramTest, AWrongCommandLineIsExplainedAndTouchesNothing) {
@@ -70,6 +73,28 @@ TEST_F(ProgramTest, AWrongCommandLineIsExplainedAndTouchesNothing) {
     const std::string told = "qvassembly: " + row[1] + "\nRun \"qvassembly{*} --help\" for its options.\n";
     EXPECT_TRUE(MatchesPattern(run.error, told)) << run.error;
     EXPECT_EQ(files_.Contents, before);
+  }
+}
+
+// As a full disk does: what is written fits the buffer, and the buffer goes nowhere.
+TEST_F(ProgramTest, OutputThatGoesNowhereIsToldOnce) {
+  struct FullDisk final : std::stringbuf {
+    int sync() override { return -1; }
+  };
+  const std::string told = "qvassembly: standard output does not take what is written to it\n";
+  for (const char* const line :
+       {"--help", "formats list --config f.xml", "headers --config f.xml a.txt",
+        "import --kind parts --config f.xml --as jsonl a.txt", "format-name get --config f.xml n.txt",
+        "check --kind parts --config f.xml --as json a.txt"}) {
+    files_.Contents["n.txt"] = "[FMT_Name=f]\n";
+    FullDisk disk;
+    std::ostream out(&disk);
+    std::istringstream in;
+    std::ostringstream error;
+    std::vector<std::string> arguments = SplitArguments(line);
+    arguments.insert(arguments.begin(), "qvassembly");
+    EXPECT_EQ(RunProgram(arguments, Streams{in, out, error}), 3) << line;
+    EXPECT_EQ(error.str().find(told), error.str().size() - told.size()) << line << ": " << error.str();
   }
 }
 

@@ -39,6 +39,7 @@ TEST(Pipes, AreReadOnce) {
       {true, {"convert", "--kind", "parts", "--config", config, pipe, file}, 0, ""},
       {false, {"check", "--kind", "parts", "--config", config, "--rejects", file, pipe}, 2, "--rejects"},
       {false, {"format-name", "set", pipe, "f"}, 3, "pipe"},
+      {false, {"formats", "list", "--config", pipe}, 3, "pipe"},
   };
   for (const auto& test : cases) {
     SCOPED_TRACE(test.arguments.front());
