@@ -38,7 +38,7 @@ std::optional<RejectedRows> PrepareRejects(const CheckOptions& options, const Fo
 int ReportOn(Session& session, const CheckOptions& options, CheckReport& report) {
   const RecordKind kind = KindForUse(options.kind, KindUse::Import);
   const FormatFile formats(options.config, {options.file}, session.remarks);
-  const OptionForm& form = formats.FindFor(options.format, options.file, session.remarks);
+  const OptionForm& form = formats.FindFor(options.format, options.file, session);
   const DataFile file{options.file, kind, formats, form};
   std::optional<RejectedRows> rejects = PrepareRejects(options, formats);
   report.CopyLeftOutTo(rejects ? &*rejects : nullptr);

@@ -24,8 +24,8 @@ int RunConvert(Session& session, const ConvertOptions& options) {
   const FileOptions& in = options.in;
   const RecordKind kind = KindForUse(in.kind, KindUse::Convert);
   const FormatFile formats(in.config, {in.file, options.out}, session.remarks);
-  const OptionForm& from = formats.FindFor(in.format, in.file, session.remarks);
-  const OptionForm& to = formats.FindFor(options.outFormat, options.out, session.remarks);
+  const OptionForm& from = formats.FindFor(in.format, in.file, session);
+  const OptionForm& to = formats.FindFor(options.outFormat, options.out, session);
   ConvertFile(session, {in.file, kind, formats, from}, {options.out, kind, formats, to});
   return kDone;
 }

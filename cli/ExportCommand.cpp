@@ -66,7 +66,7 @@ std::vector<AnyRecord> ReadRecordsFile(Session& session, const RecordType& type,
 int RunExport(Session& session, const ExportOptions& options) {
   const RecordKind kind = KindForUse(options.kind, KindUse::Export);
   const FormatFile formats(options.config, {options.file}, session.remarks);
-  const OptionForm& form = formats.FindFor(options.format, options.file, session.remarks);
+  const OptionForm& form = formats.FindFor(options.format, options.file, session);
   const RecordType& type = RecordTypeOf(kind);
   const std::vector<AnyRecord> records = options.records == "-"
                                              ? ReadStandardInput(session, type)

@@ -1,5 +1,6 @@
 #include "cli/FormatFile.h"
 
+#include "cli/Session.h"
 #include "manager/StoredFormatName.h"
 #include "platform/CodePage.h"
 #include "platform/ConsoleProgram.h"
@@ -36,6 +37,11 @@ std::string CodeName(DiagnosticCode code) { return DiagnosticCodeName(code); }
 bool IsStream(const Utf8Path& file) {
   std::error_code ignored;
   return std::filesystem::is_other(std::filesystem::status(PathFromUtf8(file), ignored));
+}
+
+std::string StoredName(const Utf8Path& dataFile, const TextCoding& coding) {
+  const std::string name = StoredFormatName(PathFromUtf8(dataFile).c_str());
+  return FromUtf8(ToUtf8(name)) == name ? name : FromUtf8(coding.Decode(name));
 }
 
 bool IsSameFile(const Utf8Path& left, const Utf8Path& right) {
@@ -142,11 +148,11 @@ const OptionForm& FormatFile::Find(const std::string& utf8Name) const {
 }
 
 const OptionForm& FormatFile::FindFor(const std::optional<std::string>& wanted, const Utf8Path& dataFile,
-                                      Remarks& remarks) const {
+                                      const Session& session) const {
   if (wanted) return Find(*wanted);
   if (Exists(dataFile) && !IsStream(dataFile)) {
-    const std::string stored = StoredFormatName(PathFromUtf8(dataFile).c_str());
-    if (remarks.HasFailed()) throw FileErrorTold();
+    const std::string stored = StoredName(dataFile, session.coding);
+    if (session.remarks.HasFailed()) throw FileErrorTold();
     if (const OptionForm* const form = stored.empty() ? nullptr : Lookup(stored)) return *form;
   }
   if (const OptionForm* const form = Lookup(List().CurrentFormat)) return *form;

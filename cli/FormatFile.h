@@ -13,6 +13,7 @@ class CAssemblyFileMgr;
 namespace qv {
 
 class XmlNode;
+struct Session;
 
 /// Paths in this program are UTF-8 until the library is called.
 using Utf8Path = std::string;
@@ -22,6 +23,10 @@ bool IsStream(const Utf8Path& file);
 
 /// Whether both paths lead to one file.
 bool IsSameFile(const Utf8Path& left, const Utf8Path& right);
+
+/// The name of a format that the data file carries, as format files have it; empty when there is none. Names
+/// are written in the system's code page; one that is not of it has come from elsewhere, in `coding`.
+std::string StoredName(const Utf8Path& dataFile, const TextCoding& coding);
 
 /// The format configuration of one run: which file it comes from, and what that holds.
 class FormatFile {
@@ -58,7 +63,7 @@ class FormatFile {
   /// the current one. Throws UsageError when there is none of the name, FileErrorTold when the data file
   /// cannot be read.
   const OptionForm& FindFor(const std::optional<std::string>& wanted, const Utf8Path& dataFile,
-                            Remarks& remarks) const;
+                            const Session& session) const;
 
   /// Makes the manager hold the same formats, with this one as the current one.
   void LoadInto(CAssemblyFileMgr& manager, const OptionForm& form, Remarks& remarks) const;

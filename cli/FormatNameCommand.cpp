@@ -1,6 +1,5 @@
 #include "cli/DataFile.h"
 #include "cli/DisplayText.h"
-#include "manager/StoredFormatName.h"
 #include "platform/CodePage.h"
 #include "platform/ConsoleProgram.h"
 #include "platform/FileSystem.h"
@@ -30,10 +29,10 @@ int GetFormatName(Session& session, const FormatNameOptions& options) {
   std::optional<FormatFile> formats;
   if (FormatFile::NamedFile(options.config))
     formats.emplace(options.config, std::vector<Utf8Path>(), session.remarks);
-  const std::string stored = StoredFormatName(PathFromUtf8(options.file).c_str());
+  const std::string stored = StoredName(options.file, session.coding);
   if (session.remarks.HasFailed()) throw FileErrorTold();
   if (stored.empty() || (formats && formats->Lookup(stored) == nullptr)) return kWarned;
-  const std::string name = session.coding.Decode(stored);
+  const std::string name = ToUtf8(stored);
   session.Write((session.streams.outIsTerminal ? Harmless(name) : name) + "\n");
   return kDone;
 }
@@ -49,8 +48,7 @@ int SetFormatName(Session& session, const FormatNameOptions& options) {
     throw FileError(
         {options.file, 0, "", "file-not-written", "", "a pipe has no first line that could be changed"});
   CAssemblyFileMgr manager;
-  manager.SetCurrentFormatToFile(session.coding.Encode(options.name).c_str(),
-                                 PathFromUtf8(options.file).c_str());
+  manager.SetCurrentFormatToFile(FromUtf8(options.name).c_str(), PathFromUtf8(options.file).c_str());
   if (session.remarks.HasFailed()) throw FileErrorTold();
   return kDone;
 }

@@ -15,7 +15,7 @@ Examples:
 
 int RunHeaders(Session& session, const FileOptions& options) {
   const FormatFile formats(options.config, {options.file}, session.remarks);
-  const OptionForm& form = formats.FindFor(options.format, options.file, session.remarks);
+  const OptionForm& form = formats.FindFor(options.format, options.file, session);
   for (const std::string& header : ReadHeaders(session, formats, form, options.file))
     session.Write((session.streams.outIsTerminal ? Harmless(header) : header) + "\n");
   return kDone;

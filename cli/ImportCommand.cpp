@@ -114,7 +114,7 @@ void JsonPrinter::PrintRecord(std::string_view before, void* record, std::string
 int RunImport(Session& session, const ImportOptions& options) {
   const RecordKind kind = KindForUse(options.kind, KindUse::Import);
   const FormatFile formats(options.config, {options.file}, session.remarks);
-  const OptionForm& form = formats.FindFor(options.format, options.file, session.remarks);
+  const OptionForm& form = formats.FindFor(options.format, options.file, session);
   const DataFile file{options.file, kind, formats, form};
   const std::string as = !options.as.empty() ? options.as : session.streams.outIsTerminal ? "table" : "json";
   if (as == "table")

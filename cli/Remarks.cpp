@@ -79,10 +79,13 @@ void Remarks::Note(const std::string& sentence) {
 
 void Remarks::Receive(const Diagnostic& diagnostic) {
   if (silence_ != nullptr && silence_->Keep(diagnostic.code)) return;
-  const Remark remark{ToUtf8(diagnostic.file),          diagnostic.line,
-                      ToUtf8(diagnostic.column),        DiagnosticCodeName(diagnostic.code),
-                      coding_.Decode(diagnostic.text),  coding_.Decode(diagnostic.message),
-                      coding_.Decode(diagnostic.stored)};
+  // A remark without a line quotes the format file or the system, which know nothing of the data's encoding.
+  static const TextCoding codePage;
+  const TextCoding& coding = diagnostic.line > 0 && !IsFailure(diagnostic.code) ? coding_ : codePage;
+  const Remark remark{ToUtf8(diagnostic.file),         diagnostic.line,
+                      ToUtf8(diagnostic.column),       DiagnosticCodeName(diagnostic.code),
+                      coding.Decode(diagnostic.text),  coding.Decode(diagnostic.message),
+                      coding.Decode(diagnostic.stored)};
   IsFailure(diagnostic.code) ? Fail(remark) : Warn(remark);
 }
 

@@ -3,7 +3,6 @@
 #include "cli/FormatColumns.h"
 #include "cli/KeywordGuess.h"
 #include "cli/LayoutGuess.h"
-#include "manager/StoredFormatName.h"
 #include "platform/CodePage.h"
 #include "platform/ConsoleProgram.h"
 #include "platform/FileSystem.h"
@@ -168,7 +167,7 @@ void Survey::LookAtKeywords() {
 }
 
 void Survey::LookAtFormat() {
-  storedName_ = StoredFormatName(PathFromUtf8(file_).c_str());
+  storedName_ = StoredName(file_, coding_);
   if (!storedName_.empty() && storedName_ != form_.Name)
     Add(1, "", "suggest-format", ToUtf8(storedName_),
         "the file names the format \"" + ToUtf8(storedName_) + "\"" +

@@ -15,6 +15,13 @@ bool IsAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
+// Where an encoding switches between sets of characters, these kana are written by the bytes of a comma and
+// of quotation marks.
+bool HidesMarks(const std::string& encoding) {
+  return EncodeText("\u3042\u3047\u304C", encoding).value_or(std::string()).find_first_of(",\"'") !=
+         std::string::npos;
+}
+
 std::string AllAscii() {
   std::string ascii;
   for (char c = 1; c < 0x7f; ++c) ascii += c;
@@ -30,7 +37,7 @@ TextCoding::TextCoding(std::string encoding) : encoding_(std::move(encoding)) {
     throw UsageError("--encoding: this system knows no encoding \"" + encoding_ +
                      "\"; try utf-8, windows-1252 or shift_jis");
   keepsAscii_ = *decoded == ascii;
-  if (DecodeText(kMarks, encoding_) != kMarks)
+  if (DecodeText(kMarks, encoding_) != kMarks || HidesMarks(encoding_))
     throw UsageError("--encoding: the columns of a file in \"" + encoding_ +
                      "\" cannot be told apart; save it as UTF-8 or in a code page");
 }
