@@ -17,6 +17,18 @@ constexpr std::string_view kQuote = "\"";
 // A blank or a double quote, told by one comparison.
 bool CanBeTrimmed(char c) { return (c & ~2) == ' '; }
 
+bool HoldsQuote(std::string_view text) { return text.find('"') != std::string_view::npos; }
+
+// As TrimField(), where a double quote is text like any other: one that goes without a partner is noted.
+[[gnu::noinline]] std::string_view TrimText(std::string_view field, FieldViews& row) {
+  const std::string_view trimmed = TrimField(field);
+  const auto front = static_cast<std::size_t>(trimmed.data() - field.data());
+  const bool losesOne =
+      HoldsQuote(field.substr(0, front)) != HoldsQuote(field.substr(front + trimmed.size()));
+  if (losesOne && row.oddQuote.empty()) row.oddQuote = field;
+  return trimmed;
+}
+
 }  // namespace
 
 FieldSplitter FieldSplitter::Qualified(const CAssemblyFile& engine) {
@@ -125,13 +137,8 @@ class FieldSplitter::Output {
     EmitUnlessQuote(Trim(field));
   }
 
-  /// As TrimField(). Where double quotes are text like any other, one that goes without a partner is noted.
   std::string_view Trim(std::string_view field) {
-    const std::string_view trimmed = TrimField(field);
-    if (trimmed.size() != field.size() && quotesAreText_ && row_.oddQuote.empty() &&
-        LosesOneQuote(field, trimmed))
-      row_.oddQuote = field;
-    return trimmed;
+    return quotesAreText_ ? TrimText(field, row_) : TrimField(field);
   }
 
   void Finish() {
@@ -140,12 +147,6 @@ class FieldSplitter::Output {
   }
 
  private:
-  static bool LosesOneQuote(std::string_view field, std::string_view trimmed) {
-    const auto lost = [](std::string_view end) { return end.find('"') != std::string_view::npos; };
-    const auto begin = static_cast<std::size_t>(trimmed.data() - field.data());
-    return lost(field.substr(0, begin)) != lost(field.substr(begin + trimmed.size()));
-  }
-
   static void MakeRoom(FieldViews& row, std::size_t keep) {
     row.storage.resize(std::min(keep, std::max<std::size_t>(64, 2 * row.storage.size())));
   }
