@@ -2,7 +2,9 @@
 
 #include "engines/CCSVAssembly.h"
 #include "engines/CTxtAssembly.h"
+#include "engines/columns/ColumnTables.h"
 #include "support/CaseFile.h"
+#include "support/FakeFileSystem.h"
 
 #include <gtest/gtest.h>
 
@@ -80,6 +82,18 @@ TEST(SplitText, CallsAnEnginesOwnRules) {
   engine.SplitLine("a,b", fields);
   EXPECT_EQ(fields, (Fields{"a!", "b!"}));
   EXPECT_FALSE(engine.ViewSplitter().has_value());
+
+  FakeFileSystem files;
+  files.Contents["a.txt"] = "Name,Comment\r\nA1,x,y\nA2";
+  engine.Columns(RecordKind::Parts) = {"PartName", "PartComment"};
+  engine.ImportParts("a.txt");
+  auto& parts = engine.StagedRecords.Of<PartInformation>();
+  ASSERT_EQ(parts.Size(), 2u);
+  char text[256];
+  parts[0]->GetPartComment(text);
+  EXPECT_STREQ(text, "x!");
+  parts[1]->GetPartName(text);
+  EXPECT_STREQ(text, "A2!");
 }
 
 }  // namespace

@@ -188,15 +188,26 @@ TEST_F(FormatConfigurationTest, SavesAnAbsentListAsAnEmptyOne) {
 
 TEST_F(FormatConfigurationTest, WritesNothingWhenANodeCannotBe) {
   const std::string path = folder_.Write("saved.xml", "old");
-  for (const char* name : {"#comment", "Rectangular/TrueShape", "a b", ""}) {
-    SCOPED_TRACE(name);
+  const struct {
+    const char *name, *order, *other, *told;
+  } cases[] = {
+      {"#comment", "1", "", "FormatItem node error"},
+      {"Rectangular/TrueShape", "1", "", "FormatItem node error"},
+      {"a b", "1", "", "FormatItem node error"},
+      {"", "1", "", "FormatItem node error"},
+      {"Machine", "1\x01", "", "FormatItem node error"},
+      {"Machine", "1", "\x02", "can not create OptionForm node"},
+  };
+  for (const auto& test : cases) {
+    SCOPED_TRACE(test.name);
     OptionForm form;
-    form.Items = {{"PartName", "0"}, {name, "1"}};
+    form.OtherDelimiters = test.other;
+    form.Items = {{"PartName", "0"}, {test.name, test.order}};
     configuration_.Formats = FormatList{"", {form}};
     log_.Remarks.clear();
     std::string failure;
     EXPECT_FALSE(SaveToFile(configuration_, path.c_str(), &failure));
-    EXPECT_TRUE(failure.starts_with("FormatItem node error")) << failure;
+    EXPECT_TRUE(failure.starts_with(test.told)) << failure;
     EXPECT_EQ(TemporaryFolder::Read(path), "old");
     EXPECT_EQ(log_.Codes(), "file-not-written");
   }
