@@ -46,7 +46,8 @@ int ReportOn(Session& session, const CheckOptions& options, CheckReport& report)
   std::int64_t records = 0;
   ReadFile(session, manager, file, [&](void*) { ++records; });
   if (rejects) rejects->Commit();
-  report.Finish(Suggestions(file, records + report.LeftOut(), session.coding), ToUtf8(form.Name), records);
+  report.Finish(Suggestions(file, records + report.LeftOut(), report.HasMisfits(), session.coding),
+                ToUtf8(form.Name), records);
   return session.remarks.Warnings() == 0 ? kDone : kWarned;
 }
 

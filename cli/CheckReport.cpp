@@ -73,6 +73,15 @@ void CheckReport::Count(const std::string& code) {
     ++known->second;
 }
 
+bool CheckReport::HasMisfits() const {
+  constexpr DiagnosticCode kMisfits[] = {DiagnosticCode::RowTooShort, DiagnosticCode::RowTooLong,
+                                         DiagnosticCode::OpenQualifier};
+  return std::any_of(counts_.begin(), counts_.end(), [&](const auto& entry) {
+    return std::any_of(std::begin(kMisfits), std::end(kMisfits),
+                       [&](DiagnosticCode code) { return entry.first == DiagnosticCodeName(code); });
+  });
+}
+
 void CheckReport::Finish(const std::vector<Remark>& suggestions, const std::string& format,
                          std::int64_t records) {
   if (asJson_)

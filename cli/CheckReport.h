@@ -27,6 +27,9 @@ class CheckReport final : public RemarkListener {
   /// How many rows were left out so far.
   std::int64_t LeftOut() const { return leftOut_; }
 
+  /// Whether a row had too few or too many fields so far, or a qualifier was left open.
+  bool HasMisfits() const;
+
   /// Ends the report: what may help, what to do about the remarks, how many rows there were.
   void Finish(const std::vector<Remark>& suggestions, const std::string& format, std::int64_t records);
 

@@ -43,16 +43,16 @@ std::string Times(std::size_t count, const char* what) {
   return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
-/// How many fields most rows have, and how many rows have so many.
-struct Width {
-  std::size_t fields = 0;
-  std::size_t rows = 0;
-};
+constexpr char kSingleQuote = '\'';
+
+bool StandsBetween(std::string_view field, char qualifier) {
+  return field.size() > 1 && field.front() == qualifier && field.back() == qualifier;
+}
 
 class Sample {
  public:
-  Sample(std::string_view header, const std::vector<std::string_view>& rows, std::size_t columns)
-      : header_(header), rows_(rows), columns_(columns) {}
+  explicit Sample(const LayoutSample& sample)
+      : header_(sample.header), rows_(sample.rows), columns_(sample.columns) {}
 
   std::size_t Size() const { return rows_.size(); }
 
@@ -61,14 +61,7 @@ class Sample {
         rows_.begin(), rows_.end(), [&](std::string_view row) { return Fills(row, layout, columns_); }));
   }
 
-  Width UsualWidth(const Layout& layout) const {
-    std::map<std::size_t, std::size_t> rowsOfWidth;
-    for (const std::string_view row : rows_) ++rowsOfWidth[PlainFields(row, layout).size()];
-    Width usual;
-    for (const auto& [fields, rows] : rowsOfWidth)
-      if (rows >= usual.rows) usual = {fields, rows};
-    return usual;
-  }
+  Width UsualWidth(const Layout& layout) const { return qv::UsualWidth(rows_, layout); }
 
   /// Whether the layout fits header and rows, and the other one fails most rows.
   bool IsFarBetter(const Layout& layout, const Layout& than) const {
@@ -89,13 +82,53 @@ class Sample {
     return std::all_of(rows_.begin(), rows_.end(), [&](std::string_view row) {
       const auto fields = PlainFields(row, layout);
       return !fields.empty() && std::all_of(fields.begin(), fields.end(), [&](const std::string& field) {
-        return field.size() > 1 && field.front() == qualifier && field.back() == qualifier;
+        return StandsBetween(field, qualifier);
       });
     });
   }
 
+  bool HasWrapped(const Layout& layout, char qualifier) const {
+    return std::any_of(rows_.begin(), rows_.end(), [&](std::string_view row) {
+      const auto fields = PlainFields(row, layout);
+      return std::any_of(fields.begin(), fields.end(),
+                         [&](const std::string& field) { return StandsBetween(field, qualifier); });
+    });
+  }
+
+  /// Whether the layout does not take the words of a text ("Plate 3") for fields: there are more than two
+  /// columns, and one of them is of numbers.
+  bool IsMoreThanWords(const Layout& layout) const {
+    if (columns_ < 3) return false;
+    std::vector<std::size_t> rowsWithNumber(columns_);
+    for (const std::string_view row : rows_) {
+      const auto fields = PlainFields(row, layout);
+      for (std::size_t rank = 0; rank < std::min(fields.size(), columns_); ++rank)
+        rowsWithNumber[rank] += !fields[rank].empty() && fields[rank][0] >= '0' && fields[rank][0] <= '9';
+    }
+    return std::find(rowsWithNumber.begin(), rowsWithNumber.end(), Size()) != rowsWithNumber.end();
+  }
+
+  /// Whether the qualifier is there, and around fields rather than in texts as an apostrophe is, in the rows
+  /// that the other layout fails.
+  bool Encloses(const Layout& layout, const Layout& than) const {
+    const std::string around = layout.delimiters + ' ' + layout.qualifier;
+    bool isThere = false;
+    for (const std::string_view row : rows_) {
+      bool isInside = false;
+      for (std::size_t at = 0; at < row.size() && !Fills(row, than, columns_); ++at) {
+        if (row[at] != layout.qualifier) continue;
+        const bool isAtEnd = isInside ? at + 1 == row.size() : at == 0;
+        if (!isAtEnd && around.find(row[isInside ? at + 1 : at - 1]) == around.npos) return false;
+        isInside = !isInside;
+        isThere = true;
+      }
+    }
+    return isThere;
+  }
+
+  /// Whether the layout fits header and rows, and the other one fails some row.
   bool IsBetter(const Layout& layout, const Layout& than) const {
-    return columns_ > 1 && Filled(layout) == Size() && Filled(than) < Size();
+    return columns_ > 1 && Filled(layout) == Size() && Filled(than) < Size() && SplitsHeader(layout);
   }
 
   /// How many fields the layout gives, in words that stand behind "there would be".
@@ -126,6 +159,7 @@ LayoutGuess GuessDelimiter(const Sample& sample, const Layout& now, bool isCsv) 
     if (now.delimiters.find(candidate.delimiter) != std::string::npos) continue;
     const Layout other{std::string(1, candidate.delimiter), now.qualifier, candidate.treatAsOne};
     if (!sample.IsFarBetter(other, now) && !sample.IsFirstToSplit(other, now)) continue;
+    if (candidate.delimiter == ' ' && !sample.IsMoreThanWords(other)) continue;
     std::string message =
         Found(sample, now) + "; with " + candidate.shown + " there would be " + sample.WouldBe(other);
     message += isCsv ? ". A .csv file always has commas: name the file .txt and use a format with "
@@ -135,16 +169,21 @@ LayoutGuess GuessDelimiter(const Sample& sample, const Layout& now, bool isCsv) 
   return {};
 }
 
+LayoutGuess GuessWrapping(const Sample& sample, const Layout& now) {
+  if (now.qualifier == kSingleQuote || !sample.IsWrapped(now, kSingleQuote)) return {};
+  return {"suggest-qualifier", "every field stands between single quotes, which the format does not name"};
+}
+
 LayoutGuess GuessQualifier(const Sample& sample, const Layout& now) {
   constexpr std::pair<char, const char*> kQualifiers[] = {
-      {'"', "double quotes"}, {'\'', "single quotes"}, {'\0', "no text qualifier"}};
+      {'"', "double quotes"}, {kSingleQuote, "single quotes"}, {'\0', "no text qualifier"}};
   for (const auto& [qualifier, name] : kQualifiers) {
     const Layout other{now.delimiters, qualifier, now.treatAsOne};
-    if (qualifier == now.qualifier) continue;
-    if (sample.IsWrapped(now, qualifier))
-      return {"suggest-qualifier",
-              std::string("every field stands between ") + name + ", which the format does not name"};
-    if (sample.IsBetter(other, now))
+    if (qualifier == now.qualifier || !sample.IsBetter(other, now)) continue;
+    // Without a qualifier, single quotes would become a part of the texts.
+    const bool isCertain =
+        qualifier == '\0' ? !sample.HasWrapped(other, kSingleQuote) : sample.Encloses(other, now);
+    if (isCertain)
       return {"suggest-qualifier", Found(sample, now) + "; with " + name + " in the format there would be " +
                                        sample.WouldBe(other) + " in all"};
   }
@@ -205,17 +244,26 @@ bool Fills(std::string_view line, const Layout& layout, std::size_t columns) {
   return fields.size() + endsOpen >= columns && static_cast<std::size_t>(fields.rend() - last) <= columns;
 }
 
-LayoutGuess GuessLayout(std::string_view header, std::vector<std::string_view> rows, const OptionForm& form,
-                        bool isCsv, std::size_t columns) {
+Width UsualWidth(const std::vector<std::string_view>& rows, const Layout& layout) {
+  std::map<std::size_t, std::size_t> rowsOfWidth;
+  for (const std::string_view row : rows) ++rowsOfWidth[PlainFields(row, layout).size()];
+  Width usual;
+  for (const auto& [fields, count] : rowsOfWidth)
+    if (count >= usual.rows) usual = {fields, count};
+  return usual;
+}
+
+LayoutGuess GuessLayout(LayoutSample start, const OptionForm& form, bool isCsv) {
   const Layout now = LayoutOf(form, isCsv);
-  std::erase_if(rows, [&](std::string_view row) {
+  std::erase_if(start.rows, [&](std::string_view row) {
     return row.find_first_not_of(now.delimiters + ' ') == row.npos;  // it says nothing
   });
-  if (rows.empty()) return {};
-  const Sample sample(header, rows, columns);
+  const Sample sample(start);
+  if (sample.Size() == 0) return {};
+  if (!start.hasMisfits) return isCsv ? LayoutGuess() : GuessWrapping(sample, now);
   LayoutGuess guess = GuessDelimiter(sample, now, isCsv);
-  if (guess.code.empty() && !isCsv) guess = GuessQualifier(sample, now);
-  if (guess.code.empty() && !isCsv) guess = GuessTreatAsOne(sample, now);
+  for (const auto more : {GuessWrapping, GuessQualifier, GuessTreatAsOne})
+    if (guess.code.empty() && !isCsv) guess = more(sample, now);
   return guess;
 }
 

@@ -27,6 +27,21 @@ std::vector<std::string> PlainFields(std::string_view line, const Layout& layout
 /// ones may follow.
 bool Fills(std::string_view line, const Layout& layout, std::size_t columns);
 
+/// How many fields most rows have, and how many rows have so many.
+struct Width {
+  std::size_t fields = 0;
+  std::size_t rows = 0;
+};
+Width UsualWidth(const std::vector<std::string_view>& rows, const Layout& layout);
+
+/// The start of a file.
+struct LayoutSample {
+  std::string_view header;
+  std::vector<std::string_view> rows;
+  std::size_t columns;  ///< of the format
+  bool hasMisfits;      ///< an import complained of a row's fields or qualifiers, anywhere in the file
+};
+
 /// What is said of lines that another layout fits better than the format's.
 struct LayoutGuess {
   std::string code;     ///< empty: there is nothing to say
@@ -35,7 +50,6 @@ struct LayoutGuess {
 
 /// A layout that fits the rows where the format's does not, told only when they and their header leave no
 /// doubt.
-LayoutGuess GuessLayout(std::string_view header, std::vector<std::string_view> rows, const OptionForm& form,
-                        bool isCsv, std::size_t columns);
+LayoutGuess GuessLayout(LayoutSample start, const OptionForm& form, bool isCsv);
 
 }  // namespace qv

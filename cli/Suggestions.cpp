@@ -93,14 +93,26 @@ bool IsEverySecondByteNul(std::string_view bytes) {
   return bytes.size() > 3 && 3 * more > bytes.size() && 8 * fewer < more;
 }
 
-/// The usual encodings that all of the lines may be of, as a choice; the first that a file can hardly be of
-/// by accident stands alone.
-std::string EncodingsThatFit(const std::vector<std::string_view>& lines) {
+bool IsAscii(std::string_view text) {
+  return std::none_of(text.begin(), text.end(), [](char c) { return (c & 0x80) != 0; });
+}
+
+bool HasLoss(std::string_view text) { return text.find(kReplacement) != text.npos; }
+
+/// Whether bytes of the line were taken together to characters, as they hardly are by accident.
+bool IsSurelyText(const std::string& text, std::string_view line) {
+  const auto characters = std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; });
+  return !HasLoss(text) && static_cast<std::size_t>(characters) < line.size();
+}
+
+/// The usual encodings that all of the lines may be of, as a choice; UTF-8 stands alone.
+std::string EncodingsThatFit(const std::vector<std::string_view>& lines, const TextCoding& coding) {
   std::string choice;
-  for (const char* name : {"utf-8", "windows-1252", "shift_jis"}) {
+  for (const char* name : {"utf-8", "windows-1252", "cp932"}) {
     const bool fits = std::all_of(lines.begin(), lines.end(), [&](std::string_view line) {
       const auto text = DecodeText(line, name);
-      return text && text->find(kReplacement) == text->npos;
+      const std::string now = coding.Decode(line);
+      return text && !HasLoss(*text) && (!IsSurelyText(now, line) || now == *text);
     });
     if (!fits) continue;
     choice.append(choice.empty() ? "" : " or ").append(name);
@@ -119,11 +131,11 @@ class Survey {
         coding_(coding),
         columns_(ColumnsOf(file.form)) {}
 
-  std::vector<Remark> Take(std::int64_t rows) {
+  std::vector<Remark> Take(std::int64_t rows, bool hasMisfits) {
     LookAtKeywords();
     if (IsWorkbook(file_) || IsStream(file_)) return std::move(found_);
     LookAtFormat();
-    LookAtFile(rows);
+    LookAtFile(rows, hasMisfits);
     return std::move(found_);
   }
 
@@ -134,10 +146,10 @@ class Survey {
 
   void LookAtKeywords();
   void LookAtFormat();
-  void LookAtFile(std::int64_t rows);
+  void LookAtFile(std::int64_t rows, bool hasMisfits);
   bool IsOfAnotherShape(std::string_view bytes);
   void LookAtEncoding(const std::vector<std::string_view>& lines);
-  void LookAtHeader(const std::vector<std::string_view>& lines, std::size_t header);
+  void LookAtHeader(const std::vector<std::string_view>& lines, std::size_t header, std::size_t width);
   void LookAtOrder(const std::vector<std::string>& headers, std::size_t header);
   std::size_t Agreeing(std::string_view line) const;
 
@@ -180,7 +192,7 @@ void Survey::LookAtFormat() {
             "put \"true\" there by hand");
 }
 
-void Survey::LookAtFile(std::int64_t rowCount) {
+void Survey::LookAtFile(std::int64_t rowCount, bool hasMisfits) {
   const std::string bytes = ReadStart(file_);
   if (IsOfAnotherShape(bytes)) return;
   const std::vector<std::string_view> lines = LinesOf(bytes);
@@ -197,11 +209,12 @@ void Survey::LookAtFile(std::int64_t rowCount) {
   const bool isDirective =
       (header == 0 && !storedName_.empty()) || SameIgnoringCase(lines[header].substr(0, 4), "sep=");
   const LayoutGuess guess =
-      GuessLayout(lines[header + isDirective], rows, form_, IsCsv(file_), columns_.size());
+      GuessLayout({lines[header + isDirective], rows, columns_.size(), hasMisfits || columns_.empty()}, form_,
+                  IsCsv(file_));
   if (!guess.code.empty())
     Add(0, "", guess.code, "", guess.message);
   else
-    LookAtHeader(lines, header);
+    LookAtHeader(lines, header, UsualWidth(rows, LayoutOf(form_, IsCsv(file_))).fields);
 }
 
 bool Survey::IsOfAnotherShape(std::string_view bytes) {
@@ -221,21 +234,20 @@ bool Survey::IsOfAnotherShape(std::string_view bytes) {
 
 void Survey::LookAtEncoding(const std::vector<std::string_view>& lines) {
   std::int64_t firstBad = 0;
-  bool isUtf8 = false;
+  bool areOthersSure = false;
   for (std::size_t rank = 0; rank < lines.size(); ++rank) {
     const std::string_view line = lines[rank];
-    if (std::none_of(line.begin(), line.end(), [](char c) { return (c & 0x80) != 0; })) continue;
+    if (IsAscii(line) || HasLoss(line)) continue;
     const std::string text = coding_.Decode(line);
-    isUtf8 = isUtf8 || text == line;  // which no text of another encoding is by accident
-    const bool isBad = line.find(kReplacement) == line.npos && text.find(kReplacement) != text.npos;
-    if (isBad && firstBad == 0) firstBad = static_cast<std::int64_t>(rank) + 1;
+    if (firstBad == 0 && HasLoss(text)) firstBad = static_cast<std::int64_t>(rank) + 1;
+    areOthersSure = areOthersSure || IsSurelyText(text, line);
   }
   if (firstBad == 0) return;
   std::string message = "the line holds bytes that are not of the encoding";
-  if (isUtf8)
-    message += ", while other lines are of it";
-  else if (const std::string choice = EncodingsThatFit(lines); !choice.empty())
+  if (const std::string choice = EncodingsThatFit(lines, coding_); !choice.empty())
     message += "; name the file's one, such as --encoding " + choice;
+  else if (areOthersSure)
+    message += ", while other lines are of it";
   Add(firstBad, "", "suggest-encoding", "", message);
 }
 
@@ -248,7 +260,7 @@ std::size_t Survey::Agreeing(std::string_view line) const {
   return agreeing;
 }
 
-void Survey::LookAtHeader(const std::vector<std::string_view>& lines, std::size_t header) {
+void Survey::LookAtHeader(const std::vector<std::string_view>& lines, std::size_t header, std::size_t width) {
   const auto wanted = static_cast<std::size_t>(std::count_if(
       columns_.begin(), columns_.end(), [](const FormatColumn& c) { return c.keyword != kIgnore; }));
   if (wanted < 2 || Agreeing(lines[header]) == wanted) return;
@@ -261,8 +273,9 @@ void Survey::LookAtHeader(const std::vector<std::string_view>& lines, std::size_
   if (header == 0 && !storedName_.empty())
     Add(1, "", "suggest-header-line", "",
         "the line that names the file's format is taken for the header row, as the format's start line is 1");
-  else
-    LookAtOrder(PlainFields(lines[header], LayoutOf(form_, IsCsv(file_))), header);
+  else if (const auto headers = PlainFields(lines[header], LayoutOf(form_, IsCsv(file_)));
+           headers.size() == width || headers.size() == columns_.size())
+    LookAtOrder(headers, header);  // one more or fewer may be a header that holds a delimiter
 }
 
 void Survey::LookAtOrder(const std::vector<std::string>& headers, std::size_t header) {
@@ -282,8 +295,9 @@ void Survey::LookAtOrder(const std::vector<std::string>& headers, std::size_t he
 
 }  // namespace
 
-std::vector<Remark> Suggestions(const DataFile& file, std::int64_t rows, const TextCoding& coding) {
-  return Survey(file, coding).Take(rows);
+std::vector<Remark> Suggestions(const DataFile& file, std::int64_t rows, bool hasMisfits,
+                                const TextCoding& coding) {
+  return Survey(file, coding).Take(rows, hasMisfits);
 }
 
 }  // namespace qv
