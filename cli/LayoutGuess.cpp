@@ -114,8 +114,9 @@ class Sample {
     const std::string around = layout.delimiters + ' ' + layout.qualifier;
     bool isThere = false;
     for (const std::string_view row : rows_) {
+      if (Fills(row, than, columns_)) continue;
       bool isInside = false;
-      for (std::size_t at = 0; at < row.size() && !Fills(row, than, columns_); ++at) {
+      for (std::size_t at = 0; at < row.size(); ++at) {
         if (row[at] != layout.qualifier) continue;
         const bool isAtEnd = isInside ? at + 1 == row.size() : at == 0;
         if (!isAtEnd && around.find(row[isInside ? at + 1 : at - 1]) == around.npos) return false;
