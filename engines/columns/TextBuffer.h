@@ -37,7 +37,11 @@ class TextBuffer {
     return *this;
   }
 
-  TextBuffer& operator+=(char character) { return *this += std::string_view(&character, 1); }
+  TextBuffer& operator+=(char character) {
+    *Room(1) = character;
+    ++end_;
+    return *this;
+  }
 
  private:
   [[gnu::noinline]] void MakeRoom(std::size_t size) {
