@@ -60,16 +60,17 @@ RecordList<Record>::~RecordList() {
 template <class Record>
 Record& RecordList<Record>::Begin() {
   DropBegun();
-  if (built_ == Capacity()) AddBlock();
-  Record* const record = new (Built(built_)) Record;
+  if (next_ == blockEnd_) AddBlock();
+  new (next_) Record;
   hasBegun_ = true;
-  return *record;
+  return *next_;
 }
 
 template <class Record>
 bool RecordList<Record>::Keep() {
-  if (handler_ != nullptr) return handler_(Built(built_), handlerContext_);
+  if (handler_ != nullptr) return handler_(next_, handlerContext_);
   hasBegun_ = false;
+  ++next_;
   ++built_;
   return true;
 }
@@ -82,21 +83,19 @@ void RecordList<Record>::HandTo(RecordHandler<Record> handler, void* context) {
 
 template <class Record>
 void RecordList<Record>::DropBegun() {
-  if (hasBegun_) std::destroy_at(Built(built_));
+  if (hasBegun_) std::destroy_at(next_);
   hasBegun_ = false;
 }
 
 template <class Record>
 void RecordList<Record>::AddBlock() {
-  blocks_.push_back(nullptr);
-  try {
-    blocks_.back() = static_cast<Record*>(blocks_.size() == 1 ? ::operator new(kFirstBlockSize)
-                                                              : qv::AcquireLargeBlock(kBlockSize));
-    if (blocks_.back() == nullptr) throw std::bad_alloc();
-  } catch (...) {
-    blocks_.pop_back();
-    throw;
-  }
+  blocks_.reserve(blocks_.size() + 1);
+  const bool isFirst = blocks_.empty();
+  void* const block = isFirst ? ::operator new(kFirstBlockSize) : qv::AcquireLargeBlock(kBlockSize);
+  if (block == nullptr) throw std::bad_alloc();
+  next_ = static_cast<Record*>(block);
+  blockEnd_ = next_ + (isFirst ? kInFirst : kInBlock);
+  blocks_.push_back(next_);
 }
 
 template <class Record>
@@ -154,6 +153,7 @@ void RecordList<Record>::Clear() {
   for (std::size_t rank = 0; rank < built_; ++rank) std::destroy_at(Built(rank));
   for (std::size_t block = 0; block < blocks_.size(); ++block) FreeBlock(blocks_[block], block == 0);
   built_ = 0;
+  next_ = blockEnd_ = nullptr;
   blocks_.clear();
   staged_.clear();
 }

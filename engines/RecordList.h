@@ -89,13 +89,14 @@ class RecordList {
     const std::size_t later = rank - kInFirst;
     return blocks_[1 + later / kInBlock] + later % kInBlock;
   }
-  std::size_t Capacity() const { return blocks_.empty() ? 0 : kInFirst + (blocks_.size() - 1) * kInBlock; }
   Record* Staged(std::size_t rank) const;
   void AddBlock();
   static void FreeBlock(Record* block, bool isFirst);
   void DropBegun();
 
   std::vector<Record*> blocks_;
+  Record* next_ = nullptr;  // the place for the next record, in the last block
+  Record* blockEnd_ = nullptr;
   std::size_t built_ = 0;
   bool hasBegun_ = false;
   std::vector<std::shared_ptr<qv::AttachedRecord>> staged_;
