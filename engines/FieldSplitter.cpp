@@ -107,19 +107,18 @@ const char* FieldSplitter::SplitRow(const char* begin, FieldViews& out) {
 class FieldSplitter::Output {
  public:
   Output(const FieldSplitter& splitter, FieldViews& row)
-      : row_(row), keep_(splitter.keep_), quotesAreText_(splitter.ClassOf('"') == kOrdinary) {
-    Continue(0);
+      : splitter_(splitter), row_(row), next_(row.storage.data()), limit_(Limit()) {
+    row.total = 0;
   }
 
   void Emit(std::string_view field) {
     if (next_ == limit_) {
-      const auto kept = static_cast<std::size_t>(next_ - row_.storage.data());
-      if (kept == keep_) {
-        ++dropped_;
+      next_ = MakeRoom(splitter_, row_);
+      if (next_ == nullptr) {
+        next_ = limit_;
         return;
       }
-      MakeRoom(row_, keep_);
-      Continue(kept);
+      limit_ = Limit();
     }
     *next_++ = field;
   }
@@ -138,30 +137,35 @@ class FieldSplitter::Output {
   }
 
   std::string_view Trim(std::string_view field) {
-    return quotesAreText_ ? TrimText(field, row_) : TrimField(field);
+    return splitter_.ClassOf('"') == kOrdinary ? TrimText(field, row_) : TrimField(field);
   }
 
   void Finish() {
     row_.fields = {row_.storage.data(), next_};
-    row_.total = row_.fields.size() + dropped_;
+    row_.total += row_.fields.size();
   }
 
  private:
-  static void MakeRoom(FieldViews& row, std::size_t keep) {
-    row.storage.resize(std::min(keep, std::max<std::size_t>(64, 2 * row.storage.size())));
+  std::string_view* Limit() const {
+    return row_.storage.data() + std::min(splitter_.keep_, row_.storage.size());
   }
 
-  void Continue(std::size_t kept) {
-    next_ = row_.storage.data() + kept;
-    limit_ = row_.storage.data() + std::min(keep_, row_.storage.size());
+  /// For when the storage is full: where the next field goes; null, with one more in `total`, when it is not
+  /// to be kept.
+  [[gnu::noinline]] static std::string_view* MakeRoom(const FieldSplitter& splitter, FieldViews& row) {
+    const std::size_t kept = row.storage.size();
+    if (kept >= splitter.keep_) {
+      ++row.total;
+      return nullptr;
+    }
+    row.storage.resize(std::min(splitter.keep_, std::max<std::size_t>(64, 2 * kept)));
+    return row.storage.data() + kept;
   }
 
+  const FieldSplitter& splitter_;
   FieldViews& row_;
-  const std::size_t keep_;
-  const bool quotesAreText_;
   std::string_view* next_;
   std::string_view* limit_;
-  std::size_t dropped_ = 0;
 };
 
 // The line without the carriage return that belongs to its line feed.
