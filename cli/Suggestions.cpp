@@ -198,7 +198,8 @@ void Survey::LookAtFile(std::int64_t rowCount, bool hasMisfits) {
   const std::vector<std::string_view> lines = LinesOf(bytes);
   LookAtEncoding(lines);
   const auto header = static_cast<std::size_t>(std::max(form_.StartLine, 1)) - 1;
-  if (rowCount == 0)
+  const bool isRemarkedOn = !lines.empty() && header >= lines.size();
+  if (rowCount == 0 && !isRemarkedOn)
     Add(0, "", "suggest-rows", "",
         bytes.empty() ? "the file is empty"
                       : "the file has no row below line " + std::to_string(header + 1) +

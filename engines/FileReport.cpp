@@ -63,4 +63,10 @@ void FileReport::TellCell(Remark remark, std::int64_t line, std::string_view col
   }
 }
 
+void FileReport::TellNoHeaderRow(std::int64_t lines, int headerRow) const {
+  Tell(DiagnosticCode::NoHeaderRow, lines, {}, {}, {},
+       "the list ends before line " + std::to_string(headerRow) +
+           ", which is to be the header row; nothing is read");
+}
+
 }  // namespace qv

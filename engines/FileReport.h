@@ -24,6 +24,9 @@ class FileReport {
   void TellCell(Remark remark, std::int64_t line, std::string_view column, std::string_view text,
                 std::string_view stored) const;
 
+  /// The list has no more than `lines` lines and thus no header row.
+  void TellNoHeaderRow(std::int64_t lines, int headerRow) const;
+
  private:
   std::string file_;
   bool wanted_;

@@ -54,9 +54,7 @@ bool ImportRows(CTxtAssembly& engine, const char* path) {
     if (readsRows) ReadRows<Record>(engine, rows, report, remarks);
     engine.ReadHeaderOnly = false;
   } else if (readsRows && !lines.HasFailed() && rows.LineNumber() > 0) {
-    report.Tell(DiagnosticCode::NoHeaderRow, rows.LineNumber(), {}, {}, {},
-                "the file ends before line " + std::to_string(engine.StartLine) +
-                    ", which is to be the header row; nothing is read");
+    report.TellNoHeaderRow(rows.LineNumber(), engine.StartLine);
   }
   if (readsRows && lines.WasCutOff())
     report.Tell(DiagnosticCode::EndOfText, rows.LineNumber(), {}, {}, {},

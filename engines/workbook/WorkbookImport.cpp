@@ -67,6 +67,7 @@ class SheetRow {
 template <class Record>
 void ReadRows(CAssemblyFile& engine, OpenedSheet& sheet, const FileReport& report) {
   const std::int32_t headerRow = HeaderRow(engine);
+  if (headerRow > sheet.rows) return report.TellNoHeaderRow(sheet.rows, headerRow);
   const RecordBuilder<Record> builder(engine.Columns(KindTraits<Record>::kKind), report, headerRow);
   RecordList<Record>& records = engine.StagedRecords.Of<Record>();
   SheetRow cells(sheet.columns, builder.ColumnCount());
