@@ -12,7 +12,7 @@ Texts are copied byte by byte, whatever they encode.
 
 Examples:
   qvassembly convert --kind parts --from orders --to laser-list parts.csv list.txt
-  qvassembly convert --kind tools tools.txt tools.csv)";
+  qvassembly convert --kind tools --to tools tools.txt tools.csv)";
 
 struct ConvertOptions {
   FileOptions in;  // with the kind and the configuration of both

@@ -18,7 +18,8 @@ record per line. A key that is left out keeps the record's default.
 
 Examples:
   qvassembly export --kind parts --format orders --records parts.json parts.csv
-  make-list | qvassembly export --kind job-progress --records - progress.txt)";
+  make-list | qvassembly export --kind job-progress --format job-progress \
+    --records - progress.txt)";
 
 struct ExportOptions : FileOptions {
   std::string records;

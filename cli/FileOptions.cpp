@@ -5,7 +5,8 @@
 namespace qv {
 
 void AddKindOption(CLI::App& command, FileOptions& options, const std::string& kinds) {
-  command.add_option("--kind", options.kind, "what the file lists: " + kinds)->type_name("KIND");
+  command.add_option("--kind", options.kind, "what the file lists: " + kinds + " (required)")
+      ->type_name("KIND");
 }
 
 void AddConfigOption(CLI::App& command, std::optional<std::string>& config) {

@@ -13,7 +13,9 @@ namespace qv {
 namespace {
 
 constexpr const char* kFormatNameFooter = R"(
-A text file carries the name of its format in its first line.
+A text file carries the name of its format in its first line. "set" replaces that
+line, or puts one above the first line: it is meant for formats whose header row
+is below line 1. Whether there is such a format is not checked.
 
 Examples:
   qvassembly format-name get list.txt

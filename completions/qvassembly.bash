@@ -122,7 +122,7 @@ _qvassembly() {
   elif [ $arguments = 0 ]; then
     case $command in
       'formats show' | 'formats remove' | 'formats use' | 'formats add') _qvassembly_offer < <(_qvassembly_formats) ;;
-      *) _qvassembly_offer_files 'csv|txt|xls' ;;
+      import | export | convert | headers | check | format-name*) _qvassembly_offer_files 'csv|txt|xls' ;;
     esac
   elif [ $arguments = 1 ]; then
     case $command in

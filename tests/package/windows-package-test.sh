@@ -35,6 +35,11 @@ lib/libQVAssemblyFile.dll.a
 lib/pkgconfig/QVAssemblyFile.pc
 share/doc/QVAssemblyFile/CHANGELOG.md
 share/doc/QVAssemblyFile/README.md
+share/doc/QVAssemblyFile/docs/images/dialog-linux.png
+share/doc/QVAssemblyFile/docs/images/dialog-windows-144dpi.png
+share/doc/QVAssemblyFile/docs/images/dialog-windows.png
+share/doc/QVAssemblyFile/docs/performance.md
+share/doc/QVAssemblyFile/docs/reliability.md
 share/doc/QVAssemblyFile/licences/CLI11.txt
 share/doc/QVAssemblyFile/licences/GPL-3.txt
 share/doc/QVAssemblyFile/licences/gcc-runtime.txt
