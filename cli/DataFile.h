@@ -31,7 +31,7 @@ void ReadFile(Session& session, CAssemblyFileMgr& manager, const DataFile& file,
 void WriteFile(Session& session, const DataFile& file, const FeedRecords& feed);
 
 /// Writes the records of one data file to another, one by one. Throws in the same way; the other file then
-/// stands as it was.
+/// stays as it was.
 void ConvertFile(Session& session, const DataFile& from, const DataFile& to);
 
 /// The headers of the data file, in UTF-8, without reading more of the file than its start. Throws in the

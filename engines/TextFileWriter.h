@@ -26,7 +26,7 @@ class TextFileWriter {
     if (pending_.Size() >= kBlockSize) WritePending();
   }
 
-  /// False, with Reason() set, when the target stands as it was.
+  /// False, with Reason() set, when the target stays as it was.
   bool Commit() {
     WritePending();
     return open_ && file_.Commit();

@@ -11,8 +11,8 @@ struct FormatConfiguration {
 };
 
 /// Reads the XML file at `path` into the configuration. A missing or malformed file gives the default
-/// configuration and true, with a diagnostic. False for a null or empty path (the list stays) and when the
-/// platform has no XML document to give.
+/// configuration and true, with a diagnostic. False for a null or empty path (the list stays), when the file
+/// could be read in part only (which is kept), and when the platform has no XML document to give.
 bool LoadFromFile(FormatConfiguration& configuration, const char* path);
 
 /// Writes the configuration to `path`, keeping the old file until the new one is whole. False when a format

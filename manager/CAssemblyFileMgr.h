@@ -23,11 +23,12 @@ struct FormatConfiguration;
 /// was read.
 ///
 /// Text is narrow, in the system's code page (UTF-8 elsewhere than on Windows). Imports and exports return
-/// true as soon as the file's type is supported, whatever was read or written; what was not taken as it stood
-/// is told to the diagnostic handler (Diagnostics.h). A manager and its copies belong to one thread, which
-/// for ASSOptionDlgShow must be one that may show modal windows.
+/// true whenever the file's type is supported, whatever was read or written; what was not taken as it stood
+/// is told to the diagnostic handler (Diagnostics.h). A manager and its copies together belong to one thread
+/// at a time, which for ASSOptionDlgShow must be one that may show modal windows. Only std::bad_alloc is
+/// thrown.
 ///
-/// A copy shares the format configuration and the engine with its source, and the attached records too.
+/// A copy shares the format configuration and the engine with its source, and the records attached so far.
 /// Destroying both is safe.
 class QVASSEMBLY_API CAssemblyFileMgr {
  public:
@@ -39,19 +40,22 @@ class QVASSEMBLY_API CAssemblyFileMgr {
   /// but never exported stay the host's.
   ~CAssemblyFileMgr();
 
-  /// Reads the format file. A missing or malformed file gives the built-in format "Form1" and true; a null or
-  /// empty path gives false and leaves the formats alone.
+  /// Reads the format file. A missing or malformed file gives the built-in format "Form1" and true; one that
+  /// is XML of another kind gives the formats that it holds, maybe none, and true. A null or empty path gives
+  /// false and leaves the formats alone; false also when the file could be read in part only, whose formats
+  /// are kept, and without an XML parser.
   bool LoadFormatConfiguration(const char* path);
 
   /// Shows the format option dialog and reloads `configPath` when it ends with OK. `mode` offers the header
   /// button, `text` names the format to select (null or empty: the current one), `secondPath` is a sample
-  /// file whose headers can be shown, `option` is kept for the host. Does nothing where the build has no
-  /// dialog, except to say so in a message box.
+  /// file whose headers can be shown, `parent` owns the dialog on Windows; `option` is not used. Does nothing
+  /// where the build has no dialog, except to say so in a message box.
   void ASSOptionDlgShow(bool mode, char* text, HWND parent, const char* configPath, const char* secondPath,
                         int option);
 
-  /// The formats, in file order. Name buffers hold 100 characters; a longer name, or a rank outside the list,
-  /// is an invalid parameter, which ends the process. A null buffer is ignored.
+  /// The formats, in file order. Name buffers hold 99 bytes and the NUL; a longer name (for GetStartLine
+  /// too), or a rank outside the list, is an invalid parameter, which ends the process. A null buffer is
+  /// ignored.
   int GetFormatsCount();
   void GetFormatAtRank(int rank, char* name);
   void GetCurrentFormat(char* name);
@@ -62,8 +66,10 @@ class QVASSEMBLY_API CAssemblyFileMgr {
   /// True when the current format identifies parts by name only.
   bool IsPartNameOnly();
 
-  /// Read the file at `path` with the current format. The records belong to the library until the next
-  /// import, export or format-name call. False when the file type is not supported.
+  /// Read the file at `path` with the current format. The records are the library's, and live until the next
+  /// import, export (Read… and Write… too) or format-name call of this manager, ClearParts or ClearTools, or
+  /// the end of it and its copies. False when the file type is not supported. Inventory and library are not
+  /// read from workbooks: true, no record and no remark.
   bool ImportAssemblyFile(char* path);
   bool ImportToolsAssemblyFile(char* path);
   bool ImportMatsAssemblyFile(char* path);
@@ -95,7 +101,8 @@ class QVASSEMBLY_API CAssemblyFileMgr {
 
   /// The same exports for lists of any length: `feed` is called with a sink that writes each record as it
   /// comes. Attached records are not written, and no record changes its owner. A workbook is made of copies
-  /// of the records, once the feed has come to its end. The feed is not called when the file cannot be begun.
+  /// of the records, once the feed has come to its end. The feed is not called for
+  /// a text file that cannot be begun.
   bool WriteAssemblyFile(char* path, RecordFeed<PartInformation> feed, void* context);
   bool WriteToolsInfoAssemblyFile(char* path, RecordFeed<ToolInformation> feed, void* context);
   bool WriteMatsInfoAssemblyFile(char* path, RecordFeed<MaterialInfomation> feed, void* context);
@@ -103,7 +110,8 @@ class QVASSEMBLY_API CAssemblyFileMgr {
   bool WritePrtInfoAssemblyFile(char* path, RecordFeed<PrtInfo> feed, void* context);
   bool WriteJobProgressAssemblyFile(char* path, RecordFeed<JobProgressInfo> feed, void* context);
 
-  /// What the last import read; 0 and null without one. A rank outside the list gives null.
+  /// What the last import read or the last export wrote; 0 and null without one. A rank outside the list
+  /// gives null.
   int GetPartsCount();
   PartInformation* GetPartInfoAtRank(int rank);
   int GetToolsCount();
@@ -123,8 +131,8 @@ class QVASSEMBLY_API CAssemblyFileMgr {
   void ClearParts();
   void ClearTools();
 
-  /// The fields of the header row of the last import. `header` holds 256 characters; a rank outside the list
-  /// is an invalid parameter, which ends the process.
+  /// The fields of the header row of the last import. `header` holds 256 bytes, and a longer field is cut to
+  /// 255; a rank outside the list is an invalid parameter, which ends the process.
   int GetHeaderCount();
   void GetHeaderAtRank(int rank, char* header);
   void GetPartHeaders(std::vector<std::string>& headers);
@@ -143,11 +151,12 @@ class QVASSEMBLY_API CAssemblyFileMgr {
   bool OpenAssemblyFile();
 
   /// The format name stored in the file at `path`, when the configuration holds a format of that name;
-  /// otherwise `name` is left alone. `name` holds 256 characters. "%%" in a stored name gives "%", other
-  /// directives nothing.
+  /// otherwise `name` is left alone. `name` holds 256 bytes, and a longer name is cut to 254. "%%" in a
+  /// stored name gives "%", other directives nothing.
   void GetCurrentFormatFromFile(char* name, char* path);
-  /// Makes the file at `path` carry `name` in its first line. The file is replaced as a whole or left as it
-  /// is.
+  /// Makes the text file at `path` carry `name`, which is not checked, in its first line: in place of the
+  /// name there, or in a line put above. The file is replaced as a whole or left as it is. A workbook is left
+  /// as it is.
   void SetCurrentFormatToFile(const char* name, const char* path);
 
  private:

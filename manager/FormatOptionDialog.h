@@ -11,11 +11,11 @@ struct FormatOptionRequest {
   HWND parent = nullptr;
   std::string configPath;  ///< the format file that is edited
   std::string samplePath;  ///< a data file whose headers can be shown; may be empty
-  int option = 0;          ///< kept for the host
+  int option = 0;          ///< not used
 };
 
-/// Why the dialog cannot be shown here, as a sentence for a person; empty when it can. Defined by dialogs/, as
-/// is the next.
+/// Why the dialog cannot be shown here, as a sentence for a person; empty when it can. Defined by dialogs/,
+/// as is the next.
 std::string WhyNoFormatOptionDialog();
 
 /// Runs the dialog modally; true when it ended with OK and the format file was saved. Where it cannot be

@@ -9,8 +9,9 @@
 /// reports fifty of them still returns true, as it does without a handler.
 enum class DiagnosticCode {
   FileNotOpened,         ///< the file could not be opened or read to its end; nothing (more) was read
-  FileNotWritten,        ///< the file could not be written whole; an existing one stands as it was
-  ConfigurationInvalid,  ///< the format file is not well formed or not a format file
+  FileNotWritten,        ///< the file could not be written whole; an existing one stays as it was
+  ConfigurationInvalid,  ///< the format file is not well formed (the built-in format is used) or not a format
+                         ///< file
   ConfigurationMissing,  ///< the format file is not there; the built-in format is used
   UnsupportedFileType,   ///< the extension is none of .txt, .csv, .xls
   NoSpreadsheet,         ///< no spreadsheet application could be started
@@ -20,7 +21,7 @@ enum class DiagnosticCode {
   InvalidPosition,       ///< the Order text of a format's item is no column position
   RowLeftOut,            ///< a row gave no record
   RowTooShort,           ///< a row has fewer fields than the format has columns
-  NoHeaderRow,           ///< the file ends before the line of the header row
+  NoHeaderRow,           ///< the file or worksheet ends before the line of the header row
   NoColumns,             ///< the format has no columns for this kind of record
   RowTooLong,            ///< a row has more fields than the format has columns; the surplus was ignored
   NotANumber,            ///< no digits; stored as 0
@@ -44,7 +45,7 @@ QVASSEMBLY_API const char* DiagnosticCodeName(DiagnosticCode code);
 
 /// One remark. `line` is the 1-based physical line (worksheet row) or 0 where the remark is about the whole
 /// file; `column` is the column's keyword or empty; `text` is the text as found, `stored` what went into the
-/// record.
+/// record. Texts are in the system's code page, those out of a file as its bytes are.
 struct Diagnostic {
   std::string file;
   std::int64_t line = 0;
@@ -55,14 +56,15 @@ struct Diagnostic {
   std::string message;  ///< one sentence for a person
 };
 
-/// Called on the thread that runs the import or export, before the call returns. It must not throw, and must
-/// not call back into the manager that is at work.
+/// Called on the thread that is inside the library, before the call returns. It must not throw, and must not
+/// call back into the manager that is at work.
 using DiagnosticHandler = void (*)(const Diagnostic& diagnostic, void* context);
 
 /// Sets the process's handler; null (the default) means silence. Not to be called while another thread is
 /// inside the library.
 QVASSEMBLY_API void SetDiagnosticHandler(DiagnosticHandler handler, void* context);
 
+// The library's own; not exported.
 namespace qv {
 
 /// Cheap test, for code that would otherwise prepare a remark nobody hears.

@@ -2,7 +2,8 @@
 
 #include <QVAssemblyFile/Export.h>
 
-/// Receives the text of a message box instead of the user.
+/// Receives the text of a message box, in the system's code page, instead of the user, on the thread that is
+/// inside the library. It must not throw, and must not call back into the manager that is at work.
 using MessageBoxHandler = void (*)(const char* text, void* context);
 
 /// Replaces the message box (Windows: a modal box with an OK button, owned by the active window; elsewhere: a
@@ -10,6 +11,7 @@ using MessageBoxHandler = void (*)(const char* text, void* context);
 /// while another thread is inside the library.
 QVASSEMBLY_API void SetMessageBoxHandler(MessageBoxHandler handler, void* context);
 
+// The library's own; not exported.
 namespace qv {
 
 /// Shows `text` through the handler or the platform's message box.

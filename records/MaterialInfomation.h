@@ -25,7 +25,7 @@ class QVASSEMBLY_API MaterialInfomation {
   CString GetPierceHoleTool();
   void SetPierceHoleTool(CString text);
 
-  /// A text setter keeps the first 259 characters and ignores null. A text getter needs a buffer of 260
+  /// A text setter keeps the first 259 bytes and ignores null. A text getter needs a buffer of 260
   /// bytes, writes the text with its terminator and a NUL into the last byte, and ignores null.
   void GetMatFile(char* buffer);
   void SetMatFile(const char* text);

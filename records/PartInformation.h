@@ -10,7 +10,7 @@
 
 /// One part of a job: one row of a parts file.
 ///
-/// Texts are narrow, in the system's code page, at most 255 characters long. Units and the words of the
+/// Texts are narrow, in the system's code page, at most 255 bytes long. Units and the words of the
 /// choices are the host's; nothing is checked. A copy is a plain copy of every field. A record belongs to one
 /// thread at a time.
 class QVASSEMBLY_API PartInformation {
@@ -19,7 +19,7 @@ class QVASSEMBLY_API PartInformation {
   PartInformation& operator=(const PartInformation& other);
   ~PartInformation();
 
-  /// A text setter keeps the first 255 characters and ignores null. A text getter needs a buffer of 256
+  /// A text setter keeps the first 255 bytes and ignores null. A text getter needs a buffer of 256
   /// bytes, writes the text with its terminator and a NUL into the last byte, and ignores null.
   void GetPartName(char* buffer);
   void SetPartName(const char* text);

@@ -7,7 +7,7 @@
 #include <vector>
 
 /// A tool that a part program uses. Like all elements of a part program's lists it is a plain structure that
-/// the host fills itself, with terminated narrow texts of at most 259 characters. A fresh one is empty.
+/// the host fills itself, with terminated narrow texts of at most 259 bytes. A fresh one is empty.
 struct QVASSEMBLY_API UsedToolInfo {
   int ToolShape = 0;
   char ToolType[260] = "";
@@ -34,7 +34,8 @@ struct QVASSEMBLY_API BendInfo {
   char BendComments[260] = "";
 };
 
-/// One part program with its used tools, holes and bends: one row of a part-programs file.
+/// One part program with its used tools, holes and bends: one row of a part-programs file that is
+/// read, and as many as its longest list has elements when one is written.
 ///
 /// Texts are narrow, in the system's code page. Units and codes are the host's; nothing is checked.
 /// Everything in a fresh record is empty or 0. A copy has lists of its own. A record belongs to one thread at
@@ -46,7 +47,7 @@ class QVASSEMBLY_API PrtInfo {
   PrtInfo& operator=(const PrtInfo& other);
   ~PrtInfo();
 
-  /// A text setter keeps the first 259 characters and ignores null. A text getter needs a buffer of 260
+  /// A text setter keeps the first 259 bytes and ignores null. A text getter needs a buffer of 260
   /// bytes, writes the text with its terminator and a NUL into the last byte, and ignores null.
   void GetPartName(char* buffer);
   void SetPartName(const char* text);
@@ -73,7 +74,7 @@ class QVASSEMBLY_API PrtInfo {
   void GetClampPosition(char* buffer);
   void SetClampPosition(const char* text);
 
-  /// Numbers.
+  /// Sizes, margins and times, in the host's units.
   float GetPartSizeX();
   void SetPartSizeX(float value);
   float GetPartSizeY();

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstddef>
 
-/// The kinds of record that an assembly file may list. The order is that of the engine's flags and lists.
+/// The kinds of record that an assembly file may list.
 enum class RecordKind {
   Parts,
   Tools,

@@ -16,7 +16,7 @@ template <class Record>
 class RecordSink {
  public:
   /// Writes the record, which stays the caller's. False when the file cannot be written any more; what is
-  /// written then is lost, and the file stands as it was.
+  /// written then is lost, and the file stays as it was.
   virtual bool Write(const Record& record) = 0;
 
  protected:
@@ -24,7 +24,7 @@ class RecordSink {
 };
 
 /// Writes the records of a file into the sink, which is gone when the call returns. False gives the file up:
-/// it stands as it was, and nothing is told about it.
+/// it stays as it was, and nothing is told about it.
 ///
 /// Called once, on the thread that writes. It must not throw, and must not call back into the manager at
 /// work; another manager may read meanwhile, even the same file.

@@ -10,7 +10,7 @@
 
 /// One nested sheet: one row of a sheets file. Sizes, thickness and run time are texts in the host's form.
 ///
-/// Texts are narrow, in the system's code page, at most 259 characters long, and empty in a fresh record. A
+/// Texts are narrow, in the system's code page, at most 259 bytes long, and empty in a fresh record. A
 /// copy is a plain copy of every field. A record belongs to one thread at a time.
 class QVASSEMBLY_API ShtInfo {
  public:
@@ -18,7 +18,7 @@ class QVASSEMBLY_API ShtInfo {
   ShtInfo& operator=(const ShtInfo& other);
   ~ShtInfo();
 
-  /// A text setter keeps the first 259 characters and ignores null. A text getter needs a buffer of 260
+  /// A text setter keeps the first 259 bytes and ignores null. A text getter needs a buffer of 260
   /// bytes, writes the text with its terminator and a NUL into the last byte, and ignores null.
   void GetSheetName(char* buffer);
   void SetSheetName(const char* text);

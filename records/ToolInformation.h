@@ -12,7 +12,7 @@
 
 /// One punching tool: one row of a tools file.
 ///
-/// Texts are narrow, in the system's code page; all but the punch conditions are at most 255 characters long.
+/// Texts are narrow, in the system's code page; all but the punch conditions are at most 255 bytes long.
 /// Units and codes are the host's; nothing is checked. A copy has a punch-condition text of its own. A record
 /// belongs to one thread at a time.
 class QVASSEMBLY_API ToolInformation {
@@ -21,7 +21,7 @@ class QVASSEMBLY_API ToolInformation {
   ToolInformation& operator=(const ToolInformation& other);
   ~ToolInformation();
 
-  /// A text setter keeps the first 255 characters and ignores null. A text getter needs a buffer of 256
+  /// A text setter keeps the first 255 bytes and ignores null. A text getter needs a buffer of 256
   /// bytes, writes the text with its terminator and a NUL into the last byte, and ignores null.
   void GetToolShape(char* buffer);
   void SetToolShape(const char* text);
