@@ -3,7 +3,25 @@
 #include "dialogs/SampleHeaders.h"
 #include "platform/MessageBox.h"
 
+#include <utility>
+
 namespace qv {
+namespace {
+
+/// Raises a flag for as long as it lives.
+class Raised {
+ public:
+  explicit Raised(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+  ~Raised() { flag_ = before_; }
+  Raised(const Raised&) = delete;
+  Raised& operator=(const Raised&) = delete;
+
+ private:
+  bool& flag_;
+  const bool before_;
+};
+
+}  // namespace
 
 FormatOptionPresenter::FormatOptionPresenter(const FormatOptionRequest& request,
                                              const std::string& settingsFile)
@@ -42,7 +60,7 @@ void FormatOptionPresenter::ShowColumns() {
 }
 
 void FormatOptionPresenter::Run(OptionCommand command) {
-  if (isShowing_) return;
+  if (isShowing_ || isWaiting_) return;
   switch (command) {
     case OptionCommand::ToggleHeaders:
       return ToggleHeaders();
@@ -99,6 +117,7 @@ void FormatOptionPresenter::ToggleHeaders() {
 }
 
 void FormatOptionPresenter::RefreshHeaders() {
+  const Raised waiting(isWaiting_);
   std::string complaint;
   if (!view_->TakeControls(model_.Controls(), complaint)) return Tell(complaint);
   std::vector<std::string> headers = ReadSampleHeaders(request_.samplePath, model_.Form());
@@ -116,6 +135,7 @@ void FormatOptionPresenter::Ok() {
 }
 
 void FormatOptionPresenter::Tell(const std::string& sentence) {
+  const Raised waiting(isWaiting_);
   if (!TellMessageHandler(sentence.c_str())) view_->Tell(sentence);
 }
 

@@ -37,6 +37,7 @@ class FormatOptionPresenter : public FormatOptionCommands {
   FormatOptionView* view_ = nullptr;
   bool areHeadersShown_ = false;
   bool isShowing_ = false;  // what toolkits tell when a control is changed for them is no command
+  bool isWaiting_ = false;  // a box or a spreadsheet is; not every window is disabled meanwhile
 };
 
 }  // namespace qv

@@ -7,12 +7,23 @@ namespace {
 // One dialog at a time runs on a thread.
 thread_local HWND shownHeaders = nullptr;
 
-// The modal loop of the dialog knows nothing of this window's Tab, Enter and Escape.
-LRESULT CALLBACK TakeKeys(int code, WPARAM wide, LPARAM message) {
-  if (code == MSGF_DIALOGBOX && shownHeaders != nullptr &&
-      IsDialogMessageW(shownHeaders, reinterpret_cast<MSG*>(message)) != FALSE)
-    return TRUE;
-  return CallNextHookEx(nullptr, code, wide, message);
+bool IsForHeaders(const MSG& message) {
+  return shownHeaders != nullptr &&
+         (message.hwnd == shownHeaders || IsChild(shownHeaders, message.hwnd) != FALSE);
+}
+
+// The modal loop of the dialog knows nothing of this window's Tab, Enter and Escape. To look at a message
+// calls this function again.
+LRESULT CALLBACK TakeKeys(int code, WPARAM wide, LPARAM parameter) {
+  thread_local bool isLooking = false;
+  MSG& message = *reinterpret_cast<MSG*>(parameter);
+  if (code == MSGF_DIALOGBOX && !isLooking && IsForHeaders(message)) {
+    isLooking = true;
+    const bool isTaken = IsDialogMessageW(shownHeaders, &message) != FALSE;
+    isLooking = false;
+    if (isTaken) return TRUE;
+  }
+  return CallNextHookEx(nullptr, code, wide, parameter);
 }
 
 }  // namespace

@@ -9,7 +9,8 @@ std::string WhyNoFormatOptionDialog() { return {}; }
 
 bool ShowFormatOptionDialog(const FormatOptionRequest& request) {
   qv::FormatOptionPresenter presenter(request, SettingsFilePath());
-  const INT_PTR result = CCsvOptionDlg(presenter, request.parent).DoModal();
+  CCsvOptionDlg dialog(presenter, request.parent);
+  const INT_PTR result = dialog.DoModal();
   if (result != IDOK && result != IDCANCEL) {
     const std::string reason = qv::SystemReason(GetLastError());
     qv::ShowMessage(("The format option dialog cannot be shown (" + reason + ").").c_str());

@@ -52,7 +52,23 @@ HRESULT InvokeOnce(IDispatch* object, DISPID member, LCID locale, WORD kind,
 }
 
 /// An application that is still busy with itself asks to be called again.
-bool IsBusy(HRESULT result) { return result == RPC_E_CALL_REJECTED || result == RPC_E_SERVERCALL_RETRYLATER; }
+bool IsBusy(HRESULT result) {
+  constexpr auto kIgnored = static_cast<HRESULT>(0x800AC472);  // while it recalculates
+  return result == RPC_E_CALL_REJECTED || result == RPC_E_SERVERCALL_RETRYLATER || result == kIgnored;
+}
+
+/// The same, until the application has time.
+HRESULT InvokePatiently(IDispatch* object, DISPID member, WORD kind, std::span<const VARIANT> arguments,
+                        VARIANT* result, std::string& reason) {
+  for (int attempt = 1;; ++attempt) {
+    Exception exception;
+    const HRESULT outcome =
+        InvokeOnce(object, member, kEnglish, kind, arguments, result, exception.Receive());
+    if (FAILED(outcome)) reason = exception.Reason(outcome);
+    if (!IsBusy(outcome) || attempt == kMostAttempts) return outcome;
+    Sleep(kRetryMilliseconds);
+  }
+}
 
 }  // namespace
 
@@ -94,15 +110,9 @@ AutomationObject ObjectOf(const VARIANT& value) {
 void Invoke(const AutomationObject& object, DISPID member, WORD kind, std::span<const VARIANT> arguments,
             Variant& result) {
   if (!object) throw SpreadsheetError("the spreadsheet application gave no object");
-  for (int attempt = 1;; ++attempt) {
-    Exception exception;
-    const HRESULT outcome =
-        InvokeOnce(object.Get(), member, kEnglish, kind, arguments, result.Receive(), exception.Receive());
-    if (SUCCEEDED(outcome)) return;
-    if (!IsBusy(outcome) || attempt == kMostAttempts)
-      throw SpreadsheetError("the spreadsheet application refuses: " + exception.Reason(outcome));
-    Sleep(kRetryMilliseconds);
-  }
+  std::string reason;
+  if (FAILED(InvokePatiently(object.Get(), member, kind, arguments, result.Receive(), reason)))
+    throw SpreadsheetError("the spreadsheet application refuses: " + reason);
 }
 
 AutomationObject InvokeForObject(const AutomationObject& object, DISPID member, WORD kind,
@@ -128,10 +138,8 @@ int InvokeByName(WORD kind, VARIANT* result, IDispatch* object, const wchar_t* n
                   narrowName.c_str());
     return 1;
   }
-  Exception exception;
-  if (SUCCEEDED(
-          InvokeOnce(object, member, LOCALE_USER_DEFAULT, kind, arguments, result, exception.Receive())))
-    return 0;
+  std::string unsaid;
+  if (SUCCEEDED(InvokePatiently(object, member, kind, arguments, result, unsaid))) return 0;
   std::snprintf(text, sizeof text, "IDispatch::Invoke(\"%s\"=lx) failed w/err 0xlx", narrowName.c_str());
   return 1;
 }

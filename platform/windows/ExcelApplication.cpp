@@ -33,6 +33,16 @@ void PutBack(const AutomationObject& application, DISPID property) {
   }
 }
 
+/// For what an application may know or not.
+void TryToPut(const AutomationObject& application, DISPID property, VARIANT value) {
+  try {
+    Variant nothing;
+    Invoke(application, property, DISPATCH_PROPERTYPUT, {&value, 1}, nothing);
+  } catch (const SpreadsheetError&) {
+    // A version without it cannot be told.
+  }
+}
+
 /// Tries once more what must be done in the end; a second refusal changes nothing.
 template <class Work>
 void TryTo(Work work) {
@@ -45,7 +55,12 @@ void TryTo(Work work) {
 
 }  // namespace
 
-ExcelApplication::ExcelApplication() : application_(StartApplication()) {}
+// Nobody sees its window: a question would be waited for without end. What a stranger's file wants to do when
+// it is opened is not done.
+ExcelApplication::ExcelApplication() : application_(StartApplication()) {
+  TryToPut(application_, excel::kApplicationAlerts, Argument(false));
+  TryToPut(application_, excel::kApplicationMacros, Argument(excel::kMacrosNever));
+}
 
 ExcelApplication::~ExcelApplication() {
   TryTo([this] { CloseWorkbooks(); });

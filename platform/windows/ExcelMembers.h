@@ -10,6 +10,9 @@ namespace qv::excel {
 inline constexpr DISPID kApplicationWorkbooks = 572;
 inline constexpr DISPID kApplicationBeforeAdd = 1038;  // left as it is, but put before a workbook is added
 inline constexpr DISPID kApplicationQuit = 302;
+inline constexpr DISPID kApplicationAlerts = 343;   // whether it asks its user
+inline constexpr DISPID kApplicationMacros = 1941;  // what the macros of a file that is opened may do
+inline constexpr long kMacrosNever = 3;
 
 inline constexpr DISPID kWorkbooksOpen = 682;
 inline constexpr DISPID kWorkbooksClose = 277;

@@ -114,6 +114,8 @@ constexpr Member kMembers[] = {
      }},
     {Kind::Application, 1038, kPut, "i",
      [](Object&, const Arguments& arguments, VARIANT*) { return arguments[0]->lVal == 7 ? S_OK : E_FAIL; }},
+    {Kind::Application, 343, kPut, "b", DoNothing},
+    {Kind::Application, 1941, kPut, "i", DoNothing},
     {Kind::Application, 302, kMethod, "",
      [](Object& object, const Arguments&, VARIANT*) {
        object.GetSession().hasQuit = true;
