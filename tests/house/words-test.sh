@@ -12,4 +12,4 @@ git rev-parse --is-inside-work-tree >/dev/null 2>&1 || { echo "no git tree to lo
 words='\b[s]pec(ification)?s?\b|\b[a]s specified|\b[P]arts? [1-5]\.[0-9]|\b[d]esign\.md|/[h]ome/|/[w]ork/'
 while read -r hit; do
   miss "$hit"
-done < <(git grep -nIiE "$words" -- . ':!DEVELOPERS.md' || true)
+done < <(git grep -nIiE "$words" -- . || true)
