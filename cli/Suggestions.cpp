@@ -6,6 +6,7 @@
 #include "platform/CodePage.h"
 #include "platform/ConsoleProgram.h"
 #include "platform/FileSystem.h"
+#include "platform/Utf8.h"
 
 #include <algorithm>
 #include <optional>
@@ -17,7 +18,6 @@ constexpr std::size_t kSampleSize = std::size_t{1} << 18;
 constexpr std::size_t kSampleRows = 1000;
 constexpr std::size_t kHeaderSearch = 50;
 constexpr std::string_view kIgnore = "Ignore";
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // of bytes that do not decode
 
 std::string ReadStart(const Utf8Path& file) {
   std::string reason;
@@ -93,11 +93,7 @@ bool IsEverySecondByteNul(std::string_view bytes) {
   return bytes.size() > 3 && 3 * more > bytes.size() && 8 * fewer < more;
 }
 
-bool IsAscii(std::string_view text) {
-  return std::none_of(text.begin(), text.end(), [](char c) { return (c & 0x80) != 0; });
-}
-
-bool HasLoss(std::string_view text) { return text.find(kReplacement) != text.npos; }
+bool HasLoss(std::string_view text) { return text.find(kReplacementCharacter) != text.npos; }
 
 /// Whether bytes of the line were taken together to characters, as they hardly are by accident.
 bool IsSurelyText(const std::string& text, std::string_view line) {

@@ -11,10 +11,6 @@ namespace {
 // What takes a file apart, and the digits. UTF-16 is an encoding that writes them otherwise.
 constexpr std::string_view kMarks = "0123456789.,;|\t\r\n\"'";
 
-bool IsAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
 // Where an encoding switches between sets of characters, these kana are written by the bytes of a comma and
 // of quotation marks.
 bool HidesMarks(const std::string& encoding) {
@@ -29,6 +25,10 @@ std::string AllAscii() {
 }
 
 }  // namespace
+
+bool IsAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
 
 TextCoding::TextCoding(std::string encoding) : encoding_(std::move(encoding)) {
   const std::string ascii = AllAscii();

@@ -5,6 +5,8 @@
 
 namespace qv {
 
+bool IsAscii(std::string_view text);
+
 /// What the bytes of data files and records mean: the platform's code page unless the user named an encoding.
 class TextCoding {
  public:

@@ -113,11 +113,9 @@ class FieldSplitter::Output {
 
   void Emit(std::string_view field) {
     if (next_ == limit_) {
-      next_ = MakeRoom(splitter_, row_);
-      if (next_ == nullptr) {
-        next_ = limit_;
-        return;
-      }
+      std::string_view* const room = MakeRoom(splitter_, row_);
+      if (room == nullptr) return;
+      next_ = room;
       limit_ = Limit();
     }
     *next_++ = field;

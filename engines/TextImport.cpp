@@ -26,7 +26,7 @@ void ReadRows(CTxtAssembly& engine, RowReader& rows, const FileReport& report, T
   RecordList<Record>& records = engine.StagedRecords.Of<Record>();
   while (rows.Next()) {
     const FieldViews& row = rows.Row();
-    if (report.IsWanted()) remarks.Tell(rows.LineNumber(), row);
+    remarks.Tell(rows.LineNumber(), row);
     if (builder.Build(records.Begin(), row, rows.LineNumber(), row.line) && !records.Keep()) break;
   }
 }

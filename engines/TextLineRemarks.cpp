@@ -15,8 +15,7 @@ void TextLineRemarks::TellStart(std::string_view line, std::int64_t number) cons
                  "the file starts with a byte-order mark; it is kept as part of the line");
 }
 
-void TextLineRemarks::Tell(std::int64_t number, const FieldViews& row) const {
-  if (!report_.IsWanted()) return;
+void TextLineRemarks::TellOf(std::int64_t number, const FieldViews& row) const {
   const std::string_view line = row.line;
   TellStart(line, number);
   if (line.find('\0') != std::string_view::npos)

@@ -22,35 +22,27 @@ AutomationObject StartApplication() {
   return application;
 }
 
-/// What the property stands for is the application's business; it must have been put, and stays what it was.
-void PutBack(const AutomationObject& application, DISPID property) {
-  try {
-    Variant value, nothing;
-    Invoke(application, property, DISPATCH_PROPERTYGET, {}, value);
-    Invoke(application, property, DISPATCH_PROPERTYPUT, {&value.Get(), 1}, nothing);
-  } catch (const SpreadsheetError&) {
-    // A version without it needs none.
-  }
-}
-
-/// For what an application may know or not.
-void TryToPut(const AutomationObject& application, DISPID property, VARIANT value) {
-  try {
-    Variant nothing;
-    Invoke(application, property, DISPATCH_PROPERTYPUT, {&value, 1}, nothing);
-  } catch (const SpreadsheetError&) {
-    // A version without it cannot be told.
-  }
-}
-
-/// Tries once more what must be done in the end; a second refusal changes nothing.
+/// For what an application may refuse: a version without the member needs none, and it ends anyway when its
+/// last object is released.
 template <class Work>
 void TryTo(Work work) {
   try {
     work();
   } catch (const SpreadsheetError&) {
-    // The application ends anyway when its last object is released.
+    // Nothing depends on it.
   }
+}
+
+void Put(const AutomationObject& application, DISPID property, VARIANT value) {
+  Variant nothing;
+  Invoke(application, property, DISPATCH_PROPERTYPUT, {&value, 1}, nothing);
+}
+
+/// What the property stands for is the application's business; it must have been put, and stays what it was.
+void PutBack(const AutomationObject& application, DISPID property) {
+  Variant value;
+  Invoke(application, property, DISPATCH_PROPERTYGET, {}, value);
+  Put(application, property, value.Get());
 }
 
 }  // namespace
@@ -58,8 +50,8 @@ void TryTo(Work work) {
 // Nobody sees its window: a question would be waited for without end. What a stranger's file wants to do when
 // it is opened is not done.
 ExcelApplication::ExcelApplication() : application_(StartApplication()) {
-  TryToPut(application_, excel::kApplicationAlerts, Argument(false));
-  TryToPut(application_, excel::kApplicationMacros, Argument(excel::kMacrosNever));
+  TryTo([this] { Put(application_, excel::kApplicationAlerts, Argument(false)); });
+  TryTo([this] { Put(application_, excel::kApplicationMacros, Argument(excel::kMacrosNever)); });
 }
 
 ExcelApplication::~ExcelApplication() {
@@ -83,7 +75,7 @@ std::unique_ptr<Workbook> ExcelApplication::OpenWorkbook(const std::string& path
 }
 
 std::unique_ptr<Workbook> ExcelApplication::AddWorkbook() {
-  PutBack(application_, excel::kApplicationBeforeAdd);
+  TryTo([this] { PutBack(application_, excel::kApplicationBeforeAdd); });
   TakeWorkbooks();
   Variant workbook;
   if (InvokeByName(DISPATCH_METHOD, workbook.Receive(), workbooks_.Get(), L"Add", {}) != 0 ||
