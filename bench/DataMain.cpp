@@ -48,8 +48,8 @@ int WriteFormats() {
           "<OptionForm Name=\"%s-%s\" Line=\"1\" Delimiters=\"%s\" Other=\"\" Qualifier=\"%d\" "
           "TreatAsOne=\"0\" Part=\"Name\">",
           table.kind.data(), dress, isBare ? "Semicolon" : "Comma", isBare ? 2 : 0);
-      for (std::size_t rank = 0; rank < table.columns.size(); ++rank)
-        std::printf("<%s Order=\"%zu\"/>", table.columns[rank].keyword.data(), rank);
+      for (std::size_t index = 0; index < table.columns.size(); ++index)
+        std::printf("<%s Order=\"%zu\"/>", table.columns[index].keyword.data(), index);
       std::puts("</OptionForm>");
     }
   std::puts("</CSVOptionSetting>");

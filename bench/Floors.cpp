@@ -36,12 +36,12 @@ struct Filler {
     }
   }
 
-  void Fill(PlainPart& part, std::size_t rank) const {
-    const auto& sample = texts[rank % kSamples];
+  void Fill(PlainPart& part, std::size_t index) const {
+    const auto& sample = texts[index % kSamples];
     for (std::size_t text = 0; text < PlainPart::kTexts; ++text)
       std::memcpy(part.texts[text], sample[text].c_str(), sample[text].size() + 1);
-    for (int& number : part.ints) number = static_cast<int>(rank);
-    for (double& number : part.reals) number = static_cast<double>(rank);
+    for (int& number : part.ints) number = static_cast<int>(index);
+    for (double& number : part.reals) number = static_cast<double>(index);
     std::memset(part.flags, 1, sizeof part.flags);
   }
 

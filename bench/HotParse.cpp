@@ -38,12 +38,12 @@ class Converter {
     const Place place = places_[column];
     if (place.type == Type::Text) {
       const auto size = static_cast<std::size_t>(to - from);
-      std::memcpy(record_.texts[place.rank], from, size);
-      record_.texts[place.rank][size] = '\0';
+      std::memcpy(record_.texts[place.index], from, size);
+      record_.texts[place.index][size] = '\0';
     } else if (place.type == Type::Int) {
-      std::from_chars(from, to, record_.ints[place.rank]);
+      std::from_chars(from, to, record_.ints[place.index]);
     } else {
-      std::from_chars(from, to, record_.reals[place.rank]);
+      std::from_chars(from, to, record_.reals[place.index]);
     }
   }
 

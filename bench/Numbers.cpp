@@ -1,7 +1,8 @@
 // Numbers beside what the C library and the standard library take for the same texts.
 
-#include "engines/columns/Numbers.h"
+#include "text/Numbers.h"
 #include "Scene.h"
+#include "engines/columns/TextBuffer.h"
 
 #include <charconv>
 #include <cstdio>

@@ -32,11 +32,11 @@ std::unique_ptr<PlainPart> Build(const std::vector<std::string>& fields,
     const std::string& field = fields[column];
     const Place place = places[column];
     if (place.type == Type::Text) {
-      std::strncpy(part->texts[place.rank], field.c_str(), sizeof part->texts[0] - 1);
+      std::strncpy(part->texts[place.index], field.c_str(), sizeof part->texts[0] - 1);
     } else if (place.type == Type::Int) {
-      part->ints[place.rank] = std::atoi(field.c_str());
+      part->ints[place.index] = std::atoi(field.c_str());
     } else {
-      part->reals[place.rank] = std::atof(field.c_str());
+      part->reals[place.index] = std::atof(field.c_str());
     }
   }
   return part;

@@ -20,18 +20,18 @@ struct PlainPart {
 };
 static_assert(sizeof(PlainPart) == sizeof(PartInformation), "the floors must fill records of the real size");
 
-/// Where the cell of a column goes: its rank among the columns of its type.
+/// Where the cell of a column goes: its index among the columns of its type.
 struct Place {
   Type type;
-  std::size_t rank;
+  std::size_t index;
 };
 
 inline std::array<Place, 32> PlacesOfParts() {
   std::array<Place, 32> places{};
-  std::array<std::size_t, 3> ranks{};
+  std::array<std::size_t, 3> indexes{};
   for (std::size_t column = 0; column < places.size(); ++column) {
     const Type type = FindTable("parts")->columns[column].type;
-    places[column] = {type, ranks[static_cast<std::size_t>(type)]++};
+    places[column] = {type, indexes[static_cast<std::size_t>(type)]++};
   }
   return places;
 }

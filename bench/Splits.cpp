@@ -1,7 +1,6 @@
 #include "Scene.h"
-#include "engines/CTxtAssembly.h"
-#include "engines/FieldSplitter.h"
-#include "engines/LineReader.h"
+#include "engines/text/FieldSplitter.h"
+#include "engines/text/LineReader.h"
 
 #include <algorithm>
 #include <cstring>
@@ -28,14 +27,14 @@ class MemoryFile final : public qv::OpenFile {
 };
 
 /// Lines and fields of the whole text, as views; nothing is stored.
-void Split(benchmark::State& state, const qv::FieldSplitter& rules) {
+void Split(benchmark::State& state, const qv::SplitRules& rules) {
   const std::string text = ReadWhole(Scene::The().file);
   std::size_t fields = 0;
   for (auto _ : state)
     Time(state, [&] {
       MemoryFile file(text);
       qv::LineReader lines(file);
-      qv::FieldSplitter splitter = rules;
+      qv::FieldSplitter splitter(rules);
       qv::FieldViews row;
       std::string_view line;
       fields = 0;
@@ -48,21 +47,13 @@ void Split(benchmark::State& state, const qv::FieldSplitter& rules) {
   Did(state, fields, text.size());
 }
 
-void SplitCsv(benchmark::State& state) { Split(state, qv::FieldSplitter::Csv()); }
+void SplitCsv(benchmark::State& state) { Split(state, qv::SplitRules::Csv()); }
 BENCHMARK(SplitCsv)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-void SplitQualified(benchmark::State& state) {
-  CTxtAssembly engine;
-  engine.Delimiters = "Comma";
-  Split(state, qv::FieldSplitter::Qualified(engine));
-}
+void SplitQualified(benchmark::State& state) { Split(state, {",", '"'}); }
 BENCHMARK(SplitQualified)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-void SplitUnqualified(benchmark::State& state) {
-  CTxtAssembly engine;
-  engine.Delimiters = "Semicolon";
-  Split(state, qv::FieldSplitter::Unqualified(engine));
-}
+void SplitUnqualified(benchmark::State& state) { Split(state, {";"}); }
 BENCHMARK(SplitUnqualified)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -1,16 +1,23 @@
 """Measures floors, the library and its peers side by side, and prints the results as JSON.
 
-run.py BUILD quick|full REPETITIONS: BUILD has the benchmark programs in bench/, qvassembly in cli/, and in peers/ the
-packages of those peers that have any.
+run.py BUILD quick|full SECONDS: BUILD has the benchmark programs in bench/, qvassembly in cli/, and in peers/ the packages
+of those peers that have any. Each round measures everything once, ours beside what it is compared with, so that the n-th
+figures of two are a pair. Rounds go on until the interval of every ratio is narrow, or until SECONDS have passed.
 """
 
 import csv
+import ctypes
 import json
+import mmap
 import os
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
+import time
+
+import report
 
 HERE = pathlib.Path(__file__).parent
 SEED = 1
@@ -22,6 +29,10 @@ SIZES = {
 PYTHON = ["/usr/bin/python3", HERE / "peers.py"]
 NODE = ["node", HERE / "peers.mjs"]
 PEERS = {"polars": NODE, "duckdb": NODE, "pandas": PYTHON, "csv": PYTHON, "miller": PYTHON}
+
+
+MIN_ROUNDS = 5  # the fewest that give an interval
+REPETITIONS = 5  # of what has no partner
 
 
 class Failure(Exception):
@@ -46,6 +57,66 @@ def touch_memory(size):
     return len(b"\1" * size)
 
 
+def processor_ms(process):
+    """Waits for a program, which may end by a signal, and tells its processor time."""
+    _, status, usage = os.wait4(process.pid, 0)
+    process.returncode = os.waitstatus_to_exitcode(status)
+    if process.returncode > 0:
+        raise Failure(f"{process.args[:2]} ended with {process.returncode}")
+    return (usage.ru_utime + usage.ru_stime) * 1000
+
+
+def processor():
+    """What the system says of the processor."""
+    facts = dict(line.split(":", 1) for line in output("lscpu").splitlines() if ":" in line)
+    return {name.strip(): value.strip() for name, value in facts.items()
+            if name.strip() in ("Model name", "CPU(s)", "L1d cache", "L2 cache", "L3 cache", "Hypervisor vendor")}
+
+
+def megahertz():
+    """The frequency of each core at the moment; empty where the system does not tell."""
+    with open("/proc/cpuinfo", encoding="ascii", errors="replace") as facts:
+        return [float(value) for value in re.findall(r"cpu MHz\s*: ([0-9.]+)", facts.read())]
+
+
+def memory_costs():
+    """What new memory costs: nanoseconds for the first touch of a page, and the rate of clearing memory that is there."""
+    size = 1 << 28
+    with mmap.mmap(-1, size) as memory:
+        address = ctypes.addressof(ctypes.c_char.from_buffer(memory))
+        seconds = []
+        for _ in range(2):
+            start = time.process_time()
+            ctypes.memset(address, 1, size)
+            seconds.append(time.process_time() - start)
+    return {"first_touch_ns": (seconds[0] - seconds[1]) / (size / mmap.PAGESIZE) * 1e9,
+            "clearing_gb_s": size / seconds[1] / 1e9}
+
+
+def merge(into, more):
+    """Adds the figures of a round to those of the rounds before."""
+    for key, value in more.items():
+        if isinstance(value, dict):
+            merge(into.setdefault(key, {}), value)
+        elif isinstance(value, list):
+            into.setdefault(key, []).extend(value)
+        else:
+            into[key] = value
+
+
+def run_ms(*command):
+    """The processor time of a program's whole run."""
+    return processor_ms(subprocess.Popen([str(word) for word in command], stdout=subprocess.DEVNULL))
+
+
+def first_rows_ms(*command):
+    """The processor time of a program whose reader goes after three lines."""
+    with subprocess.Popen([str(word) for word in command], stdout=subprocess.PIPE) as reading:
+        with subprocess.Popen(["head", "-n", "3"], stdin=reading.stdout, stdout=subprocess.DEVNULL):
+            reading.stdout.close()
+        return processor_ms(reading)
+
+
 def last_row(path):
     with open(path, "rb") as file:
         file.seek(-min(os.path.getsize(path), 65536), os.SEEK_END)
@@ -53,9 +124,9 @@ def last_row(path):
 
 
 class Bench:
-    def __init__(self, build, data, repetitions):
+    def __init__(self, build, data):
         self.programs, self.cli, self.peers = build / "bench", build / "cli/qvassembly", build / "peers"
-        self.data, self.repetitions = data, repetitions
+        self.data, self.missing = data, {}
         self.formats = data / "formats.xml"
         self.formats.write_text(output(self.programs / "qv_bench_data", "formats"))
 
@@ -80,13 +151,13 @@ class Bench:
         kind = form.rsplit("-", 1)[0]
         return *self.on_file("convert", form, rows, "--from", form, "--to", f"{kind}-qualified"), to
 
-    def times(self, form, rows, *names):
+    def times(self, form, rows, *names, repetitions=1):
         """The milliseconds of each repetition, and the bytes, of benchmarks on a file."""
         path, result = self.file(form, rows), self.data / "times.json"
         say(f"{form}, {rows} rows: {', '.join(names)}")
         output(self.programs / "qv_bench", f"--file={path}", f"--formats={self.formats}", f"--format={form}",
                f"--rows={rows}", f"--out={self.data}/out.csv", f"--benchmark_filter=^({'|'.join(names)})/",
-               f"--benchmark_repetitions={self.repetitions}", "--benchmark_enable_random_interleaving=true",
+               f"--benchmark_repetitions={repetitions}", "--benchmark_enable_random_interleaving=true",
                "--benchmark_min_time=0.05", f"--benchmark_out={result}", "--benchmark_out_format=json")
         runs = {}
         for entry in json.loads(result.read_text())["benchmarks"]:
@@ -96,29 +167,27 @@ class Bench:
         return runs
 
     def scaling(self, form, powers):
-        return {10**power: self.times(form, 10**power, "Import")["Import"]["ms"] for power in powers}
+        return {10**power: self.times(form, 10**power, "Import", repetitions=REPETITIONS)["Import"]["ms"] for power in powers}
 
     def peer_times(self, form, rows):
-        """As times(), of the reading and the writing of each peer that is there, and why others are not."""
+        """As times(), of the reading and the writing of each peer that is there."""
         path, out, columns = self.file(form, rows), self.data / "peer.csv", self.data / "columns.json"
         columns.write_text(output(self.programs / "qv_bench_data", "columns", form.rsplit("-", 1)[0]))
-        runs, missing = {}, {}
-        for turn in range(self.repetitions):
-            for peer, program in PEERS.items():
-                if peer in missing:
-                    continue
-                say(f"{form}, {rows} rows: {peer}, run {turn + 1}")
-                touch_memory(8 * path.stat().st_size)
-                try:
-                    command = *program, peer, path, out, columns, self.file(form, 1000)
-                    times = json.loads(output(*command, cwd=self.peers))
-                except (OSError, Failure) as error:
-                    missing[peer] = str(error)
-                    continue
-                self.expect_copy(peer, path, out)
-                for what, milliseconds in times.items():
-                    runs.setdefault(peer, {}).setdefault(what, []).append(milliseconds)
-        return {"times": runs, "missing": missing}
+        runs = {}
+        for peer, program in PEERS.items():
+            if peer in self.missing:
+                continue
+            say(f"{form}, {rows} rows: {peer}")
+            touch_memory(8 * path.stat().st_size)
+            try:
+                command = *program, peer, path, out, columns, self.file(form, 1000)
+                times = json.loads(output(*command, cwd=self.peers))
+            except (OSError, Failure) as error:
+                self.missing[peer] = str(error)
+                continue
+            self.expect_copy(peer, path, out)
+            runs[peer] = {what: [milliseconds] for what, milliseconds in times.items()}
+        return runs
 
     @staticmethod
     def expect_copy(peer, path, out):
@@ -150,43 +219,97 @@ class Bench:
             "check": self.peak(*self.on_file("check", inventory, rows, "--format", inventory)),
         }
 
+    def tuples(self, form, rows):
+        """Microseconds a row that Python takes for the tuples of a file."""
+        say(f"{form}, {rows} rows: tuples in Python")
+        build = self.programs.parent
+        environment = {**os.environ, "QVASSEMBLY_LIBRARY": str(build / "libQVAssemblyFile.so"),
+                       "PYTHONPATH": str(HERE.parent / "python")}
+        return float(output(PYTHON[0], HERE / "read_tuples.py", self.file(form, rows), self.formats, form, env=environment))
+
+    def document_peak(self, rows):
+        """The peak of an import that prints one JSON document."""
+        form = "material-inventory-csv"
+        return self.peak(*self.on_file("import", form, rows, "--format", form, "--as", "json"))
+
+    def commands(self, converted, read, small):
+        """Milliseconds of processor time of whole runs of programs, by what they do."""
+        say(f"qvassembly export --records and convert, {converted} parts; the first rows of {read}; a list of {small}")
+        form, lines = "parts-csv", self.data / "parts.jsonl"
+        if not lines.exists():
+            with open(lines, "wb") as file:
+                output(*self.on_file("import", form, converted, "--format", form, "--as", "jsonl"), to=file)
+        export = (self.cli, "export", "--kind", "parts", "--config", self.formats, "--format", "parts-qualified",
+                  "--records", lines, self.data / "exported.txt")
+        copy = ("import csv, sys; csv.writer(open(sys.argv[2], 'w', newline=''), quoting=csv.QUOTE_ALL)"
+                ".writerows(csv.reader(open(sys.argv[1], newline='')))")
+        few = self.file(form, small)
+        return {
+            "convert": run_ms(*self.convert(form, converted, self.data / "c.txt")),
+            "export --records": run_ms(*export),
+            "import | head -3": first_rows_ms(*self.on_file("import", form, read, "--format", form)),
+            "few": run_ms(*self.convert(form, small, self.data / "few.txt")),
+            "few by miller": run_ms("mlr", "--csv", "--quote-all", "cat", few),
+            "few by csv": run_ms(PYTHON[0], "-c", copy, few, self.data / "few.csv"),
+        }
+
     def workbook(self):
-        """What the program says of a workbook: the calls of an import, and its time where there is an office."""
+        """What the program says of a workbook: calls a cell, and times against the office that converts the same."""
         say("a workbook")
         component = {"QVASSEMBLY_CALC": str(self.programs.parent / "qvassembly/QVAssemblyFileCalc.so")}
         program = self.programs / "qv_bench_workbook"
-        return output(program, 500, self.repetitions, env={**component, **os.environ}).splitlines()
+        return output(program, 2016, REPETITIONS, env={**component, **os.environ}).splitlines()
 
-    def run(self, parts, inventory, kinds, streams, powers):
-        parts_names = "Import", "FillSlab", "ParseHot", "SplitCsv", "Separators", "ExportParts", "ReadTexts"
+    def round(self, parts, inventory):
+        """Everything that is compared with something, once."""
+        names = "Import", "ReadParts", "FillSlab", "ParseHot", "SplitCsv", "Separators", "ExportParts", "ReadTexts"
         return {
-            "rows": {"parts": parts, "inventory": inventory, "streams": streams, "kinds": kinds},
-            "repetitions": self.repetitions,
             "times": {
-                "parts": self.times("parts-csv", parts, *parts_names),
+                "parts": self.times("parts-csv", parts, *names),
                 "plain": self.times("parts-csv", 100_000, "Import", "ImportPlainly", "FillNew"),
                 "qualified": self.times("parts-qualified", parts, "SplitQualified", "Separators", "WriteLines"),
                 "bare": self.times("parts-bare", parts, "SplitUnqualified", "Separators"),
-                "inventory": self.times("material-inventory-csv", inventory, "Import", "Separators"),
+                "inventory": self.times("material-inventory-csv", inventory, "Import", "Separators", "ReadInventory",
+                                        "FetchInventory"),
             },
             "peers": {
                 "parts": self.peer_times("parts-csv", parts),
                 "inventory": self.peer_times("material-inventory-csv", inventory),
             },
+            "tuples_us": [self.tuples("material-inventory-csv", inventory)],
+            "commands": {what: [time] for what, time in self.commands(200_000, 1_000_000, 500).items()},
+            "megahertz": megahertz(),
+        }
+
+    def run(self, seconds, parts, inventory, kinds, streams, powers):
+        results = {
+            "rows": {"parts": parts, "inventory": inventory, "streams": streams, "kinds": kinds},
+            "machine": {**processor(), **memory_costs()},
             "scaling": {
                 "inventory": self.scaling("material-inventory-csv", range(3, powers + 1)),
                 "parts": self.scaling("parts-csv", range(3, powers)),
             },
             "beyond_kib": {kind: self.beyond_records(f"{kind}-csv", kinds) for kind in KINDS},
             "peak_kib": self.streams(streams),
+            "document_kib": self.document_peak(2_000_000),
             "workbook": self.workbook(),
         }
+        results["rounds"], results["ended"] = 0, "time"
+        start = time.monotonic()
+        while results["rounds"] < MIN_ROUNDS or time.monotonic() - start < seconds:
+            say(f"round {results['rounds'] + 1}")
+            merge(results, self.round(parts, inventory))
+            results["rounds"] += 1
+            if report.is_narrow(results):
+                results["ended"] = "narrow"
+                break
+        return {**results, "missing": self.missing}
 
 
-def main(build, size, repetitions):
+def main(build, size, seconds):
     with tempfile.TemporaryDirectory() as data:
-        bench = Bench(pathlib.Path(build).resolve(), pathlib.Path(data), int(repetitions))
-        json.dump(bench.run(**SIZES[size]), sys.stdout, indent=1)
+        bench = Bench(pathlib.Path(build).resolve(), pathlib.Path(data))
+        json.dump(bench.run(int(seconds), **SIZES[size]), sys.stdout, indent=1)
 
 
 if __name__ == "__main__":

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "cli/FormatFile.h"
-#include "cli/Kinds.h"
 #include "cli/Session.h"
+#include "cli/formats/FormatFile.h"
+#include "cli/records/Kinds.h"
 
-#include <QVAssemblyFile/CAssemblyFileMgr.h>
-#include <QVAssemblyFile/RecordKind.h>
+#include <QVAssemblyFile/RecordStream.h>
 
-#include <functional>
+#include <string>
+#include <vector>
 
 namespace qv {
 
@@ -17,33 +17,47 @@ struct DataFile {
   RecordKind kind;
   const FormatFile& formats;
   const OptionForm& form;
+  bool hasDecimalComma = false;
 };
 
-/// Reads the data file into the manager. Throws FileErrorTold or FileError when it cannot be read.
-void ImportFile(Session& session, CAssemblyFileMgr& manager, const DataFile& file);
+/// A file's headers in UTF-8, without a byte-order mark.
+std::vector<std::string> DecodedHeaders(const Session& session, std::vector<std::string> headers);
 
-/// Reads the data file and hands each record to `take` while it lives; the manager has the headers by then.
-/// Throws in the same way, and what `take` throws.
-void ReadFile(Session& session, CAssemblyFileMgr& manager, const DataFile& file,
-              const std::function<void(void* record)>& take);
+/// A data file that is read record by record. All throw ReportedFileError or FileError when it cannot be
+/// read.
+class InputFile {
+ public:
+  InputFile(Session& session, const DataFile& file);
 
-/// Writes what `feed` hands over to the data file. Throws in the same way.
-void WriteFile(Session& session, const DataFile& file, const FeedRecords& feed);
+  /// In UTF-8, without a byte-order mark.
+  std::vector<std::string> Headers();
 
-/// Writes the records of one data file to another, one by one. Throws in the same way; the other file then
-/// stays as it was.
-void ConvertFile(Session& session, const DataFile& from, const DataFile& to);
+  /// The next record, which lives until the next call; null at the end.
+  void* Next();
 
-/// The headers of the data file, in UTF-8, without reading more of the file than its start. Throws in the
-/// same way.
-std::vector<std::string> ReadHeaders(Session& session, const FormatFile& formats, const OptionForm& form,
-                                     const Utf8Path& file);
+  /// The line of the record that was read last.
+  std::int64_t LineNumber() const { return reader_.LineNumber(); }
 
-/// The headers that the manager's last import found, in UTF-8.
-std::vector<std::string> HeadersOf(const Session& session, CAssemblyFileMgr& manager);
+ private:
+  Session& session_;
+  CAssemblyFileMgr manager_;
+  AnyRecordReader reader_;
+};
 
-/// What the path's extension (".xls", ".csv") says of the file, in any case.
-bool IsWorkbook(const Utf8Path& file);
-bool IsCsv(const Utf8Path& file);
+/// A data file that is written record by record. All throw ReportedFileError when it cannot be written; the
+/// old file then stays, as it does without Commit(), and with it where a strict run has a warning.
+class OutputFile {
+ public:
+  OutputFile(Session& session, const DataFile& file);
+
+  void Put(const void* record);
+  void Commit();
+
+ private:
+  Session& session_;
+  Utf8Path path_;
+  CAssemblyFileMgr manager_;
+  AnyRecordWriter writer_;
+};
 
 }  // namespace qv

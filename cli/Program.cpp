@@ -19,7 +19,9 @@ Examples:
   qvassembly formats list --config AssemblyFormats.xml
 
 The format file is the one that --config names, else the one that the variable
-QVASSEMBLY_CONFIG names, else AssemblyFormats.xml beside the data file.
+QVASSEMBLY_CONFIG names, else AssemblyFormats.xml beside the data file (of two
+files: beside the one that is read, then beside the one that is written), else
+the one in the current folder.
 
 Exit codes: 0 done; 1 done with warnings, under --strict or check; 2 the command
 line is wrong; 3 a file could not be read or written.)";
@@ -28,6 +30,7 @@ struct CommonOptions {
   std::string diagnostics = "text";
   std::string encoding;
   bool strict = false;
+  bool allRemarks = false;
 };
 
 void AddCommonOptions(CLI::App& program, CommonOptions& options) {
@@ -38,7 +41,9 @@ void AddCommonOptions(CLI::App& program, CommonOptions& options) {
       .add_option("--encoding", options.encoding,
                   "encoding of the texts in data files (default: the system's code page)")
       ->type_name("NAME");
-  program.add_flag("--strict", options.strict, "end with 1 when there was a warning");
+  program.add_flag("--strict", options.strict, "end with 1 when there was a warning, and write no file then");
+  program.add_flag("--all-remarks", options.allRemarks,
+                   "print all remarks, not only the first ten of each code and column");
 }
 
 void AddCommands(CLI::App& program, Session& session) {
@@ -48,15 +53,18 @@ void AddCommands(CLI::App& program, Session& session) {
   AddHeadersCommand(program, session);
   AddCheckCommand(program, session);
   AddFormatsCommand(program, session);
+  AddKeywordsCommand(program, session);
   AddFormatNameCommand(program, session);
   AddOptionsCommand(program, session);
 }
 
-// The options that all commands share stand on the program's own page; each command's page points there.
+// The options of all commands are on the program's own page; each command's page points there.
 void PointToCommonOptions(CLI::App& command) {
   for (CLI::App* const sub : command.get_subcommands(nullptr)) {
-    sub->footer("\nCommon options (see \"qvassembly --help\"): --diagnostics, --encoding, --strict\n" +
-                sub->get_footer());
+    sub->footer(
+        "\nCommon options (see \"qvassembly --help\"): --diagnostics, --encoding, "
+        "--strict,\n--all-remarks\n" +
+        sub->get_footer());
     PointToCommonOptions(*sub);
   }
 }
@@ -72,7 +80,7 @@ std::string FullName(const CLI::App& command) {
   return parent == nullptr ? "qvassembly" : FullName(*parent) + " " + command.get_name();
 }
 
-// Remarks go out as they come, but a wrong command line may have been found before --diagnostics was.
+// Diagnostics go out as they come, but a wrong command line may have been found before --diagnostics was.
 bool WantsJson(const std::vector<std::string>& arguments) {
   const auto option = std::find(arguments.begin(), arguments.end(), "--diagnostics");
   return (option != arguments.end() && option + 1 != arguments.end() && option[1] == "json") ||
@@ -81,7 +89,7 @@ bool WantsJson(const std::vector<std::string>& arguments) {
 
 bool IsOption(const std::string& argument) { return argument.size() > 1 && argument.front() == '-'; }
 
-// The parser takes the next argument for the value when nothing stands behind the equals sign.
+// The parser takes the next argument for the value when nothing follows the equals sign.
 std::vector<std::string> WithEmptyValues(const std::vector<std::string>& arguments) {
   std::vector<std::string> apart;
   bool mayBeOption = true;
@@ -119,28 +127,30 @@ std::string WhatIsWrong(const CLI::App& program, const CLI::ParseError& error) {
   const std::string& first = unknown.front();
   if (IsOption(first)) {
     const std::string name = first.substr(0, first.find('='));
-    const bool standsTooEarly = command.get_option_no_throw(name) != nullptr;
-    return standsTooEarly ? name + " is to stand behind \"" + FullName(command) + "\""
-                          : "\"" + FullName(command) + "\" has no option " + name;
+    const bool isTooEarly = command.get_option_no_throw(name) != nullptr;
+    return isTooEarly ? name + " must come after \"" + FullName(command) + "\""
+                      : "\"" + FullName(command) + "\" has no option " + name;
   }
-  return "\"" + first +
-         (choices.empty() ? "\" is one argument too many" : "\" is no command; it is one of " + choices);
+  if (choices.empty()) return "unexpected argument \"" + first + "\"";
+  return "\"" + first + "\" is no command; it is one of " + choices;
 }
 
 int TellUsage(Session& session, const CLI::App& program, const std::string& what) {
   const std::string hint = "\nRun \"" + FullName(ReachedCommand(program)) + " --help\" for its options.";
-  session.remarks.Fail({"", 0, "", "command-line", "", what});
-  if (!session.remarks.IsJson()) session.streams.error << hint.substr(1) << '\n';
+  session.diagnostics.Fail({"", 0, "", "command-line", "", what});
+  if (!session.diagnostics.IsJson()) session.streams.error << hint.substr(1) << '\n';
   return kWrongUsage;
 }
 
 int RunCommand(Session& session, const CommonOptions& options) {
   if (!options.encoding.empty()) {
     session.coding = TextCoding(options.encoding);
-    session.remarks.UseCoding(session.coding);
+    session.diagnostics.UseCoding(session.coding);
   }
+  if (options.allRemarks) session.diagnostics.ShowAll();
+  if (options.strict) session.diagnostics.UseStrictness();
   const int code = session.command();
-  return code == kDone && options.strict && session.remarks.Warnings() > 0 ? kWarned : code;
+  return code == kDone && options.strict && session.diagnostics.Warnings() > 0 ? kWarned : code;
 }
 
 int Run(CLI::App& program, const std::vector<std::string>& arguments, Session& session,
@@ -158,22 +168,74 @@ int Run(CLI::App& program, const std::vector<std::string>& arguments, Session& s
   } catch (const UsageError& error) {
     return TellUsage(session, program, error.what());
   } catch (const FileError& error) {
-    session.remarks.Fail(error.remark);
-  } catch (const FileErrorTold&) {
+    session.diagnostics.Fail(error.diagnostic);
+  } catch (const ReportedFileError&) {
   }
   return kFileTrouble;
 }
 
 }  // namespace
 
-void Session::Write(std::string_view text) const {
+void Session::Write(std::string_view text) {
+  if (streams.outIsTerminal) progress.Stop();
   streams.out.write(text.data(), static_cast<std::streamsize>(text.size()));
-  if (!streams.out) throw FileErrorTold();  // as it is when the program ends
+  if (!streams.out) throw ReportedFileError();  // as it is when the program ends
+}
+
+void AddKindOption(CLI::App& command, FileOptions& options, const std::string& kinds) {
+  command.add_option("--kind", options.kind, "what the file lists: " + kinds + " (required)")
+      ->type_name("KIND");
+}
+
+void AddConfigOption(CLI::App& command, std::optional<std::string>& config) {
+  command.add_option("--config", config, "the format file")->type_name("FILE");
+}
+
+void AddFormatOption(CLI::App& command, FileOptions& options) {
+  command
+      .add_option("--format", options.format,
+                  "the file's format (default: the one the file names, else the current one)")
+      ->type_name("NAME");
+}
+
+void AddTypeOption(CLI::App& command, std::optional<std::string>& type) {
+  command.add_option("--type", type, "csv or txt: what a file that is - holds")
+      ->check(CLI::IsMember({"csv", "txt"}))
+      ->type_name("TYPE");
+}
+
+void TakeStreams(Session& session, const std::optional<std::string>& type, std::string* read,
+                 std::string* written) {
+  const auto isStream = [](const std::string* file) { return file != nullptr && *file == "-"; };
+  if (!isStream(read) && !isStream(written)) {
+    if (type) throw UsageError("--type is for a file that is -; others tell their type by their names");
+    return;
+  }
+  if (!type) throw UsageError("a file that is - needs --type csv or --type txt, which tells what it holds");
+  session.standardStreams.emplace(session.streams, session.diagnostics.IsStrict());
+  if (isStream(read)) *read = PathOfStream(StandardStream::Input, *type);
+  if (!isStream(written)) return;
+  *written = PathOfStream(StandardStream::Output, *type);
+  if (session.streams.outIsTerminal) session.progress.Stop();
+}
+
+void AddDecimalCommaOption(CLI::App& command, bool& hasDecimalComma) {
+  command.add_flag("--decimal-comma", hasDecimalComma,
+                   "numbers that are read have a decimal comma: 1,5 or 1.234,5");
+}
+
+void AddToDecimalCommaOption(CLI::App& command, bool& hasDecimalComma) {
+  command.add_flag("--to-decimal-comma", hasDecimalComma, "numbers that are written get a decimal comma");
+}
+
+void AddFileArgument(CLI::App& command, FileOptions& options, const std::string& name,
+                     const std::string& what) {
+  command.add_option(name, options.file, what)->required()->type_name("");
 }
 
 int RunProgram(const std::vector<std::string>& arguments, const Streams& streams) {
   Session session(streams);
-  if (WantsJson(arguments)) session.remarks.UseJson();
+  if (WantsJson(arguments)) session.diagnostics.UseJson();
   CLI::App program("Reads and writes sheet-metal job data as tables.", "qvassembly");
   program.set_version_flag("--version", std::string("qvassembly ") + QVASSEMBLY_VERSION);
   program.footer(kProgramFooter);
@@ -185,10 +247,11 @@ int RunProgram(const std::vector<std::string>& arguments, const Streams& streams
   AddCommands(program, session);
   PointToCommonOptions(program);
   const int code = Run(program, arguments, session, options);
+  session.diagnostics.PrintOmitted();
   session.progress.Clear();
   streams.out.flush();
-  if (streams.out) return code;
-  session.remarks.Fail(
+  if (streams.out || session.diagnostics.HasFailed()) return code;
+  session.diagnostics.Fail(
       {"", 0, "", "file-not-written", "", "standard output does not take what is written to it"});
   return kFileTrouble;
 }

@@ -3,8 +3,6 @@
 #include "cli/Errors.h"
 #include "platform/CodePage.h"
 
-#include <algorithm>
-
 namespace qv {
 namespace {
 
@@ -26,20 +24,22 @@ std::string AllAscii() {
 
 }  // namespace
 
-bool IsAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
-TextCoding::TextCoding(std::string encoding) : encoding_(std::move(encoding)) {
+TextCoding::TextCoding(std::string encoding, const std::string& option) : encoding_(std::move(encoding)) {
   const std::string ascii = AllAscii();
   const auto decoded = DecodeText(ascii, encoding_);
   if (!decoded)
-    throw UsageError("--encoding: this system knows no encoding \"" + encoding_ +
+    throw UsageError(option + ": this system knows no encoding \"" + encoding_ +
                      "\"; try utf-8, windows-1252 or shift_jis");
   keepsAscii_ = *decoded == ascii;
   if (DecodeText(kMarks, encoding_) != kMarks || HidesMarks(encoding_))
-    throw UsageError("--encoding: the columns of a file in \"" + encoding_ +
+    throw UsageError(option + ": the columns of a file in \"" + encoding_ +
                      "\" cannot be told apart; save it as UTF-8 or in a code page");
+}
+
+std::string TextCoding::Name() const {
+  if (!encoding_.empty()) return encoding_;
+  constexpr const char* kWide = "\u682A";
+  return FromUtf8(kWide) == kWide ? "UTF-8" : "of the system's code page";
 }
 
 std::string TextCoding::Decode(std::string_view bytes) const {
@@ -47,9 +47,10 @@ std::string TextCoding::Decode(std::string_view bytes) const {
   return encoding_.empty() ? ToUtf8(bytes) : DecodeText(bytes, encoding_).value_or(std::string());
 }
 
-std::string TextCoding::Encode(std::string_view utf8) const {
-  if (keepsAscii_ && IsAscii(utf8)) return std::string(utf8);
-  return encoding_.empty() ? FromUtf8(utf8) : EncodeText(utf8, encoding_).value_or(std::string());
+std::string_view TextCoding::Encode(std::string_view utf8, std::string& buffer) const {
+  if (keepsAscii_ && IsAscii(utf8)) return utf8;
+  buffer = encoding_.empty() ? FromUtf8(utf8) : EncodeText(utf8, encoding_).value_or(std::string());
+  return buffer;
 }
 
 }  // namespace qv

@@ -1,25 +1,34 @@
 #pragma once
 
+#include "text/Utf8.h"
+
 #include <string>
 #include <string_view>
 
 namespace qv {
 
-bool IsAscii(std::string_view text);
+/// What some programs put in front of UTF-8. It stays in the header row, or in what is above that, so that no
+/// record meets it.
+inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 /// What the bytes of data files and records mean: the platform's code page unless the user named an encoding.
 class TextCoding {
  public:
   TextCoding() = default;
 
-  /// Throws UsageError for an encoding that the platform does not know.
-  explicit TextCoding(std::string encoding);
+  /// Throws UsageError, in which the option is named, for an encoding that the platform does not know or that
+  /// data files cannot have.
+  explicit TextCoding(std::string encoding, const std::string& option = "--encoding");
+
+  /// What to call the encoding: "windows-1252", "UTF-8", "of the system's code page".
+  std::string Name() const;
 
   /// As UTF-8; a byte that does not decode becomes U+FFFD.
   std::string Decode(std::string_view bytes) const;
 
-  /// The reverse; what the encoding cannot hold becomes "?".
-  std::string Encode(std::string_view utf8) const;
+  /// The reverse; what the encoding cannot hold becomes "?". Gives the text itself where that is the same,
+  /// else what `buffer` holds then.
+  std::string_view Encode(std::string_view utf8, std::string& buffer) const;
 
  private:
   std::string encoding_;    // empty: the platform's

@@ -1,6 +1,7 @@
 #include "cli/Program.h"
 #include "platform/CodePage.h"
 #include "platform/ConsoleProgram.h"
+#include "platform/Interruption.h"
 
 #include <charconv>
 #include <cstdlib>
@@ -36,10 +37,12 @@ int main(int argc, char** argv) {
   streams.allowsColour =
       console.ObeysColour() && std::getenv("NO_COLOR") == nullptr && Variable("TERM") != "dumb";
   streams.width = WantedWidth(streams.outIsTerminal);
+  qv::CatchInterruptions();
+  int code = 3;
   try {
-    return qv::RunProgram(qv::ProgramArguments(argc, argv), streams);
+    code = qv::RunProgram(qv::ProgramArguments(argc, argv), streams);
   } catch (const std::exception& error) {
     std::cerr << "qvassembly: " << error.what() << '\n';
-    return 3;
   }
+  return qv::IsInterrupted() ? qv::EndInterrupted() : code;
 }

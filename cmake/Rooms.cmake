@@ -33,7 +33,7 @@ function(qv_room)
   endif()
 endfunction()
 
-# QVAssemblyFile is what a host links. qv_core holds the same objects for programs that look inside: the tests, the
+# QVAssemblyFile is what a host links; on Windows QVAssemblyFileCpp has its C++ classes (module/Library.cmake). qv_core holds the same objects for programs that look inside: the tests, the
 # benchmarks and the command line.
 function(qv_finish_library)
   get_property(libraries GLOBAL PROPERTY QV_PRIVATE_LIBRARIES)
@@ -46,10 +46,17 @@ function(qv_finish_library)
   target_compile_features(QVAssemblyFile INTERFACE cxx_std_20)
   target_link_libraries(QVAssemblyFile PRIVATE ${libraries})
   add_library(QVAssemblyFile::QVAssemblyFile ALIAS QVAssemblyFile)
+  if(QV_HAS_CPP_DLL)
+    add_library(QVAssemblyFileCpp SHARED $<TARGET_OBJECTS:qv_objects> ${resources})
+    target_include_directories(QVAssemblyFileCpp PRIVATE ${PROJECT_SOURCE_DIR})
+    target_link_libraries(QVAssemblyFileCpp PRIVATE ${libraries})
+  endif()
 
   add_library(qv_core STATIC $<TARGET_OBJECTS:qv_objects>)
   target_include_directories(qv_core PUBLIC ${PROJECT_SOURCE_DIR} ${QV_FORWARD_DIR})
   target_link_libraries(qv_core PUBLIC ${libraries})
+  # Such programs have the functions of the C interface in themselves, and not in a DLL.
+  target_compile_definitions(qv_core INTERFACE QVASSEMBLY_BUILD)
   # No linker takes resources out of an archive, so a program that holds the objects compiles them itself.
   target_sources(qv_core INTERFACE ${resources})
 endfunction()

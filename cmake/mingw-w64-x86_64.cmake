@@ -2,9 +2,10 @@
 # has no std::mutex.
 
 set(CMAKE_SYSTEM_NAME Windows)
-set(CMAKE_SYSTEM_PROCESSOR x86_64)
-
-set(QV_TRIPLET x86_64-w64-mingw32)
+if(NOT QV_TRIPLET)
+  set(CMAKE_SYSTEM_PROCESSOR x86_64)
+  set(QV_TRIPLET x86_64-w64-mingw32)
+endif()
 set(CMAKE_C_COMPILER ${QV_TRIPLET}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${QV_TRIPLET}-g++-posix)
 set(CMAKE_RC_COMPILER ${QV_TRIPLET}-windres)

@@ -2,43 +2,47 @@
 # Completion of qvassembly's command line for bash.
 
 # The options that every command takes, and those of each command. A test holds them against the help pages.
-_qvassembly_common='--help --diagnostics --encoding --strict'
+_qvassembly_common='--help --diagnostics --encoding --strict --all-remarks'
 declare -gA _qvassembly_options=(
   [qvassembly]='--version'
-  [import]='--kind --config --format --as'
-  [export]='--kind --config --format --records'
-  [convert]='--kind --config --from --to'
-  [headers]='--config --format'
-  [check]='--kind --config --format --as --rejects'
+  [import]='--kind --config --format --decimal-comma --as --type'
+  [export]='--kind --config --format --to-decimal-comma --records --type'
+  [convert]='--kind --config --from --to --decimal-comma --to-decimal-comma --to-encoding --type'
+  [headers]='--config --format --type'
+  [check]='--kind --config --format --decimal-comma --as --rejects --type'
   [formats]='--config'
   [formats list]='--config --as'
   [formats show]='--config --as'
   [formats init]='--config'
-  [formats add]='--config --start-line --delimiters --other --qualifier --treat-as-one --part-key --columns --set'
+  [formats add]='--config --from-headers --kind --start-line --delimiters --other --qualifier --treat-as-one --part-key --columns --set'
   [formats remove]='--config'
   [formats use]='--config'
+  [keywords]='--kind --as'
   [format-name]=''
   [format-name get]='--config'
   [format-name set]=''
   [options]='--config --sample --format'
 )
 declare -gA _qvassembly_commands=(
-  [qvassembly]='import export convert headers check formats format-name options'
+  [qvassembly]='import export convert headers check formats keywords format-name options'
   [formats]='list show init add remove use'
   [format-name]='get set'
 )
+_qvassembly_all_kinds='parts tools materials sheets part-programs material-inventory material-library job-progress'
 declare -gA _qvassembly_kinds=(
   [import]='parts tools materials sheets part-programs material-inventory material-library'
   [check]='parts tools materials sheets part-programs material-inventory material-library'
   [export]='parts tools materials sheets part-programs job-progress'
+  [formats add]="$_qvassembly_all_kinds"
+  [keywords]="$_qvassembly_all_kinds"
   [convert]='parts tools materials sheets part-programs'
 )
 
 # Whether the option is followed by a value.
 _qvassembly_takes_value() {
   case $1 in
-    --kind | --config | --format | --from | --to | --as | --records | --rejects | --sample | --diagnostics | --encoding) ;;
-    --start-line | --delimiters | --other | --qualifier | --part-key | --columns | --set) ;;
+    --kind | --type | --config | --format | --from | --to | --as | --records | --rejects | --sample | --diagnostics | --encoding | --to-encoding) ;;
+    --from-headers | --start-line | --delimiters | --other | --qualifier | --part-key | --columns | --set) ;;
     *) return 1 ;;
   esac
 }
@@ -50,6 +54,17 @@ _qvassembly_formats() {
     [ "${COMP_WORDS[word]}" = --config ] && config=(--config "${COMP_WORDS[word + 1]/#\~/$HOME}")
   done
   "${COMP_WORDS[0]}" formats list "${config[@]}" 2>/dev/null </dev/null | sed 's/^..//'
+}
+
+# What is typed of a list of columns up to its last comma, with each keyword of the kind that the command line names.
+_qvassembly_keywords() {
+  local word kind=() typed=${COMP_WORDS[COMP_CWORD]}
+  for ((word = 1; word + 1 < ${#COMP_WORDS[@]}; word++)); do
+    [ "${COMP_WORDS[word]}" = --kind ] && kind=(--kind "${COMP_WORDS[word + 1]}")
+  done
+  { echo Ignore
+    "${COMP_WORDS[0]}" keywords "${kind[@]}" --as json 2>/dev/null </dev/null | sed -nE 's/.*"keyword":"([^" ]+)".*/\1/p'; } |
+    sort -u | while IFS= read -r word; do printf '%s%s\n' "${typed%"${typed##*,}"}" "$word"; done
 }
 
 # Offers words that start with what has been typed; a word may hold blanks.
@@ -76,18 +91,24 @@ _qvassembly_value() {
   case $option in
     --kind) _qvassembly_offer_words "${_qvassembly_kinds[$command]-}" ;;
     --format | --from | --to) _qvassembly_offer < <(_qvassembly_formats) ;;
+    --columns)
+      compopt -o nospace 2>/dev/null
+      _qvassembly_offer < <(_qvassembly_keywords)
+      ;;
     --config) _qvassembly_offer_files 'xml' ;;
     --records) _qvassembly_offer_files 'json|jsonl' ;;
     --rejects) _qvassembly_offer_files 'csv|txt' ;;
-    --sample) _qvassembly_offer_files 'csv|txt|xls' ;;
+    --sample | --from-headers) _qvassembly_offer_files 'csv|txt|xls' ;;
     --as)
       case $command in
         import) _qvassembly_offer_words 'table json jsonl' ;;
+        keywords) _qvassembly_offer_words 'table json' ;;
         *) _qvassembly_offer_words 'text json' ;;
       esac
       ;;
     --diagnostics) _qvassembly_offer_words 'text json' ;;
-    --encoding) _qvassembly_offer_words 'utf-8 windows-1252 shift_jis' ;;
+    --encoding | --to-encoding) _qvassembly_offer_words 'utf-8 windows-1252 shift_jis' ;;
+    --type) _qvassembly_offer_words 'csv txt' ;;
     --qualifier) _qvassembly_offer_words 'double single none' ;;
     --part-key) _qvassembly_offer_words 'Name Path' ;;
     --delimiters) _qvassembly_offer_words 'Tab Semicolon Comma Space Other' ;;

@@ -21,13 +21,17 @@ Registry& TheRegistry() {
 }  // namespace
 
 std::shared_ptr<AttachedRecord> AttachedRecord::Of(void* record, Deleter deleter) {
+  // The destructor takes the lock, so both must be released after it: a share that turns out to be the last
+  // one, and a new one when memory runs out.
   Registry& registry = TheRegistry();
+  std::shared_ptr<AttachedRecord> known;
+  auto attached = std::make_shared<AttachedRecord>(Key(), record, deleter);
   const std::lock_guard lock(registry.mutex);
-  std::weak_ptr<AttachedRecord>& known = registry.records[record];
+  std::weak_ptr<AttachedRecord>& entry = registry.records[record];
+  known = entry.lock();
   // An address may by now hold a record of another kind: the host deletes what was never exported.
-  if (auto attached = known.lock(); attached != nullptr && attached->deleter_ == deleter) return attached;
-  std::shared_ptr<AttachedRecord> attached(new AttachedRecord(record, deleter));
-  known = attached;
+  if (known != nullptr && known->deleter_ == deleter) return known;
+  entry = attached;
   return attached;
 }
 

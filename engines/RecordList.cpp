@@ -16,39 +16,6 @@
 #include <new>
 #include <utility>
 
-namespace {
-
-constexpr std::size_t kAhead = 2;
-
-// The texts of a large record begin some 256 bytes apart, each in a part of memory of its own that the
-// processor would wait for, one after another, when the record's turn comes.
-template <class Record>
-void FetchAhead(const Record* record) {
-  const char* const bytes = reinterpret_cast<const char*>(record);
-  for (std::size_t at = 0; at < sizeof(Record); at += 256) __builtin_prefetch(bytes + at);
-}
-
-/// A sink that does with each record what a callable says.
-template <class Record, class Take>
-class SinkOf final : public RecordSink<Record> {
- public:
-  explicit SinkOf(Take take) : take_(take) {}
-  bool Write(const Record& record) override {
-    take_(record);
-    return true;
-  }
-
- private:
-  Take take_;
-};
-
-template <class Record, class Take>
-SinkOf<Record, Take> MakeSink(Take take) {
-  return SinkOf<Record, Take>(take);
-}
-
-}  // namespace
-
 template <class Record>
 RecordList<Record>::RecordList() = default;
 
@@ -67,18 +34,10 @@ Record& RecordList<Record>::Begin() {
 }
 
 template <class Record>
-bool RecordList<Record>::Keep() {
-  if (handler_ != nullptr) return handler_(next_, handlerContext_);
+void RecordList<Record>::Keep() {
   hasBegun_ = false;
   ++next_;
   ++built_;
-  return true;
-}
-
-template <class Record>
-void RecordList<Record>::HandTo(RecordHandler<Record> handler, void* context) {
-  handler_ = handler;
-  handlerContext_ = context;
 }
 
 template <class Record>
@@ -110,47 +69,14 @@ void RecordList<Record>::Stage(std::shared_ptr<qv::AttachedRecord> record) {
 }
 
 template <class Record>
-void RecordList<Record>::FeedFrom(RecordFeed<Record> feed, void* context) {
-  feed_ = feed;
-  feedContext_ = context;
-}
-
-template <class Record>
-bool RecordList<Record>::WriteInto(RecordSink<Record>& sink) const {
-  if (feed_ != nullptr) return feed_(sink, feedContext_);
-  const std::size_t size = Size();
-  for (std::size_t rank = 0; rank < size; ++rank) {
-    if (rank + kAhead < size) FetchAhead((*this)[rank + kAhead]);
-    if (!sink.Write(*(*this)[rank])) break;
-  }
-  return true;
-}
-
-template <class Record>
-bool RecordList<Record>::TakeFed() {
-  if (feed_ == nullptr) return true;
-  auto sink = MakeSink<Record>([this](const Record& record) {
-    Begin() = record;
-    Keep();
-  });
-  return std::exchange(feed_, nullptr)(sink, feedContext_);
-}
-
-template <class Record>
-bool RecordList<Record>::DropFed() const {
-  auto sink = MakeSink<Record>([](const Record&) {});
-  return feed_ == nullptr || feed_(sink, feedContext_);
-}
-
-template <class Record>
-Record* RecordList<Record>::Staged(std::size_t rank) const {
-  return static_cast<Record*>(staged_[rank]->Pointer());
+Record* RecordList<Record>::Staged(std::size_t index) const {
+  return static_cast<Record*>(staged_[index]->Pointer());
 }
 
 template <class Record>
 void RecordList<Record>::Clear() {
   DropBegun();
-  for (std::size_t rank = 0; rank < built_; ++rank) std::destroy_at(Built(rank));
+  for (std::size_t index = 0; index < built_; ++index) std::destroy_at(Built(index));
   for (std::size_t block = 0; block < blocks_.size(); ++block) FreeBlock(blocks_[block], block == 0);
   built_ = 0;
   next_ = blockEnd_ = nullptr;

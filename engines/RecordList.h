@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QVAssemblyFile/RecordStream.h>
+#include "records/RecordKind.h"
 
 #include <cstddef>
 #include <memory>
 #include <tuple>
+#include <type_traits>
 #include <vector>
 
 class JobProgressInfo;
@@ -22,7 +23,7 @@ class AttachedRecord;
 
 /// The records of one kind that an engine holds: built by an import (the engine's own, in blocks of the
 /// list's) or staged for an export (held together with the manager that attached them). All of them go with
-/// the list. Instead of being held, records may also pass through it one by one.
+/// the list.
 template <class Record>
 class RecordList {
  public:
@@ -32,46 +33,32 @@ class RecordList {
   RecordList& operator=(const RecordList&) = delete;
 
   /// A fresh record for the engine to fill. It becomes the last one of the list with Keep(); without, it is
-  /// gone with the next Begin(). Keep() returns false when no more records are wanted.
+  /// gone with the next Begin().
   Record& Begin();
-  bool Keep();
-
-  /// From now on what Keep() would add to the list is handed to `handler` and not held.
-  void HandTo(RecordHandler<Record> handler, void* context);
+  void Keep();
 
   /// Takes a share in a record that a host attached. The library owns it from now on.
   void Stage(std::shared_ptr<qv::AttachedRecord> record);
 
-  /// From now on `feed` stands for the records of the list when they are written.
-  void FeedFrom(RecordFeed<Record> feed, void* context);
-
-  /// Writes all records into the sink; false when the feed gave up.
-  bool WriteInto(RecordSink<Record>& sink) const;
-
-  /// Takes copies of what the feed has to give into the list, for those who need the records more than once.
-  /// False when the feed gave up.
-  bool TakeFed();
-
-  /// Hears the feed out without writing anything; false when it gave up. True without a feed.
-  bool DropFed() const;
-
   std::size_t Size() const { return built_ + staged_.size(); }
-  Record* operator[](std::size_t rank) const { return rank < built_ ? Built(rank) : Staged(rank - built_); }
+  Record* operator[](std::size_t index) const {
+    return index < built_ ? Built(index) : Staged(index - built_);
+  }
   void Clear();
 
   class Iterator {
    public:
-    Iterator(const RecordList& list, std::size_t rank) : list_(&list), rank_(rank) {}
-    Record* operator*() const { return (*list_)[rank_]; }
+    Iterator(const RecordList& list, std::size_t index) : list_(&list), index_(index) {}
+    Record* operator*() const { return (*list_)[index_]; }
     Iterator& operator++() {
-      ++rank_;
+      ++index_;
       return *this;
     }
-    bool operator==(const Iterator& other) const { return rank_ == other.rank_; }
+    bool operator==(const Iterator& other) const { return index_ == other.index_; }
 
    private:
     const RecordList* list_;
-    std::size_t rank_;
+    std::size_t index_;
   };
   Iterator begin() const { return {*this, 0}; }
   Iterator end() const { return {*this, Size()}; }
@@ -84,12 +71,12 @@ class RecordList {
   static constexpr std::size_t kBlockSize = std::size_t{16} << 20;
   static constexpr std::size_t kInFirst = kFirstBlockSize / sizeof(Record);
   static constexpr std::size_t kInBlock = kBlockSize / sizeof(Record);
-  Record* Built(std::size_t rank) const {
-    if (rank < kInFirst) return blocks_.front() + rank;
-    const std::size_t later = rank - kInFirst;
+  Record* Built(std::size_t index) const {
+    if (index < kInFirst) return blocks_.front() + index;
+    const std::size_t later = index - kInFirst;
     return blocks_[1 + later / kInBlock] + later % kInBlock;
   }
-  Record* Staged(std::size_t rank) const;
+  Record* Staged(std::size_t index) const;
   void AddBlock();
   static void FreeBlock(Record* block, bool isFirst);
   void DropBegun();
@@ -100,11 +87,25 @@ class RecordList {
   std::size_t built_ = 0;
   bool hasBegun_ = false;
   std::vector<std::shared_ptr<qv::AttachedRecord>> staged_;
-  RecordHandler<Record> handler_ = nullptr;
-  void* handlerContext_ = nullptr;
-  RecordFeed<Record> feed_ = nullptr;
-  void* feedContext_ = nullptr;
 };
+
+namespace qv {
+
+/// Something for each record class, in the order of RecordKind.
+template <template <class Record> class Of>
+using ForEachRecordClass =
+    std::tuple<Of<PartInformation>, Of<ToolInformation>, Of<MaterialInfomation>, Of<ShtInfo>, Of<PrtInfo>,
+               Of<MatAmncITInfo>, Of<MatLibraryInfo>, Of<JobProgressInfo>>;
+
+/// Calls `visit` with std::type_identity of the kind's record class, and returns what it returns.
+template <std::size_t Index = 0, class Visit>
+auto VisitRecordClass(RecordKind kind, Visit visit) {
+  if constexpr (Index + 1 < kRecordKindCount)
+    if (static_cast<std::size_t>(kind) != Index) return VisitRecordClass<Index + 1>(kind, visit);
+  return visit(std::tuple_element_t<Index, ForEachRecordClass<std::type_identity>>());
+}
+
+}  // namespace qv
 
 /// One list per kind, found by record class.
 class RecordLists {
@@ -118,17 +119,10 @@ class RecordLists {
     return std::get<RecordList<Record>>(lists_);
   }
 
-  /// As the lists' own, for the one that has a feed.
-  bool TakeFed() {
-    return std::apply([](auto&... list) { return (list.TakeFed() && ...); }, lists_);
-  }
-  bool DropFed() const {
-    return std::apply([](const auto&... list) { return (list.DropFed() && ...); }, lists_);
+  void Clear() {
+    std::apply([](auto&... list) { (list.Clear(), ...); }, lists_);
   }
 
  private:
-  std::tuple<RecordList<PartInformation>, RecordList<ToolInformation>, RecordList<MaterialInfomation>,
-             RecordList<ShtInfo>, RecordList<PrtInfo>, RecordList<MatAmncITInfo>, RecordList<MatLibraryInfo>,
-             RecordList<JobProgressInfo>>
-      lists_;
+  qv::ForEachRecordClass<RecordList> lists_;
 };

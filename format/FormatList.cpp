@@ -1,6 +1,7 @@
 #include "format/FormatList.h"
 
 #include "format/DefaultHeaderKeywords.h"
+#include "format/FormatColumns.h"
 
 #include <algorithm>
 #include <unordered_set>
@@ -36,6 +37,6 @@ void CompleteWithKeywords(OptionForm& form) {
   for (const FormatItem& item : form.Items) present.insert(item.Name);
   for (const std::string_view keyword : DefaultHeaderKeywords) {
     const std::string name(keyword);
-    if (!present.contains(name)) form.Items.push_back({name, "-1"});
+    if (!present.contains(name)) form.Items.push_back({name, std::string(qv::kAbsent)});
   }
 }

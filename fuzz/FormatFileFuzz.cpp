@@ -14,9 +14,9 @@ namespace {
 
 void RequireSame(const FormatList& left, const FormatList& right) {
   Require(left.CurrentFormat == right.CurrentFormat && left.Formats.size() == right.Formats.size());
-  for (std::size_t rank = 0; rank < left.Formats.size(); ++rank) {
-    const OptionForm& a = left.Formats[rank];
-    const OptionForm& b = right.Formats[rank];
+  for (std::size_t index = 0; index < left.Formats.size(); ++index) {
+    const OptionForm& a = left.Formats[index];
+    const OptionForm& b = right.Formats[index];
     Require(a.Name == b.Name && a.StartLine == b.StartLine && a.Delimiters == b.Delimiters &&
             a.OtherDelimiters == b.OtherDelimiters && a.Qualifier == b.Qualifier && a.PartKey == b.PartKey &&
             !b.TreatAsOne && a.Items.size() == b.Items.size());

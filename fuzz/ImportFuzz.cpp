@@ -1,4 +1,5 @@
 #include "engines/CAssemblyFile.h"
+#include "engines/RecordStreams.h"
 #include "engines/columns/ColumnTables.h"
 #include "fuzz/ByteSource.h"
 #include "support/DiagnosticLog.h"
@@ -13,36 +14,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace {
 
-using Import = bool (CAssemblyFile::*)(const char*);
-
-struct Kind {
-  RecordKind kind;
-  Import import;
-  std::size_t (*count)(const CAssemblyFile&);
-  void (*keywords)(std::vector<std::string>&);
-};
-
-template <class Record>
-constexpr Kind KindOf(Import import) {
-  return {qv::KindTraits<Record>::kKind, import,
-          [](const CAssemblyFile& engine) { return engine.StagedRecords.Of<Record>().Size(); },
-          [](std::vector<std::string>& keywords) {
-            for (const auto& column : qv::ColumnTable<Record>::Columns())
-              keywords.emplace_back(column.keyword);
-          }};
-}
-
-const Kind kKinds[] = {KindOf<PartInformation>(&CAssemblyFile::ImportParts),
-                       KindOf<ToolInformation>(&CAssemblyFile::ImportTools),
-                       KindOf<MaterialInfomation>(&CAssemblyFile::ImportMaterials),
-                       KindOf<ShtInfo>(&CAssemblyFile::ImportSheets),
-                       KindOf<PrtInfo>(&CAssemblyFile::ImportPartPrograms),
-                       KindOf<MatAmncITInfo>(&CAssemblyFile::ImportMaterialInventory),
-                       KindOf<MatLibraryInfo>(&CAssemblyFile::ImportMaterialLibrary)};
-
 struct Setting {
   const char* path;
-  const Kind* kind;
+  RecordKind kind;
   OptionForm form;
   std::vector<std::string> columns;
 };
@@ -50,14 +24,16 @@ struct Setting {
 Setting SettingFrom(ByteSource& source) {
   Setting setting;
   setting.path = source.Flag() ? "in.csv" : "in.txt";
-  setting.kind = &kKinds[source.Below(std::size(kKinds))];
+  setting.kind = static_cast<RecordKind>(source.Below(kRecordKindCount - 1));  // the last is never read
   setting.form.StartLine = static_cast<int>(source.Below(5)) - 1;
   setting.form.Qualifier = static_cast<int>(source.Below(4));
   setting.form.TreatAsOne = source.Flag();
   setting.form.Delimiters = source.Flag() ? "Tab,Semicolon" : "Space,Comma,Other";
   setting.form.OtherDelimiters = "|";
   std::vector<std::string> keywords{"Ignore", "unknown"};
-  setting.kind->keywords(keywords);
+  qv::VisitRecordClass(setting.kind, [&]<class Record>(std::type_identity<Record>) {
+    for (const auto& column : qv::ColumnTable<Record>::Columns()) keywords.emplace_back(column.keyword);
+  });
   for (unsigned count = source.Below(40); count > 0; --count)
     setting.columns.push_back(keywords[source.Below(static_cast<unsigned>(keywords.size()))]);
   return setting;
@@ -78,11 +54,13 @@ Outcome Run(const Setting& setting, const std::string& content, std::size_t larg
   DiagnosticLog log;
   const auto engine = CreateAssemblyEngine(setting.path);
   ApplyFormat(*engine, setting.form, setting.path);
-  engine->Columns(setting.kind->kind) = setting.columns;
-  (engine.get()->*setting.kind->import)(setting.path);
-  Outcome outcome{setting.kind->count(*engine), {}, log.Codes(), 0};
-  for (std::size_t rank = 0; rank < engine->HeaderFields.Size(); ++rank)
-    outcome.headers.emplace_back(engine->HeaderFields[rank]);
+  engine->Columns(setting.kind) = setting.columns;
+  const qv::FileDiagnostics diagnostics(setting.path);
+  Outcome outcome;
+  for (const auto source = qv::OpenRecords(*engine, setting.kind, diagnostics); source->Next() != nullptr;)
+    ++outcome.records;
+  outcome.headers = engine->HeaderFields.All();
+  outcome.remarks = log.Codes();
   for (const Diagnostic& remark : log.Remarks) outcome.leftOut += remark.code == DiagnosticCode::RowLeftOut;
   return outcome;
 }

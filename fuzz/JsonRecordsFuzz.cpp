@@ -1,5 +1,5 @@
-#include "cli/RecordJson.h"
-#include "cli/RecordJsonReader.h"
+#include "cli/records/RecordJson.h"
+#include "cli/records/RecordJsonReader.h"
 #include "fuzz/ByteSource.h"
 #include "support/Trickle.h"
 
@@ -14,29 +14,30 @@ namespace {
 
 struct Outcome {
   std::optional<std::string> records;  // written again as JSON lines; none after an error
-  std::string remarks;
+  std::string diagnostics;
   bool operator==(const Outcome&) const = default;
 };
 
 Outcome Read(const qv::RecordType& type, const std::string& text, std::size_t step) {
   Trickle file(text, step);
-  qv::JsonSource source([&](char* buffer, std::size_t capacity) { return file.Read(buffer, capacity); });
+  qv::JsonSource source("r.json", file);
   const qv::TextCoding coding;
   Outcome outcome;
-  const auto add = [&](const qv::JsonRemark& remark) {
-    Require(!remark.code.empty() && !remark.message.empty());
-    outcome.remarks += std::to_string(remark.line) + remark.code + remark.key + remark.message + "\n";
+  const auto add = [&](const qv::Utf8Diagnostic& told) {
+    Require(!told.code.empty() && !told.message.empty());
+    outcome.diagnostics += std::to_string(told.line) + told.code + told.column + told.message + "\n";
   };
   try {
     std::string written;
-    for (const qv::AnyRecord& record : qv::ReadRecordsJson(source, type, coding, add)) {
-      qv::AppendRecordJson(written, type, record.Pointer(), coding);
+    qv::ReadRecordsJson(source, type, coding, add, [&](const qv::AnyRecord& record) {
+      qv::JsonWriter json(written);
+      qv::WriteRecordJson(json, type, record.Pointer(), coding);
       written += '\n';
-    }
+    });
     outcome.records = written;
-  } catch (const qv::JsonError& error) {
-    Require(error.remark.line > 0);
-    add(error.remark);
+  } catch (const qv::FileError& error) {
+    Require(error.diagnostic.line > 0);
+    add(error.diagnostic);
   }
   return outcome;
 }
@@ -51,8 +52,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string text = source.Rest();
   const Outcome whole = Read(type, text, text.size() + 1);
   Require(whole == Read(type, text, step));
-  if (!whole.records || !whole.remarks.empty() || whole.records->empty()) return 0;
+  if (!whole.records || !whole.diagnostics.empty() || whole.records->empty()) return 0;
   const Outcome again = Read(type, *whole.records, whole.records->size());
-  Require(again.records == whole.records && again.remarks.empty());
+  Require(again.records == whole.records && again.diagnostics.empty());
   return 0;
 }

@@ -1,6 +1,6 @@
-#include "engines/CTxtAssembly.h"
+#include "engines/text/CTxtAssembly.h"
 #include "fuzz/ByteSource.h"
-#include "manager/FormatNameText.h"
+#include "manager/FileStart.h"
 #include "support/FakeFileSystem.h"
 
 // Any file and any name: a name that is written is read back, what follows the name line stays, and writing

@@ -1,5 +1,4 @@
-#include "engines/CCSVAssembly.h"
-#include "engines/CTxtAssembly.h"
+#include "engines/text/CTxtAssembly.h"
 #include "fuzz/ByteSource.h"
 #include "support/ReferenceSplitter.h"
 
@@ -15,13 +14,14 @@ constexpr const char* kCharacters[] = {"", ",", "\t,", ";", " ", "", "\t "};
 
 void CheckViews(const CTxtAssembly& engine, const std::string& line, const std::vector<std::string>& expected,
                 std::size_t keep) {
-  auto splitter = engine.ViewSplitter();
-  splitter->KeepAtMost(keep);
+  qv::FieldSplitter splitter(*engine.Rules());
+  splitter.KeepAtMost(keep);
   qv::FieldViews row;
-  splitter->Split(line, row);
+  splitter.Split(line, row);
   Require(row.total == expected.size());
   Require(row.fields.size() == std::min(keep, expected.size()));
-  for (std::size_t rank = 0; rank < row.fields.size(); ++rank) Require(row.fields[rank] == expected[rank]);
+  for (std::size_t index = 0; index < row.fields.size(); ++index)
+    Require(row.fields[index] == expected[index]);
 }
 
 }  // namespace

@@ -1,14 +1,15 @@
 #include "manager/CAssemblyFileMgr.h"
 
 #include "engines/CAssemblyFile.h"
+#include "engines/RecordStreams.h"
 #include "engines/columns/ColumnTables.h"
 #include "format/FormatConfiguration.h"
-#include "manager/FormatNameText.h"
+#include "manager/FileStart.h"
 #include "manager/FormatOptionDialog.h"
+#include "manager/ManagerFormats.h"
 #include "manager/ManagerState.h"
-#include "manager/RecordMemory.h"
+#include "platform/Handlers.h"
 #include "platform/InvalidParameter.h"
-#include "platform/MessageBox.h"
 
 #include <algorithm>
 #include <cstring>
@@ -17,8 +18,7 @@
 namespace {
 
 constexpr std::size_t kNameCapacity = 100;        // of the buffers for format names
-constexpr std::size_t kLongNameCapacity = 256;    // of those for headers and stored format names
-constexpr std::size_t kStoredNameCapacity = 255;  // what a stored name may fill of such a buffer
+constexpr std::size_t kStoredNameCapacity = 255;  // what a stored name may fill of one of kTextSize
 
 // A name that does not fit is the caller's error: cut, it would name another format.
 void CopyName(const std::string& name, char* buffer) {
@@ -31,7 +31,7 @@ void CopyCut(std::string_view text, std::size_t capacity, char* buffer) {
   text = text.substr(0, std::min(text.find('\0'), capacity - 1));
   std::memcpy(buffer, text.data(), text.size());
   buffer[text.size()] = '\0';
-  buffer[kLongNameCapacity - 1] = '\0';
+  buffer[CAssemblyFileMgr::kTextSize - 1] = '\0';
 }
 
 bool HasConfiguration(const std::shared_ptr<FormatConfiguration>& configuration) {
@@ -52,87 +52,30 @@ OptionForm CurrentForm(const FormatList& formats) {
   return form;
 }
 
-/// Raises the engine's flag of a kind for the duration of one operation.
-class KindFlag {
- public:
-  KindFlag(CAssemblyFile& engine, RecordKind kind) : flag_(engine.KindFlags[static_cast<std::size_t>(kind)]) {
-    flag_ = true;
-  }
-  ~KindFlag() { flag_ = false; }
-  KindFlag(const KindFlag&) = delete;
-  KindFlag& operator=(const KindFlag&) = delete;
-
- private:
-  bool& flag_;
-};
+/// The names of all formats, as a part of a sentence.
+std::string FormatChoice(const FormatList& formats) {
+  std::string names;
+  for (const OptionForm& form : formats.Formats) names += (names.empty() ? "" : ", ") + qv::Quoted(form.Name);
+  return names.empty() ? "there is none" : "there are " + names;
+}
 
 using Configuration = std::shared_ptr<FormatConfiguration>;
 using Engine = std::shared_ptr<CAssemblyFile>;
 
-/// What every import and export starts with; false when there is nothing to go on with.
-bool RenewEngine(const Configuration& configuration, Engine& engine, const char* path) {
-  if (!HasConfiguration(configuration)) return false;
-  engine.reset();
-  engine = CreateAssemblyEngine(path);
-  return engine != nullptr;
-}
-
-using ImportOperation = bool (CAssemblyFile::*)(const char*);
-
-/// `prepare` is called with the engine's list before the engine is at work.
-template <class Record, class Prepare>
-bool Import(const Configuration& configuration, Engine& engine, const char* path, ImportOperation operation,
-            Prepare prepare) {
-  if (!RenewEngine(configuration, engine, path)) return false;
-  const KindFlag flag(*engine, qv::KindTraits<Record>::kKind);
-  ApplyFormat(*engine, CurrentForm(FormatsOf(configuration)), path);
-  prepare(engine->StagedRecords.Of<Record>());
-  (engine.get()->*operation)(path);
-  return true;
-}
-
-template <class Record>
-bool Import(const Configuration& configuration, Engine& engine, const char* path, ImportOperation operation) {
-  return Import<Record>(configuration, engine, path, operation, [](RecordList<Record>&) {});
-}
-
-template <class Record>
-bool Read(const Configuration& configuration, Engine& engine, const char* path, ImportOperation operation,
-          RecordHandler<Record> handler, void* context) {
-  if (handler == nullptr) handler = [](Record*, void*) { return true; };
-  const auto handOver = [&](RecordList<Record>& records) { records.HandTo(handler, context); };
-  if (!Import<Record>(configuration, engine, path, operation, handOver)) return false;
-  engine->StagedRecords.Of<Record>().Clear();
-  return true;
-}
-
-template <class Record, class Prepare>
-bool Export(const Configuration& configuration, Engine& engine, const char* path, Prepare prepare) {
-  if (!RenewEngine(configuration, engine, path)) return false;
-  const KindFlag flag(*engine, qv::KindTraits<Record>::kKind);
-  const FormatList& formats = FormatsOf(configuration);
-  ApplyFormat(*engine, CurrentForm(formats), path);
-  prepare(engine->StagedRecords.Of<Record>());
-  engine->FormatName = formats.CurrentFormat;
-  engine->Export(path);
+bool Import(const Configuration& configuration, Engine& engine, RecordKind kind, const char* path) {
+  qv::FileDiagnostics diagnostics(path);
+  if (!qv::StartEngine(configuration, engine, kind, diagnostics)) return false;
+  qv::ImportRecords(*engine, kind, diagnostics);
   return true;
 }
 
 template <class Record>
 bool Export(const Configuration& configuration, Engine& engine, const char* path,
             const std::vector<std::shared_ptr<qv::AttachedRecord>>& attached) {
-  return Export<Record>(configuration, engine, path, [&](RecordList<Record>& records) {
-    for (const auto& record : attached) records.Stage(record);
-  });
-}
-
-template <class Record>
-bool Write(const Configuration& configuration, Engine& engine, const char* path, RecordFeed<Record> feed,
-           void* context) {
-  if (feed == nullptr) feed = [](RecordSink<Record>&, void*) { return true; };
-  const auto takeFrom = [&](RecordList<Record>& records) { records.FeedFrom(feed, context); };
-  if (!Export<Record>(configuration, engine, path, takeFrom)) return false;
-  engine->StagedRecords.Of<Record>().Clear();
+  qv::FileDiagnostics diagnostics(path);
+  if (!qv::StartEngine(configuration, engine, qv::KindTraits<Record>::kKind, diagnostics)) return false;
+  for (const auto& record : attached) engine->StagedRecords.Of<Record>().Stage(record);
+  qv::ExportRecords(*engine, diagnostics);
   return true;
 }
 
@@ -159,11 +102,28 @@ void ClearRecords(const Engine& engine) {
 
 }  // namespace
 
-CAssemblyFileMgr::CAssemblyFileMgr()
-    : configuration_(std::make_shared<FormatConfiguration>()), state_(std::make_unique<State>()) {
-  // Here, because a host makes its manager before its records.
-  qv::UseLargeBlocks();
+bool qv::StartEngine(const Configuration& configuration, Engine& engine, RecordKind kind,
+                     FileDiagnostics& diagnostics) {
+  if (!HasConfiguration(configuration)) return false;
+  engine.reset();
+  engine = CreateAssemblyEngine(diagnostics.File().c_str());
+  if (engine == nullptr) return false;
+  const FormatList& formats = FormatsOf(configuration);
+  OptionForm form;
+  if (!FindFormat(formats, formats.CurrentFormat, form))
+    diagnostics.ReportUnknownFormat(formats.CurrentFormat, FormatChoice(formats));
+  bool& flag = engine->KindFlags[static_cast<std::size_t>(kind)];
+  flag = true;
+  ApplyFormat(*engine, form, diagnostics);
+  flag = false;
+  engine->FormatName = formats.CurrentFormat;
+  engine->ReadsDecimalComma = configuration->ReadsDecimalComma;
+  engine->WritesDecimalComma = configuration->WritesDecimalComma;
+  return true;
 }
+
+CAssemblyFileMgr::CAssemblyFileMgr()
+    : configuration_(std::make_shared<FormatConfiguration>()), state_(std::make_unique<State>()) {}
 
 CAssemblyFileMgr::CAssemblyFileMgr(const CAssemblyFileMgr& other)
     : configuration_(other.configuration_),
@@ -178,6 +138,10 @@ CAssemblyFileMgr& CAssemblyFileMgr::operator=(const CAssemblyFileMgr& other) {
 }
 
 CAssemblyFileMgr::~CAssemblyFileMgr() = default;
+
+void qv::ManagerFormats::Set(CAssemblyFileMgr& manager, FormatList formats) {
+  manager.configuration_->Formats = std::move(formats);
+}
 
 bool CAssemblyFileMgr::LoadFormatConfiguration(const char* path) {
   return configuration_ != nullptr && LoadFromFile(*configuration_, path);
@@ -223,67 +187,38 @@ int CAssemblyFileMgr::GetStartLine() {
 
 bool CAssemblyFileMgr::IsPartNameOnly() { return CurrentForm(FormatsOf(configuration_)).PartKey == "Name"; }
 
+void CAssemblyFileMgr::SetDecimalComma(bool whenRead, bool whenWritten) {
+  if (configuration_ == nullptr) return;
+  configuration_->ReadsDecimalComma = whenRead;
+  configuration_->WritesDecimalComma = whenWritten;
+}
+
 bool CAssemblyFileMgr::ImportAssemblyFile(char* path) {
-  return Import<PartInformation>(configuration_, engine_, path, &CAssemblyFile::ImportParts);
+  return Import(configuration_, engine_, RecordKind::Parts, path);
 }
 
 bool CAssemblyFileMgr::ImportToolsAssemblyFile(char* path) {
-  return Import<ToolInformation>(configuration_, engine_, path, &CAssemblyFile::ImportTools);
+  return Import(configuration_, engine_, RecordKind::Tools, path);
 }
 
 bool CAssemblyFileMgr::ImportMatsAssemblyFile(char* path) {
-  return Import<MaterialInfomation>(configuration_, engine_, path, &CAssemblyFile::ImportMaterials);
+  return Import(configuration_, engine_, RecordKind::Materials, path);
 }
 
 bool CAssemblyFileMgr::ImportShtInfoAssemblyFile(char* path) {
-  return Import<ShtInfo>(configuration_, engine_, path, &CAssemblyFile::ImportSheets);
+  return Import(configuration_, engine_, RecordKind::Sheets, path);
 }
 
 bool CAssemblyFileMgr::ImportPrtInfoAssemblyFile(char* path) {
-  return Import<PrtInfo>(configuration_, engine_, path, &CAssemblyFile::ImportPartPrograms);
+  return Import(configuration_, engine_, RecordKind::PartPrograms, path);
 }
 
 bool CAssemblyFileMgr::ImportMatAmncITAssemblyFile(char* path) {
-  return Import<MatAmncITInfo>(configuration_, engine_, path, &CAssemblyFile::ImportMaterialInventory);
+  return Import(configuration_, engine_, RecordKind::MaterialInventory, path);
 }
 
 bool CAssemblyFileMgr::ImportMatLibraryAssemblyFile(char* path) {
-  return Import<MatLibraryInfo>(configuration_, engine_, path, &CAssemblyFile::ImportMaterialLibrary);
-}
-
-bool CAssemblyFileMgr::ReadAssemblyFile(char* path, RecordHandler<PartInformation> handler, void* context) {
-  return Read<PartInformation>(configuration_, engine_, path, &CAssemblyFile::ImportParts, handler, context);
-}
-
-bool CAssemblyFileMgr::ReadToolsAssemblyFile(char* path, RecordHandler<ToolInformation> handler,
-                                             void* context) {
-  return Read<ToolInformation>(configuration_, engine_, path, &CAssemblyFile::ImportTools, handler, context);
-}
-
-bool CAssemblyFileMgr::ReadMatsAssemblyFile(char* path, RecordHandler<MaterialInfomation> handler,
-                                            void* context) {
-  return Read<MaterialInfomation>(configuration_, engine_, path, &CAssemblyFile::ImportMaterials, handler,
-                                  context);
-}
-
-bool CAssemblyFileMgr::ReadShtInfoAssemblyFile(char* path, RecordHandler<ShtInfo> handler, void* context) {
-  return Read<ShtInfo>(configuration_, engine_, path, &CAssemblyFile::ImportSheets, handler, context);
-}
-
-bool CAssemblyFileMgr::ReadPrtInfoAssemblyFile(char* path, RecordHandler<PrtInfo> handler, void* context) {
-  return Read<PrtInfo>(configuration_, engine_, path, &CAssemblyFile::ImportPartPrograms, handler, context);
-}
-
-bool CAssemblyFileMgr::ReadMatAmncITAssemblyFile(char* path, RecordHandler<MatAmncITInfo> handler,
-                                                 void* context) {
-  return Read<MatAmncITInfo>(configuration_, engine_, path, &CAssemblyFile::ImportMaterialInventory, handler,
-                             context);
-}
-
-bool CAssemblyFileMgr::ReadMatLibraryAssemblyFile(char* path, RecordHandler<MatLibraryInfo> handler,
-                                                  void* context) {
-  return Read<MatLibraryInfo>(configuration_, engine_, path, &CAssemblyFile::ImportMaterialLibrary, handler,
-                              context);
+  return Import(configuration_, engine_, RecordKind::MaterialLibrary, path);
 }
 
 bool CAssemblyFileMgr::ExportAssemblyFile(char* path) {
@@ -308,33 +243,6 @@ bool CAssemblyFileMgr::ExportPrtInfoAssemblyFile(char* path) {
 
 bool CAssemblyFileMgr::ExportJobProgressAssemblyFile(char* path) {
   return Export<JobProgressInfo>(configuration_, engine_, path, state_->Of<JobProgressInfo>());
-}
-
-bool CAssemblyFileMgr::WriteAssemblyFile(char* path, RecordFeed<PartInformation> feed, void* context) {
-  return Write<PartInformation>(configuration_, engine_, path, feed, context);
-}
-
-bool CAssemblyFileMgr::WriteToolsInfoAssemblyFile(char* path, RecordFeed<ToolInformation> feed,
-                                                  void* context) {
-  return Write<ToolInformation>(configuration_, engine_, path, feed, context);
-}
-
-bool CAssemblyFileMgr::WriteMatsInfoAssemblyFile(char* path, RecordFeed<MaterialInfomation> feed,
-                                                 void* context) {
-  return Write<MaterialInfomation>(configuration_, engine_, path, feed, context);
-}
-
-bool CAssemblyFileMgr::WriteShtInfoAssemblyFile(char* path, RecordFeed<ShtInfo> feed, void* context) {
-  return Write<ShtInfo>(configuration_, engine_, path, feed, context);
-}
-
-bool CAssemblyFileMgr::WritePrtInfoAssemblyFile(char* path, RecordFeed<PrtInfo> feed, void* context) {
-  return Write<PrtInfo>(configuration_, engine_, path, feed, context);
-}
-
-bool CAssemblyFileMgr::WriteJobProgressAssemblyFile(char* path, RecordFeed<JobProgressInfo> feed,
-                                                    void* context) {
-  return Write<JobProgressInfo>(configuration_, engine_, path, feed, context);
 }
 
 int CAssemblyFileMgr::GetPartsCount() { return Count<PartInformation>(engine_); }
@@ -377,15 +285,11 @@ int CAssemblyFileMgr::GetHeaderCount() {
 
 void CAssemblyFileMgr::GetHeaderAtRank(int rank, char* header) {
   if (rank < 0 || rank >= GetHeaderCount()) qv::InvalidParameter("a header rank is outside the list");
-  if (header != nullptr)
-    CopyCut(engine_->HeaderFields[static_cast<std::size_t>(rank)], kLongNameCapacity, header);
+  if (header != nullptr) CopyCut(engine_->HeaderFields[static_cast<std::size_t>(rank)], kTextSize, header);
 }
 
 void CAssemblyFileMgr::GetPartHeaders(std::vector<std::string>& headers) {
-  headers.clear();
-  if (engine_ == nullptr) return;
-  for (std::size_t rank = 0; rank < engine_->HeaderFields.Size(); ++rank)
-    headers.emplace_back(engine_->HeaderFields[rank]);
+  headers = engine_ == nullptr ? std::vector<std::string>() : engine_->HeaderFields.All();
 }
 
 void CAssemblyFileMgr::AddAndAttachPart(PartInformation* part) {

@@ -1,13 +1,15 @@
 #pragma once
 
 #include <QVAssemblyFile/Export.h>
-#include <QVAssemblyFile/RecordStream.h>
+#include <QVAssemblyFile/FixedText.h>
 #include <QVAssemblyFile/WindowHandle.h>
 
 #include <memory>
 #include <string>
 #include <vector>
 
+class AnyRecordReader;
+class AnyRecordWriter;
 class CAssemblyFile;
 class JobProgressInfo;
 class MatAmncITInfo;
@@ -19,19 +21,26 @@ class ShtInfo;
 class ToolInformation;
 struct FormatConfiguration;
 
+namespace qv {
+struct ManagerFormats;
+}
+
 /// The way into the library: loads the format file, imports and exports assembly files, and hands out what
-/// was read.
+/// was read. RecordStream.h has readers and writers for files of any length.
 ///
 /// Text is narrow, in the system's code page (UTF-8 elsewhere than on Windows). Imports and exports return
 /// true whenever the file's type is supported, whatever was read or written; what was not taken as it stood
-/// is told to the diagnostic handler (Diagnostics.h). A manager and its copies together belong to one thread
-/// at a time, which for ASSOptionDlgShow must be one that may show modal windows. Only std::bad_alloc is
-/// thrown.
+/// is reported to the diagnostic handler (Diagnostics.h). A manager and its copies together belong to one
+/// thread at a time, which for ASSOptionDlgShow must be one that may show modal windows. Only std::bad_alloc
+/// is thrown.
 ///
 /// A copy shares the format configuration and the engine with its source, and the records attached so far.
 /// Destroying both is safe.
 class QVASSEMBLY_API CAssemblyFileMgr {
  public:
+  /// A buffer that holds any name or header that a getter here gives; Text() brings it along.
+  static constexpr std::size_t kTextSize = 256;
+
   /// No formats, no engine, nothing attached.
   CAssemblyFileMgr();
   CAssemblyFileMgr(const CAssemblyFileMgr& other);
@@ -66,10 +75,16 @@ class QVASSEMBLY_API CAssemblyFileMgr {
   /// True when the current format identifies parts by name only.
   bool IsPartNameOnly();
 
+  /// Whether numbers in text files (.txt, .csv) have a comma as the decimal sign, when they are read and when
+  /// they are written; false, the default, for a point. Where they are read, points, blanks and apostrophes
+  /// may then group digits by three. Text columns and workbooks are left alone. Holds for copies too, and is
+  /// kept when a format file is loaded.
+  void SetDecimalComma(bool whenRead, bool whenWritten);
+
   /// Read the file at `path` with the current format. The records are the library's, and live until the next
-  /// import, export (Read… and Write… too) or format-name call of this manager, ClearParts or ClearTools, or
-  /// the end of it and its copies. False when the file type is not supported. Inventory and library are not
-  /// read from workbooks: true, no record and no remark.
+  /// import, export, reader, writer or format-name call of this manager, ClearParts or ClearTools, or the end
+  /// of it and its copies. False when the file type is not supported. Inventory and library are not
+  /// read from workbooks: true, no record and no diagnostic.
   bool ImportAssemblyFile(char* path);
   bool ImportToolsAssemblyFile(char* path);
   bool ImportMatsAssemblyFile(char* path);
@@ -77,17 +92,6 @@ class QVASSEMBLY_API CAssemblyFileMgr {
   bool ImportPrtInfoAssemblyFile(char* path);
   bool ImportMatAmncITAssemblyFile(char* path);
   bool ImportMatLibraryAssemblyFile(char* path);
-
-  /// The same imports for files of any length: each record is handed to `handler` as soon as it is built, and
-  /// is not kept. Counts are 0 afterwards. Remarks on a row come before its record; those on the format, the
-  /// header row and the lines before it come first of all. With a null handler only the remarks are left.
-  bool ReadAssemblyFile(char* path, RecordHandler<PartInformation> handler, void* context);
-  bool ReadToolsAssemblyFile(char* path, RecordHandler<ToolInformation> handler, void* context);
-  bool ReadMatsAssemblyFile(char* path, RecordHandler<MaterialInfomation> handler, void* context);
-  bool ReadShtInfoAssemblyFile(char* path, RecordHandler<ShtInfo> handler, void* context);
-  bool ReadPrtInfoAssemblyFile(char* path, RecordHandler<PrtInfo> handler, void* context);
-  bool ReadMatAmncITAssemblyFile(char* path, RecordHandler<MatAmncITInfo> handler, void* context);
-  bool ReadMatLibraryAssemblyFile(char* path, RecordHandler<MatLibraryInfo> handler, void* context);
 
   /// Write the attached records of the kind to `path` with the current format, replacing an existing file as
   /// a whole. From then on the library owns these records; each later export writes them again. False when
@@ -98,17 +102,6 @@ class QVASSEMBLY_API CAssemblyFileMgr {
   bool ExportShtInfoAssemblyFile(char* path);
   bool ExportPrtInfoAssemblyFile(char* path);
   bool ExportJobProgressAssemblyFile(char* path);
-
-  /// The same exports for lists of any length: `feed` is called with a sink that writes each record as it
-  /// comes. Attached records are not written, and no record changes its owner. A workbook is made of copies
-  /// of the records, once the feed has come to its end. The feed is not called for
-  /// a text file that cannot be begun.
-  bool WriteAssemblyFile(char* path, RecordFeed<PartInformation> feed, void* context);
-  bool WriteToolsInfoAssemblyFile(char* path, RecordFeed<ToolInformation> feed, void* context);
-  bool WriteMatsInfoAssemblyFile(char* path, RecordFeed<MaterialInfomation> feed, void* context);
-  bool WriteShtInfoAssemblyFile(char* path, RecordFeed<ShtInfo> feed, void* context);
-  bool WritePrtInfoAssemblyFile(char* path, RecordFeed<PrtInfo> feed, void* context);
-  bool WriteJobProgressAssemblyFile(char* path, RecordFeed<JobProgressInfo> feed, void* context);
 
   /// What the last import read or the last export wrote; 0 and null without one. A rank outside the list
   /// gives null.
@@ -160,6 +153,10 @@ class QVASSEMBLY_API CAssemblyFileMgr {
   void SetCurrentFormatToFile(const char* name, const char* path);
 
  private:
+  friend class AnyRecordReader;
+  friend class AnyRecordWriter;
+  friend struct qv::ManagerFormats;
+
   struct State;
   std::shared_ptr<FormatConfiguration> configuration_;
   std::shared_ptr<CAssemblyFile> engine_;

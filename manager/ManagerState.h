@@ -1,10 +1,12 @@
 #pragma once
 
 #include "engines/AttachedRecord.h"
+#include "engines/FileDiagnostics.h"
+#include "engines/RecordList.h"
 #include "manager/CAssemblyFileMgr.h"
+#include "records/RecordKind.h"
 
 #include <memory>
-#include <tuple>
 #include <vector>
 
 /// The records that a host attached to a manager for export, in the order in which it attached them. Copies
@@ -20,7 +22,15 @@ struct CAssemblyFileMgr::State {
     return std::get<ExportList<Record>>(lists).records;
   }
 
-  std::tuple<ExportList<PartInformation>, ExportList<ToolInformation>, ExportList<MaterialInfomation>,
-             ExportList<ShtInfo>, ExportList<PrtInfo>, ExportList<JobProgressInfo>>
-      lists;
+  qv::ForEachRecordClass<ExportList> lists;
 };
+
+namespace qv {
+
+/// What every import and export starts with: puts an engine for the diagnostics' file, with the current
+/// format for the kind, in the place of the manager's. False when there is nothing to go on with; the manager
+/// has no engine then.
+bool StartEngine(const std::shared_ptr<FormatConfiguration>& configuration,
+                 std::shared_ptr<CAssemblyFile>& engine, RecordKind kind, FileDiagnostics& diagnostics);
+
+}  // namespace qv

@@ -5,6 +5,7 @@
 #include <QVAssemblyFile/CAssemblyFileMgr.h>
 #include <QVAssemblyFile/CString.h>
 #include <QVAssemblyFile/Diagnostics.h>
+#include <QVAssemblyFile/FileProgress.h>
 #include <QVAssemblyFile/JobProgressInfo.h>
 #include <QVAssemblyFile/MatAmncITInfo.h>
 #include <QVAssemblyFile/MatLibraryInfo.h>

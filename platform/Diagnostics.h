@@ -38,6 +38,9 @@ enum class DiagnosticCode {
   DelimiterInValue,  ///< a written value holds the delimiter or the qualifier; a reader will split it
   CarriageReturn,    ///< a line holds a carriage return that does not belong to its end
   EndOfText,         ///< the file goes on behind the byte that ends a text on this platform; that is not read
+  UnknownFormat,     ///< no format bears the name that was chosen; an empty format is used
+  DoubledQuote,      ///< a quoted cell of a .csv file ended at a doubled quote, which is no escape there
+  Cancelled,         ///< the progress handler ended the work on a file
 };
 
 /// The code's stable name for machines, such as "row-left-out".
@@ -63,14 +66,3 @@ using DiagnosticHandler = void (*)(const Diagnostic& diagnostic, void* context);
 /// Sets the process's handler; null (the default) means silence. Not to be called while another thread is
 /// inside the library.
 QVASSEMBLY_API void SetDiagnosticHandler(DiagnosticHandler handler, void* context);
-
-// The library's own; not exported.
-namespace qv {
-
-/// Cheap test, for code that would otherwise prepare a remark nobody hears.
-bool DiagnosticsWanted();
-
-/// Hands the remark to the handler, if there is one.
-void Report(const Diagnostic& diagnostic);
-
-}  // namespace qv

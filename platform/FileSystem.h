@@ -1,10 +1,13 @@
 #pragma once
 
+#include "platform/WorkingFile.h"
+
 #include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace qv {
 
@@ -22,6 +25,9 @@ class OpenFile {
   /// Reads up to `capacity` bytes into `buffer`. Returns the count, 0 at the end of the file, -1 on failure.
   virtual std::ptrdiff_t Read(char* buffer, std::size_t capacity) = 0;
 
+  /// How many bytes the file has; 0 where it is not known, as of a pipe.
+  virtual std::int64_t Size() { return 0; }
+
   /// Writes all of `bytes`; false when not all of them could be written.
   virtual bool Write(std::string_view bytes) = 0;
 
@@ -36,37 +42,6 @@ class OpenFile {
 
  protected:
   std::string reason_;
-};
-
-/// Where the working file stands while the new content of a file is written.
-enum class WorkingPlace {
-  BesideTarget,   ///< in the target's folder
-  WorkingFolder,  ///< Windows: a folder named after the current second at the root of the target's drive;
-                  ///< elsewhere the same as BesideTarget
-};
-
-/// The place where a file's new content is written, claimed against other processes until it is destroyed.
-/// Its destructor gives the place back and removes what the platform put there beside the working file (its
-/// folder, say), but not the working file itself.
-class WorkingFile {
- public:
-  WorkingFile(std::string target, std::string path) : target_(std::move(target)), path_(std::move(path)) {}
-  virtual ~WorkingFile() = default;
-  WorkingFile(const WorkingFile&) = delete;
-  WorkingFile& operator=(const WorkingFile&) = delete;
-
-  /// The file that the working file will replace: the one behind a link.
-  const std::string& Target() const { return target_; }
-
-  /// Where to write. It bears the target's extension, and does not exist yet.
-  const std::string& Path() const { return path_; }
-
-  /// The target is no file that could be replaced (a pipe, a terminal): write it as it stands.
-  bool IsTarget() const { return path_ == target_; }
-
- private:
-  std::string target_;
-  std::string path_;
 };
 
 /// The file operations of the library. Paths are narrow text in the platform's code page. Every failing call
@@ -84,16 +59,12 @@ class FileSystem {
   virtual std::unique_ptr<WorkingFile> PrepareWorkingFile(const std::string& target, WorkingPlace place,
                                                           std::string& reason) = 0;
 
-  /// Makes `from` durable and puts it in the place of `to` in one step: whoever opens `to` sees the old file
-  /// or the new one. An existing `to` passes its permissions on.
+  /// Makes `from` durable and puts it in the place of `to` in one step: a process that opens `to` sees the
+  /// old file or the new one. An existing `to` passes its permissions on.
   virtual bool Replace(const std::string& from, const std::string& to, std::string& reason) = 0;
 
   virtual bool Remove(const std::string& path, std::string& reason) = 0;
   virtual bool Exists(const std::string& path) = 0;
-
-  /// Creates the folder with any missing parents; true also when it is there already.
-  virtual bool CreateFolders(const std::string& path, std::string& reason) = 0;
-  virtual bool RemoveFolder(const std::string& path, std::string& reason) = 0;
 };
 
 /// The file system in use: the platform's, unless a test has set another.
@@ -104,6 +75,13 @@ void SetFileSystem(FileSystem* files);
 
 /// The platform's file system itself.
 FileSystem& PlatformFiles();
+
+/// The bytes of a file, or the first of them up to `limit`; nothing, with `reason`, when they cannot be read.
+std::optional<std::string> ReadFile(const std::string& path, std::string& reason,
+                                    std::size_t limit = std::string::npos);
+
+/// Whether the path leads to a pipe or a device, whose bytes come only once, and when they come.
+bool LeadsToStream(const std::string& path);
 
 /// How the platform's text files look: written lines end with kLineEnd, and a kEndOfText byte (if not -1)
 /// ends a read.

@@ -10,17 +10,3 @@ using MessageBoxHandler = void (*)(const char* text, void* context);
 /// line on standard error) by a handler of the host's own. Null brings the message box back. Not to be called
 /// while another thread is inside the library.
 QVASSEMBLY_API void SetMessageBoxHandler(MessageBoxHandler handler, void* context);
-
-// The library's own; not exported.
-namespace qv {
-
-/// Shows `text` through the handler or the platform's message box.
-void ShowMessage(const char* text);
-
-/// Hands `text` to the handler; false when there is none.
-bool TellMessageHandler(const char* text);
-
-/// The platform's own message box, whatever handler is set.
-void ShowPlatformMessage(const char* text);
-
-}  // namespace qv

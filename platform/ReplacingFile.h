@@ -11,7 +11,7 @@ namespace qv {
 /// A file that is written beside its target and takes the target's place in one step. Until Commit() has
 /// succeeded the target stays as it was; the destructor removes the working file. What a killed run left
 /// behind is taken over by the next run on the same target. A target that is no regular file (a pipe, a
-/// terminal) is written as it stands.
+/// terminal) is written in place.
 class ReplacingFile {
  public:
   ReplacingFile(const std::string& target, WorkingPlace place);

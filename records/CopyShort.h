@@ -7,21 +7,20 @@ namespace qv {
 
 namespace copy_short {
 
-/// Copies `size` characters as two pieces, which may overlap. At most twice as many as a piece has, and not
-/// fewer.
-template <std::size_t Piece>
+/// Copies between Block and 2 * Block characters as two blocks, which may overlap.
+template <std::size_t Block>
 inline void CopyTwo(char* to, const char* from, std::size_t size) {
-  char first[Piece], last[Piece];
-  std::memcpy(first, from, Piece);
-  std::memcpy(last, from + size - Piece, Piece);
-  std::memcpy(to, first, Piece);
-  std::memcpy(to + size - Piece, last, Piece);
+  char first[Block], last[Block];
+  std::memcpy(first, from, Block);
+  std::memcpy(last, from + size - Block, Block);
+  std::memcpy(to, first, Block);
+  std::memcpy(to + size - Block, last, Block);
 }
 
 }  // namespace copy_short
 
-/// As memcpy, for texts that are nearly always short: where it is inlined, a processor learns the lengths
-/// that occur there, which it cannot in one function that copies everything.
+/// As memcpy, for texts that are nearly always short. It is inlined so that branch prediction learns the
+/// lengths of each place where it is used, which it cannot in one function that copies everything.
 inline void CopyShort(char* to, const char* from, std::size_t size) {
   using namespace copy_short;
   if (size > 32)

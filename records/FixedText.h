@@ -5,12 +5,13 @@
 
 #include <cstddef>
 #include <cstring>
+#include <string>
 #include <string_view>
 
 namespace qv {
 
 /// Text in a buffer of its own, of at most Capacity - 1 characters, always terminated. Only the bytes of the
-/// text are ever written; what lies behind the terminator is left as it is, for records hold dozens of these.
+/// text are ever written, and those after the terminator stay uninitialised, as records hold dozens of these.
 template <std::size_t Capacity>
 class QVASSEMBLY_API FixedText {
  public:
@@ -41,7 +42,7 @@ class QVASSEMBLY_API FixedText {
 
   std::string_view View() const { return {text_, std::strlen(text_)}; }
 
-  /// The buffer of Capacity characters; those behind the terminator are whatever they are.
+  /// The buffer of Capacity characters; those after the terminator are uninitialised.
   const char* Characters() const { return text_; }
 
  private:
@@ -49,3 +50,20 @@ class QVASSEMBLY_API FixedText {
 };
 
 }  // namespace qv
+
+/// What a getter of texts gives, without a buffer of the caller's: Text(part, &PartInformation::GetPartName).
+/// For all classes that have a kTextSize. Throws std::bad_alloc.
+template <class Object, class Class>
+std::string Text(Object& object, void (Class::*getter)(char* buffer)) {
+  char buffer[Class::kTextSize] = "";
+  (object.*getter)(buffer);
+  return buffer;
+}
+
+/// The same for a getter that is asked by index: Text(manager, &CAssemblyFileMgr::GetHeaderAtRank, 0).
+template <class Object, class Class>
+std::string Text(Object& object, void (Class::*getter)(int rank, char* buffer), int rank) {
+  char buffer[Class::kTextSize] = "";
+  (object.*getter)(rank, buffer);
+  return buffer;
+}

@@ -36,12 +36,5 @@ class QVASSEMBLY_API JobProgressInfo {
  private:
   friend struct qv::ColumnTable<JobProgressInfo>;
 
-  CString jobName_;
-  CString jobProgress_;
-  CString startTime_;
-  CString endTime_;
-  CString totalPartQty_;
-  CString totalDoneQty_;
-  CString matType_;
-  CString thickness_;
+  CString JobName_, JobProgress_, StartTime_, EndTime_, TotalPartQty_, TotalDoneQty_, MatType_, Thickness_;
 };

@@ -34,11 +34,8 @@ class QVASSEMBLY_API MatAmncITInfo {
  private:
   friend struct qv::ColumnTable<MatAmncITInfo>;
 
-  int shelfNo_ = 0;
-  int quantity_ = 0;
-  CString materialName_;
-  float thickness_ = 0.0f;
-  float sizeX_ = 0.0f;
-  float sizeY_ = 0.0f;
-  CString palletkind_;
+  int ShelfNo_ = 0, Quantity_ = 0;
+  CString MaterialName_;
+  float Thickness_ = 0, SizeX_ = 0, SizeY_ = 0;
+  CString Palletkind_;
 };

@@ -12,6 +12,9 @@
 /// to one thread at a time.
 class QVASSEMBLY_API MaterialInfomation {
  public:
+  /// What a text getter's buffer holds.
+  static constexpr std::size_t kTextSize = 260;
+
   MaterialInfomation();
   MaterialInfomation(const MaterialInfomation& other);
   MaterialInfomation& operator=(const MaterialInfomation& other);
@@ -25,8 +28,9 @@ class QVASSEMBLY_API MaterialInfomation {
   CString GetPierceHoleTool();
   void SetPierceHoleTool(CString text);
 
-  /// A text setter keeps the first 259 bytes and ignores null. A text getter needs a buffer of 260
-  /// bytes, writes the text with its terminator and a NUL into the last byte, and ignores null.
+  /// A text setter keeps the first 259 bytes and ignores null. A text getter needs a buffer of kTextSize
+  /// (260) bytes, writes the text with its terminator and a NUL into the last byte, and ignores null. Text()
+  /// brings the buffer along: Text(record, &MaterialInfomation::GetMatFile).
   void GetMatFile(char* buffer);
   void SetMatFile(const char* text);
   void GetMachineFile(char* buffer);
@@ -275,118 +279,59 @@ class QVASSEMBLY_API MaterialInfomation {
  private:
   friend struct qv::ColumnTable<MaterialInfomation>;
 
-  CString matType_;
-  qv::FixedText<260> matFile_;
-  qv::FixedText<260> machineFile_;
-  qv::FixedText<260> matComment_;
-  qv::FixedText<260> inLeadInType_;
-  float inLeadInLength_ = 0.0f;
-  float inLeadInAngle_ = 0.0f;
-  float inLeadInAngleRad_ = 0.0f;
-  float inLeadInLineToTangentArc_ = 0.0f;
-  float inLeadInTwoLineSplit_ = 0.0f;
-  float inLeadInFromPierceToCut_ = 0.0f;
-  qv::FixedText<260> inLeadOutType_;
-  float inLeadOutLength_ = 0.0f;
-  float inLeadOutAngle_ = 0.0f;
-  float inLeadOutArcRad_ = 0.0f;
-  float inLeadOutLineToTangentArc_ = 0.0f;
-  float inLeadOutOverUnderCutAmount_ = 0.0f;
-  float inLeadOutFromCutToEnd_ = 0.0f;
-  qv::FixedText<260> exLeadInType_;
-  float exLeadInLength_ = 0.0f;
-  float exLeadInAngle_ = 0.0f;
-  float exLeadInAngleRad_ = 0.0f;
-  float exLeadInLineToTangentArc_ = 0.0f;
-  float exLeadInTwoLineSplit_ = 0.0f;
-  float exLeadInFromPierceToCut_ = 0.0f;
-  qv::FixedText<260> exLeadOutType_;
-  float exLeadOutLength_ = 0.0f;
-  float exLeadOutAngle_ = 0.0f;
-  float exLeadOutArcRad_ = 0.0f;
-  float exLeadOutLineToTangentArc_ = 0.0f;
-  float exLeadOutOverUnderCutAmount_ = 0.0f;
-  float exLeadOutFromCutToEnd_ = 0.0f;
-  int pierceType_ = 0;
-  bool prePierceYesNo_ = false;
-  float standardPierceDataM103Ax_ = 0.0f;
-  float recoveryDisM105XY_ = 0.0f;
-  float laserPierceCondition_ = 0.0f;
-  int dwellBeforePierce_ = 0;
-  float dwellBeforePierceValue_ = 0.0f;
-  int dwellAfterPierce_ = 0;
-  float dwellAfterPierceValue_ = 0.0f;
-  float cutterCompensationBeamDiameter_ = 0.0f;
-  float cutterCompensationCutterComp_ = 0.0f;
-  int afterCutConditionsInformation_ = 0;
-  bool afterCutConditionsDwell_ = false;
-  bool afterCutConditionsRaise_ = false;
-  int range1HoleMJID_ = 0;
-  int range1HoleMJQuantity_ = 0;
-  int range1PerimeterMJID_ = 0;
-  int range1PerimeterMJQuantity_ = 0;
-  int range2HoleMJID_ = 0;
-  int range2HoleMJQuantity_ = 0;
-  int range2PerimeterMJID_ = 0;
-  int range2PerimeterMJQuantity_ = 0;
-  int range3HoleMJID_ = 0;
-  int range3HoleMJQuantity_ = 0;
-  int range3PerimeterMJID_ = 0;
-  int range3PerimeterMJQuantity_ = 0;
-  float mJLeadInLength_ = 0.0f;
-  float mJLeadInAngle_ = 0.0f;
-  float mJLeadOutLength_ = 0.0f;
-  float mJLeadOutAngle_ = 0.0f;
-  int customPeri_ComCutting_Style_ = 0;
-  float customPeri_ComCutting_BeamDiameter_ = 0.0f;
-  float customPeri_ComCutting_CuttingOverLength_ = 0.0f;
-  float customPeri_ComCutting_MinimumEdge_ = 0.0f;
-  int customPeri_ComCutting_StartingCorner_ = 0;
-  bool customPeri_ComCutting_xDirection_ = false;
-  float customPeri_ComCutting_BridgeSize_ = 0.0f;
-  float customPeri_ComCutting_MaxChanLength_ = 0.0f;
-  float customPeri_ComCutting_DistancetoSkip_ = 0.0f;
-  float lengthLeadinToSplitCutoutsMinWidth_ = 0.0f;
-  float lengthLeadinToSplitCutoutsMaxWidth_ = 0.0f;
-  float splitCutoutsSlugDestroyPitch_ = 0.0f;
-  bool splitCutoutsDoNotPierceNearEdge_ = false;
-  float splitCutoutsBeamCompensation_ = 0.0f;
-  int periNotchReliefLeadInType_ = 0;
-  float periNotchReliefLeadInLength_ = 0.0f;
-  float periNotchReliefLeadInFromPierceToCut_ = 0.0f;
-  int periNotchReliefLeadOutType_ = 0;
-  float periNotchReliefLeadOutLength_ = 0.0f;
-  float periNotchReliefLeadOutFromPierceToCut_ = 0.0f;
-  float periNotchReliefNotchSplitCutXPitch_ = 0.0f;
-  float periNotchReliefNotchSplitCutYPitch_ = 0.0f;
-  float periNotchReliefDoubleCutsOffset_ = 0.0f;
-  float periNotchReliefAutoPerimeterNotchReliefAutoOffset_ = 0.0f;
-  float periNotchReliefAutoPerimeterNotchReliefHeight_ = 0.0f;
-  float periNotchReliefNotchCutOutRange_ = 0.0f;
-  int splitSheetLeadInType_ = 0;
-  float splitSheetLeadInLength_ = 0.0f;
-  float splitSheetLeadInAngle_ = 0.0f;
-  float splitSheetLeadInFromPierceToCut_ = 0.0f;
-  int splitSheetLeadOutType_ = 0;
-  float splitSheetLeadOutLength_ = 0.0f;
-  float splitSheetLeadOutAngle_ = 0.0f;
-  float splitSheetLeadOutFromPierceToCut_ = 0.0f;
-  float splitSheetHorizontalSplitCuts_ = 0.0f;
-  float splitSheetVerticalSplitCuts_ = 0.0f;
-  float splitSheetBottomLeftEdge_ = 0.0f;
-  float splitSheetTopRightEdge_ = 0.0f;
-  float splitSheetBetweenParts_ = 0.0f;
-  float splitSheetMinSpace_ = 0.0f;
-  float insideCutouts_MJSize_ = 0.0f;
-  float insideCutouts_ExceedsX_ = 0.0f;
-  float insideCutouts_IntervalX_ = 0.0f;
-  float insideCutouts_ExceedsY_ = 0.0f;
-  float insideCutouts_IntervalY_ = 0.0f;
-  float outsideCutouts_MJSize_ = 0.0f;
-  float outsideCutouts_ExceedsX_ = 0.0f;
-  float outsideCutouts_IntervalX_ = 0.0f;
-  float outsideCutouts_ExceedsY_ = 0.0f;
-  float outsideCutouts_IntervalY_ = 0.0f;
-  CString mJTool_;
-  CString pierceHoleTool_;
+  CString MatType_;
+  qv::FixedText<kTextSize> MatFile_, MachineFile_, MatComment_, InLeadInType_;
+  float InLeadInLength_ = 0, InLeadInAngle_ = 0, InLeadInAngleRad_ = 0, InLeadInLineToTangentArc_ = 0,
+        InLeadInTwoLineSplit_ = 0, InLeadInFromPierceToCut_ = 0;
+  qv::FixedText<kTextSize> InLeadOutType_;
+  float InLeadOutLength_ = 0, InLeadOutAngle_ = 0, InLeadOutArcRad_ = 0, InLeadOutLineToTangentArc_ = 0,
+        InLeadOutOverUnderCutAmount_ = 0, InLeadOutFromCutToEnd_ = 0;
+  qv::FixedText<kTextSize> ExLeadInType_;
+  float ExLeadInLength_ = 0, ExLeadInAngle_ = 0, ExLeadInAngleRad_ = 0, ExLeadInLineToTangentArc_ = 0,
+        ExLeadInTwoLineSplit_ = 0, ExLeadInFromPierceToCut_ = 0;
+  qv::FixedText<kTextSize> ExLeadOutType_;
+  float ExLeadOutLength_ = 0, ExLeadOutAngle_ = 0, ExLeadOutArcRad_ = 0, ExLeadOutLineToTangentArc_ = 0,
+        ExLeadOutOverUnderCutAmount_ = 0, ExLeadOutFromCutToEnd_ = 0;
+  int PierceType_ = 0;
+  bool PrePierceYesNo_ = false;
+  float StandardPierceDataM103Ax_ = 0, RecoveryDisM105XY_ = 0, LaserPierceCondition_ = 0;
+  int DwellBeforePierce_ = 0;
+  float DwellBeforePierceValue_ = 0;
+  int DwellAfterPierce_ = 0;
+  float DwellAfterPierceValue_ = 0, CutterCompensationBeamDiameter_ = 0, CutterCompensationCutterComp_ = 0;
+  int AfterCutConditionsInformation_ = 0;
+  bool AfterCutConditionsDwell_ = false, AfterCutConditionsRaise_ = false;
+  int Range1HoleMJID_ = 0, Range1HoleMJQuantity_ = 0, Range1PerimeterMJID_ = 0,
+      Range1PerimeterMJQuantity_ = 0, Range2HoleMJID_ = 0, Range2HoleMJQuantity_ = 0,
+      Range2PerimeterMJID_ = 0, Range2PerimeterMJQuantity_ = 0, Range3HoleMJID_ = 0,
+      Range3HoleMJQuantity_ = 0, Range3PerimeterMJID_ = 0, Range3PerimeterMJQuantity_ = 0;
+  float MJLeadInLength_ = 0, MJLeadInAngle_ = 0, MJLeadOutLength_ = 0, MJLeadOutAngle_ = 0;
+  int CustomPeri_ComCutting_Style_ = 0;
+  float CustomPeri_ComCutting_BeamDiameter_ = 0, CustomPeri_ComCutting_CuttingOverLength_ = 0,
+        CustomPeri_ComCutting_MinimumEdge_ = 0;
+  int CustomPeri_ComCutting_StartingCorner_ = 0;
+  bool CustomPeri_ComCutting_xDirection_ = false;
+  float CustomPeri_ComCutting_BridgeSize_ = 0, CustomPeri_ComCutting_MaxChanLength_ = 0,
+        CustomPeri_ComCutting_DistancetoSkip_ = 0, LengthLeadinToSplitCutoutsMinWidth_ = 0,
+        LengthLeadinToSplitCutoutsMaxWidth_ = 0, SplitCutoutsSlugDestroyPitch_ = 0;
+  bool SplitCutoutsDoNotPierceNearEdge_ = false;
+  float SplitCutoutsBeamCompensation_ = 0;
+  int PeriNotchReliefLeadInType_ = 0;
+  float PeriNotchReliefLeadInLength_ = 0, PeriNotchReliefLeadInFromPierceToCut_ = 0;
+  int PeriNotchReliefLeadOutType_ = 0;
+  float PeriNotchReliefLeadOutLength_ = 0, PeriNotchReliefLeadOutFromPierceToCut_ = 0,
+        PeriNotchReliefNotchSplitCutXPitch_ = 0, PeriNotchReliefNotchSplitCutYPitch_ = 0,
+        PeriNotchReliefDoubleCutsOffset_ = 0, PeriNotchReliefAutoPerimeterNotchReliefAutoOffset_ = 0,
+        PeriNotchReliefAutoPerimeterNotchReliefHeight_ = 0, PeriNotchReliefNotchCutOutRange_ = 0;
+  int SplitSheetLeadInType_ = 0;
+  float SplitSheetLeadInLength_ = 0, SplitSheetLeadInAngle_ = 0, SplitSheetLeadInFromPierceToCut_ = 0;
+  int SplitSheetLeadOutType_ = 0;
+  float SplitSheetLeadOutLength_ = 0, SplitSheetLeadOutAngle_ = 0, SplitSheetLeadOutFromPierceToCut_ = 0,
+        SplitSheetHorizontalSplitCuts_ = 0, SplitSheetVerticalSplitCuts_ = 0, SplitSheetBottomLeftEdge_ = 0,
+        SplitSheetTopRightEdge_ = 0, SplitSheetBetweenParts_ = 0, SplitSheetMinSpace_ = 0,
+        InsideCutouts_MJSize_ = 0, InsideCutouts_ExceedsX_ = 0, InsideCutouts_IntervalX_ = 0,
+        InsideCutouts_ExceedsY_ = 0, InsideCutouts_IntervalY_ = 0, OutsideCutouts_MJSize_ = 0,
+        OutsideCutouts_ExceedsX_ = 0, OutsideCutouts_IntervalX_ = 0, OutsideCutouts_ExceedsY_ = 0,
+        OutsideCutouts_IntervalY_ = 0;
+  CString MJTool_, PierceHoleTool_;
 };

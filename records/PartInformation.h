@@ -4,10 +4,6 @@
 #include <QVAssemblyFile/FixedText.h>
 #include <QVAssemblyFile/RecordStorage.h>
 
-// Copies are taken by the implicit copy constructor, which fits the assignment.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wdeprecated-copy"
-
 /// One part of a job: one row of a parts file.
 ///
 /// Texts are narrow, in the system's code page, at most 255 bytes long. Units and the words of the
@@ -15,12 +11,17 @@
 /// thread at a time.
 class QVASSEMBLY_API PartInformation {
  public:
+  /// What a text getter's buffer holds.
+  static constexpr std::size_t kTextSize = 256;
+
   PartInformation();
+  PartInformation(const PartInformation& other) = default;
   PartInformation& operator=(const PartInformation& other);
   ~PartInformation();
 
-  /// A text setter keeps the first 255 bytes and ignores null. A text getter needs a buffer of 256
-  /// bytes, writes the text with its terminator and a NUL into the last byte, and ignores null.
+  /// A text setter keeps the first 255 bytes and ignores null. A text getter needs a buffer of kTextSize
+  /// (256) bytes, writes the text with its terminator and a NUL into the last byte, and ignores null. Text()
+  /// brings the buffer along: Text(record, &PartInformation::GetPartName).
   void GetPartName(char* buffer);
   void SetPartName(const char* text);
   void GetPartNumber(char* buffer);
@@ -118,49 +119,21 @@ class QVASSEMBLY_API PartInformation {
  private:
   friend struct qv::ColumnTable<PartInformation>;
 
-  qv::FixedText<256> partName_;
-  qv::FixedText<256> partNumber_;
-  qv::FixedText<256> fullPathName_;
-  int partQuantity_ = 1;
-  qv::FixedText<256> dueDate_;
-  qv::FixedText<256> materialType_;
-  double materialThickness_ = 0.0;
-  qv::FixedText<256> partComment_;
-  qv::FixedText<256> revision_;
-  qv::FixedText<256> machine_;
-  qv::FixedText<256> toolInventory_;
-  qv::FixedText<256> materialGroup_;
-  qv::FixedText<256> customer_;
-  qv::FixedText<256> routerNumber_;
-  qv::FixedText<256> workOderNumber_;
-  int binID_ = 0;
-  double estimateTime_ = 0.0;
-  qv::FixedText<256> groupName_;
-  qv::FixedText<256> partPositionInGroup_;
-  qv::FixedText<256> materialFile_;
-  qv::FixedText<256> rectangularTrueShape_;
-  int stackTableId_ = -1;
-  int rotation_ = 1;
-  int commonCutting_ = 0;
-  qv::FixedText<256> cCutPunch_;
-  qv::FixedText<256> grainDirection_;
-  qv::FixedText<256> rotateSpecificAngle_;
-  qv::FixedText<256> materialCode_;
-  qv::FixedText<256> materialDescription_;
-  qv::FixedText<256> customerMaterialType_;
-  qv::FixedText<256> coating_;
-  int priority_ = 1;
-  bool isMachineAvailable_ = false;
-  bool isMaterialTypeAvailable_ = false;
-  bool isMaterialThicknessAvailable_ = false;
-  bool isMaterialGroupAvailable_ = false;
-  bool isPreferredMaterialAvailable_ = false;
-  bool isPartNumberAvailable_ = false;
-  bool isCustomerAvailable_ = false;
-  bool isPartCommentAvailable_ = false;
-  bool isRevisionAvailable_ = false;
-  bool isToolInventoryAvailable_ = false;
-  bool isBinIDAvailable_ = false;
+  qv::FixedText<kTextSize> PartName_, PartNumber_, FullPathName_;
+  int PartQuantity_ = 1;
+  qv::FixedText<kTextSize> DueDate_, MaterialType_;
+  double MaterialThickness_ = 0;
+  qv::FixedText<kTextSize> PartComment_, Revision_, Machine_, ToolInventory_, MaterialGroup_, Customer_,
+      RouterNumber_, WorkOderNumber_;
+  int BinID_ = 0;
+  double EstimateTime_ = 0;
+  qv::FixedText<kTextSize> GroupName_, PartPositionInGroup_, MaterialFile_, RectangularTrueShape_;
+  int StackTableId_ = -1, Rotation_ = 1, CommonCutting_ = 0;
+  qv::FixedText<kTextSize> CCutPunch_, GrainDirection_, RotateSpecificAngle_, MaterialCode_,
+      MaterialDescription_, CustomerMaterialType_, Coating_;
+  int Priority_ = 1;
+  bool IsMachineAvailable_ = false, IsMaterialTypeAvailable_ = false, IsMaterialThicknessAvailable_ = false,
+       IsMaterialGroupAvailable_ = false, IsPreferredMaterialAvailable_ = false,
+       IsPartNumberAvailable_ = false, IsCustomerAvailable_ = false, IsPartCommentAvailable_ = false,
+       IsRevisionAvailable_ = false, IsToolInventoryAvailable_ = false, IsBinIDAvailable_ = false;
 };
-
-#pragma GCC diagnostic pop

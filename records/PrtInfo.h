@@ -42,13 +42,17 @@ struct QVASSEMBLY_API BendInfo {
 /// a time.
 class QVASSEMBLY_API PrtInfo {
  public:
+  /// What a text getter's buffer holds.
+  static constexpr std::size_t kTextSize = 260;
+
   PrtInfo();
   PrtInfo(const PrtInfo& other);
   PrtInfo& operator=(const PrtInfo& other);
   ~PrtInfo();
 
-  /// A text setter keeps the first 259 bytes and ignores null. A text getter needs a buffer of 260
-  /// bytes, writes the text with its terminator and a NUL into the last byte, and ignores null.
+  /// A text setter keeps the first 259 bytes and ignores null. A text getter needs a buffer of kTextSize
+  /// (260) bytes, writes the text with its terminator and a NUL into the last byte, and ignores null. Text()
+  /// brings the buffer along: Text(record, &PrtInfo::GetPartName).
   void GetPartName(char* buffer);
   void SetPartName(const char* text);
   void GetCustomer(char* buffer);
@@ -121,34 +125,21 @@ class QVASSEMBLY_API PrtInfo {
  private:
   friend struct qv::ColumnTable<PrtInfo>;
 
-  qv::FixedText<260> partName_;
-  qv::FixedText<260> customer_;
-  qv::FixedText<260> partNumber_;
-  float partSizeX_ = 0.0f;
-  float partSizeY_ = 0.0f;
-  qv::FixedText<260> programmerName_;
-  float defaultRotation_ = 0.0f;
-  qv::FixedText<260> revision_;
-  double estimateTime_ = 0.0;
-  qv::FixedText<260> comments_;
-  int partDefaultPosition_ = 0;
-  double averProcessTime_ = 0.0;
-  float gridSpacingH_ = 0.0f;
-  float gridSpacingV_ = 0.0f;
-  float marginTop_ = 0.0f;
-  float marginBottom_ = 0.0f;
-  float marginLeft_ = 0.0f;
-  float marginRight_ = 0.0f;
-  qv::FixedText<260> machine_;
-  qv::FixedText<260> toolInventory_;
-  qv::FixedText<260> materialFile_;
-  qv::FixedText<260> materialGroup_;
-  qv::FixedText<260> materialType_;
-  float sheetSizeX_ = 0.0f;
-  float sheetSizeY_ = 0.0f;
-  float materialThickness_ = 0.0f;
-  qv::FixedText<260> clampPosition_;
-  std::vector<UsedToolInfo> usedToolInfo_;
-  std::vector<HoleInfo> holeInfo_;
-  std::vector<BendInfo> bendInfo_;
+  qv::FixedText<kTextSize> PartName_, Customer_, PartNumber_;
+  float PartSizeX_ = 0, PartSizeY_ = 0;
+  qv::FixedText<kTextSize> ProgrammerName_;
+  float DefaultRotation_ = 0;
+  qv::FixedText<kTextSize> Revision_;
+  double EstimateTime_ = 0;
+  qv::FixedText<kTextSize> Comments_;
+  int PartDefaultPosition_ = 0;
+  double AverProcessTime_ = 0;
+  float GridSpacingH_ = 0, GridSpacingV_ = 0, MarginTop_ = 0, MarginBottom_ = 0, MarginLeft_ = 0,
+        MarginRight_ = 0;
+  qv::FixedText<kTextSize> Machine_, ToolInventory_, MaterialFile_, MaterialGroup_, MaterialType_;
+  float SheetSizeX_ = 0, SheetSizeY_ = 0, MaterialThickness_ = 0;
+  qv::FixedText<kTextSize> ClampPosition_;
+  std::vector<UsedToolInfo> UsedToolInfo_;
+  std::vector<HoleInfo> HoleInfo_;
+  std::vector<BendInfo> BendInfo_;
 };

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 
 /// The kinds of record that an assembly file may list.
@@ -16,3 +15,9 @@ enum class RecordKind {
 };
 
 inline constexpr std::size_t kRecordKindCount = 8;
+
+/// Whether there are files of the kind that are read, and that are written.
+constexpr bool IsImported(RecordKind kind) { return kind != RecordKind::JobProgress; }
+constexpr bool IsExported(RecordKind kind) {
+  return kind != RecordKind::MaterialInventory && kind != RecordKind::MaterialLibrary;
+}

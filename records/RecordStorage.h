@@ -7,9 +7,8 @@
 
 namespace qv {
 
-/// Storage for records, shared by host and library so that either may delete what the other created, one by
-/// one, from any thread and as late as the destruction of static objects. Throws std::bad_alloc. Free ignores
-/// null.
+/// Memory for a record from the library's heap, so that host and library may delete what the other created,
+/// on any thread. Throws std::bad_alloc. Free ignores null.
 QVASSEMBLY_API void* AllocateRecord(std::size_t size);
 QVASSEMBLY_API void FreeRecord(void* record) noexcept;
 
@@ -18,7 +17,7 @@ QVASSEMBLY_API void* AllocateRecord(std::size_t size, const std::nothrow_t&) noe
 
 }  // namespace qv
 
-/// Gives a record class the library's storage whoever says new or delete. The other forms of new stay usable.
+/// Gives a record class the library's heap whoever says new or delete. The other forms of new stay usable.
 #define QVASSEMBLY_RECORD_STORAGE                                                                         \
   static void* operator new(std::size_t size) { return ::qv::AllocateRecord(size); }                      \
   static void* operator new[](std::size_t size) { return ::qv::AllocateRecord(size); }                    \

@@ -4,22 +4,23 @@
 #include <QVAssemblyFile/FixedText.h>
 #include <QVAssemblyFile/RecordStorage.h>
 
-// Copies are taken by the implicit copy constructor, which fits the assignment.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wdeprecated-copy"
-
 /// One nested sheet: one row of a sheets file. Sizes, thickness and run time are texts in the host's form.
 ///
 /// Texts are narrow, in the system's code page, at most 259 bytes long, and empty in a fresh record. A
 /// copy is a plain copy of every field. A record belongs to one thread at a time.
 class QVASSEMBLY_API ShtInfo {
  public:
+  /// What a text getter's buffer holds.
+  static constexpr std::size_t kTextSize = 260;
+
   ShtInfo();
+  ShtInfo(const ShtInfo& other) = default;
   ShtInfo& operator=(const ShtInfo& other);
   ~ShtInfo();
 
-  /// A text setter keeps the first 259 bytes and ignores null. A text getter needs a buffer of 260
-  /// bytes, writes the text with its terminator and a NUL into the last byte, and ignores null.
+  /// A text setter keeps the first 259 bytes and ignores null. A text getter needs a buffer of kTextSize
+  /// (260) bytes, writes the text with its terminator and a NUL into the last byte, and ignores null. Text()
+  /// brings the buffer along: Text(record, &ShtInfo::GetSheetName).
   void GetSheetName(char* buffer);
   void SetSheetName(const char* text);
   void GetMaterialGroup(char* buffer);
@@ -54,20 +55,7 @@ class QVASSEMBLY_API ShtInfo {
  private:
   friend struct qv::ColumnTable<ShtInfo>;
 
-  qv::FixedText<260> sheetName_;
-  qv::FixedText<260> materialGroup_;
-  qv::FixedText<260> materialType_;
-  qv::FixedText<260> sheetSize_;
-  qv::FixedText<260> thickness_;
-  qv::FixedText<260> laserMaterialName_;
-  qv::FixedText<260> comments_;
-  qv::FixedText<260> programmer_;
-  qv::FixedText<260> customer_;
-  qv::FixedText<260> machineFile_;
-  qv::FixedText<260> inventoryFile_;
-  qv::FixedText<260> materialFile_;
-  qv::FixedText<260> clampPosition_;
-  qv::FixedText<260> totalRunTime_;
+  qv::FixedText<kTextSize> SheetName_, MaterialGroup_, MaterialType_, SheetSize_, Thickness_,
+      LaserMaterialName_, Comments_, Programmer_, Customer_, MachineFile_, InventoryFile_, MaterialFile_,
+      ClampPosition_, TotalRunTime_;
 };
-
-#pragma GCC diagnostic pop

@@ -6,10 +6,6 @@
 
 #include <string>
 
-// Copies are taken by the implicit copy constructor, which fits the assignment.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wdeprecated-copy"
-
 /// One punching tool: one row of a tools file.
 ///
 /// Texts are narrow, in the system's code page; all but the punch conditions are at most 255 bytes long.
@@ -17,12 +13,17 @@
 /// belongs to one thread at a time.
 class QVASSEMBLY_API ToolInformation {
  public:
+  /// What a text getter's buffer holds.
+  static constexpr std::size_t kTextSize = 256;
+
   ToolInformation();
+  ToolInformation(const ToolInformation& other) = default;
   ToolInformation& operator=(const ToolInformation& other);
   ~ToolInformation();
 
-  /// A text setter keeps the first 255 bytes and ignores null. A text getter needs a buffer of 256
-  /// bytes, writes the text with its terminator and a NUL into the last byte, and ignores null.
+  /// A text setter keeps the first 255 bytes and ignores null. A text getter needs a buffer of kTextSize
+  /// (256) bytes, writes the text with its terminator and a NUL into the last byte, and ignores null. Text()
+  /// brings the buffer along: Text(record, &ToolInformation::GetToolName).
   void GetToolShape(char* buffer);
   void SetToolShape(const char* text);
   void GetToolDimensions(char* buffer);
@@ -59,18 +60,10 @@ class QVASSEMBLY_API ToolInformation {
  private:
   friend struct qv::ColumnTable<ToolInformation>;
 
-  int toolID_ = 0;
-  int toolType_ = 0;
-  qv::FixedText<256> toolShape_;
-  qv::FixedText<256> toolDimensions_;
-  float toolSize_ = 0.0f;
-  qv::FixedText<256> toolAngles_;
-  qv::FixedText<256> toolClearance_;
-  qv::FixedText<256> storageInfo_;
-  qv::FixedText<256> toolName_;
-  qv::FixedText<256> toolComment_;
-  qv::FixedText<256> toolDriverName_;
-  std::string toolPunchConditionString_;
+  int ToolID_ = 0, ToolType_ = 0;
+  qv::FixedText<kTextSize> ToolShape_, ToolDimensions_;
+  float ToolSize_ = 0;
+  qv::FixedText<kTextSize> ToolAngles_, ToolClearance_, StorageInfo_, ToolName_, ToolComment_,
+      ToolDriverName_;
+  std::string ToolPunchConditionString_;
 };
-
-#pragma GCC diagnostic pop

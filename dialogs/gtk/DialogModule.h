@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialogs/FormatOptionView.h"
+#include "dialogs/model/FormatOptionView.h"
 
 namespace qv {
 

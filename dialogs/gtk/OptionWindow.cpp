@@ -1,12 +1,9 @@
 #include "dialogs/gtk/OptionWindow.h"
 
+#include "dialogs/gtk/DialogModule.h"
 #include "dialogs/gtk/Icons.h"
-#include "dialogs/gtk/WidgetText.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <climits>
-#include <cstdlib>
 
 namespace qv {
 
@@ -14,6 +11,8 @@ namespace {
 
 constexpr const char* kCommandKey = "command";
 constexpr int kGap = 6;
+constexpr int kMinListHeight = 110;  // leaves a dialog that fits 1080 lines at twice their size
+constexpr int kListHeight = 260;     // where there is room
 constexpr guint kUpMnemonic = GDK_KEY_u;
 constexpr guint kDownMnemonic = GDK_KEY_w;
 
@@ -58,15 +57,19 @@ void Widen(GtkSpinButton* spin, int value) {
 }
 
 gint WidenForInput(GtkSpinButton* spin, gdouble* value, gpointer) {
-  const char* const text = gtk_entry_get_text(GTK_ENTRY(spin));
-  char* end = nullptr;
-  errno = 0;
-  const long line = std::strtol(text, &end, 10);
-  if (end == text || *end != '\0') return GTK_INPUT_ERROR;
-  const int kept = static_cast<int>(std::clamp<long>(line, INT_MIN, INT_MAX));
-  Widen(spin, kept);
-  *value = kept;
+  int line = 0;
+  std::string unheard;
+  if (!TakeStartLine(gtk_entry_get_text(GTK_ENTRY(spin)), line, unheard)) return GTK_INPUT_ERROR;
+  Widen(spin, line);
+  *value = line;
   return TRUE;
+}
+
+// A wheel that is turned over a combo box which is not open scrolls a page elsewhere, or is an accident.
+gboolean DropScroll(GtkWidget*, GdkEvent*, gpointer) { return TRUE; }
+
+void IgnoreWheel(GtkWidget* comboBox) {
+  g_signal_connect(comboBox, "scroll-event", G_CALLBACK(DropScroll), nullptr);
 }
 
 void CommandGiven(GtkWidget* widget, gpointer commands) {
@@ -81,16 +84,20 @@ OptionWindow::OptionWindow(FormatOptionCommands& commands)
       dialog_(gtk_dialog_new()),
       plan_("plan"),
       sequence_("sequence"),
-      headers_(
-          GTK_WINDOW(dialog_), [this] { commands_.Run(OptionCommand::RefreshHeaders); },
-          [this] { commands_.Run(OptionCommand::ToggleHeaders); }) {
+      headers_(GTK_WINDOW(dialog_), commands),
+      preview_(GTK_WINDOW(dialog_), commands) {
   plan_.OnDoubleClick([this] { commands_.Run(OptionCommand::Add); });
   sequence_.OnDoubleClick([this] { commands_.Run(OptionCommand::Delete); });
+  plan_.OnDrop(sequence_, [this](bool isOwn, std::size_t) {
+    if (!isOwn) commands_.Run(OptionCommand::Delete);
+  });
+  sequence_.OnDrop(plan_, [this](bool isOwn, std::size_t place) { commands_.DropOnSequence(!isOwn, place); });
   sequence_.OnSelect([this] { commands_.Run(OptionCommand::SelectSequence); });
   Build();
 }
 
 OptionWindow::~OptionWindow() {
+  if (pause_ != 0) g_source_remove(pause_);
   gtk_window_remove_mnemonic(GTK_WINDOW(dialog_), kUpMnemonic, up_);
   gtk_window_remove_mnemonic(GTK_WINDOW(dialog_), kDownMnemonic, down_);
   gtk_widget_destroy(dialog_);
@@ -98,12 +105,26 @@ OptionWindow::~OptionWindow() {
 
 bool OptionWindow::Run() {
   commands_.Open(*this);
+  GrowLists();
   gtk_widget_show(dialog_);
   while (isOpen_) {
     const bool isOk = gtk_dialog_run(GTK_DIALOG(dialog_)) == GTK_RESPONSE_OK;
     commands_.Run(isOk ? OptionCommand::Ok : OptionCommand::Cancel);
   }
   return isOk_;
+}
+
+// As high as the screen allows, and no higher than is of use.
+void OptionWindow::GrowLists() {
+  GdkDisplay* const display = gtk_widget_get_display(dialog_);
+  GdkMonitor* const primary = gdk_display_get_primary_monitor(display);
+  GdkRectangle area{};
+  gdk_monitor_get_workarea(primary != nullptr ? primary : gdk_display_get_monitor(display, 0), &area);
+  constexpr int kTitleBar = 40;
+  GtkRequisition least{};
+  gtk_widget_get_preferred_size(dialog_, &least, nullptr);
+  const int wanted = least.height + kListHeight - kMinListHeight;
+  gtk_window_set_default_size(GTK_WINDOW(dialog_), -1, std::min(wanted, area.height - kTitleBar));
 }
 
 void OptionWindow::RunOnSignal(GtkWidget* widget, const char* signal, OptionCommand command) {
@@ -117,10 +138,17 @@ GtkWidget* OptionWindow::NewCommandButton(const char* label, OptionCommand comma
   return button;
 }
 
-GtkWidget* OptionWindow::NewCommandBox(const char* label, OptionCommand command) {
+GtkWidget* OptionWindow::NewBox(const char* label, OptionCommand command) {
   GtkWidget* const box = gtk_check_button_new_with_mnemonic(label);
-  RunOnSignal(box, "clicked", command);
+  RunOnSignal(box, "toggled", command);
   return box;
+}
+
+GtkWidget* OptionWindow::NewEntry() {
+  GtkWidget* const entry = gtk_entry_new();
+  gtk_entry_set_activates_default(GTK_ENTRY(entry), TRUE);
+  RunOnSignal(entry, "changed", OptionCommand::Edit);
+  return entry;
 }
 
 void OptionWindow::Build() {
@@ -130,18 +158,24 @@ void OptionWindow::Build() {
   gtk_box_set_spacing(GTK_BOX(content), 2 * kGap);
 
   Pack(content, BuildNameRow());
+  Pack(content, nameHint_);
   Pack(content, BuildReadingRow());
   GtkWidget* const groups = NewRow();
   PackWide(groups, BuildDelimiters());
   PackWide(groups, BuildPartName());
   Pack(content, groups);
-  treatAsOne_ = gtk_check_button_new_with_mnemonic("Treat consecuti_ve delimiters as one");
+  treatAsOne_ = NewBox("Treat consecuti_ve delimiters as one");
+  gtk_widget_set_tooltip_text(treatAsOne_, kTreatAsOneTip);
   Pack(content, treatAsOne_);
   PackWide(content, BuildLists());
   toggleHeaders_ = NewCommandButton("Show _Header", OptionCommand::ToggleHeaders);
-  gtk_widget_set_halign(toggleHeaders_, GTK_ALIGN_START);
-  Pack(content, toggleHeaders_);
+  togglePreview_ = NewCommandButton("Show Preview", OptionCommand::TogglePreview);
+  GtkWidget* const windows = NewRow();
+  Pack(windows, toggleHeaders_);
+  Pack(windows, togglePreview_);
+  Pack(content, windows);
   gtk_widget_show_all(content);
+  gtk_widget_set_visible(togglePreview_, commands_.OffersPreview());
   gtk_widget_set_visible(toggleHeaders_, commands_.OffersHeaders());
 
   gtk_dialog_add_button(GTK_DIALOG(dialog_), "OK", GTK_RESPONSE_OK);
@@ -152,21 +186,53 @@ void OptionWindow::Build() {
   gtk_window_add_mnemonic(GTK_WINDOW(dialog_), kDownMnemonic, down_);
 }
 
-// Enter is OK everywhere but on another button, as in the dialogs of other systems; here a box would toggle
-// and a list would take the double click's command.
+bool OptionWindow::RunOnKey(guint key, guint modifiers) {
+  const bool isEnter = key == GDK_KEY_Return || key == GDK_KEY_KP_Enter;
+  const GtkWidget* const focus = gtk_window_get_focus(GTK_WINDOW(dialog_));
+  const struct {
+    const GtkWidget* list;  // null: everywhere
+    guint key;
+    guint modifiers;
+    OptionCommand command;
+  } keys[] = {
+      {nullptr, GDK_KEY_z, GDK_CONTROL_MASK, OptionCommand::Undo},
+      {nullptr, GDK_KEY_y, GDK_CONTROL_MASK, OptionCommand::Redo},
+      {nullptr, GDK_KEY_z, GDK_CONTROL_MASK | GDK_SHIFT_MASK, OptionCommand::Redo},
+      {plan_.List(), GDK_KEY_Insert, 0, OptionCommand::Add},
+      {sequence_.List(), GDK_KEY_Delete, 0, OptionCommand::Delete},
+      {sequence_.List(), GDK_KEY_Up, GDK_MOD1_MASK, OptionCommand::MoveUp},
+      {sequence_.List(), GDK_KEY_Down, GDK_MOD1_MASK, OptionCommand::MoveDown},
+  };
+  if (isEnter && modifiers == 0 && focus == GTK_WIDGET(NameEntry()) && ChooseCompleted()) return true;
+  if (isEnter && focus == plan_.List() && !plan_.Selected().empty()) key = GDK_KEY_Insert;
+  for (const auto& row : keys) {
+    if (row.key != key || row.modifiers != modifiers || (row.list != nullptr && row.list != focus)) continue;
+    commands_.Run(row.command);
+    return true;
+  }
+  // Enter is OK everywhere but on another button, as in the dialogs of other systems; here a box would toggle
+  // and a list would take the double click's command.
+  return isEnter && (GTK_IS_CHECK_BUTTON(focus) || GTK_IS_TREE_VIEW(focus)) &&
+         gtk_window_activate_default(GTK_WINDOW(dialog_)) != FALSE;
+}
+
 gboolean OptionWindow::KeyPressed(GtkWidget*, GdkEventKey* event, gpointer self) {
-  if (event->keyval != GDK_KEY_Return && event->keyval != GDK_KEY_KP_Enter) return FALSE;
-  GtkWindow* const window = GTK_WINDOW(static_cast<OptionWindow*>(self)->dialog_);
-  GtkWidget* const focus = gtk_window_get_focus(window);
-  if (!GTK_IS_CHECK_BUTTON(focus) && !GTK_IS_TREE_VIEW(focus)) return FALSE;
-  return gtk_window_activate_default(window);
+  const guint modifiers = event->state & gtk_accelerator_get_default_mod_mask();
+  return static_cast<OptionWindow*>(self)->RunOnKey(gdk_keyval_to_lower(event->keyval), modifiers);
 }
 
 GtkWidget* OptionWindow::BuildNameRow() {
   names_ = gtk_combo_box_text_new_with_entry();
   gtk_entry_set_activates_default(NameEntry(), TRUE);
   g_signal_connect(names_, "changed", G_CALLBACK(FormatChanged), this);
-  default_ = NewCommandBox("Set as default _form", OptionCommand::SetAsDefault);
+  g_signal_connect(NameEntry(), "populate-popup", G_CALLBACK(MenuOpened), this);
+  CompleteNames();
+  ShortenNames();
+  IgnoreWheel(names_);
+  nameHint_ = gtk_label_new("");
+  gtk_widget_set_name(nameHint_, "name-hint");
+  gtk_label_set_xalign(GTK_LABEL(nameHint_), 0);
+  default_ = NewBox("Set as default _form", OptionCommand::SetAsDefault);
   GtkWidget* const row = NewRow();
   Pack(row, NewLabelFor(names_, "Format _Name"));
   PackWide(row, names_);
@@ -178,9 +244,12 @@ GtkWidget* OptionWindow::BuildReadingRow() {
   startLine_ = gtk_spin_button_new_with_range(kFirstStartLine, kLastStartLine, 1);
   gtk_entry_set_activates_default(GTK_ENTRY(startLine_), TRUE);
   g_signal_connect(startLine_, "input", G_CALLBACK(WidenForInput), nullptr);
+  RunOnSignal(startLine_, "changed", OptionCommand::Edit);
   qualifier_ = gtk_combo_box_text_new();
   for (const char* const item : kQualifiers)
     gtk_combo_box_text_append_text(GTK_COMBO_BOX_TEXT(qualifier_), item);
+  RunOnSignal(qualifier_, "changed", OptionCommand::Edit);
+  IgnoreWheel(qualifier_);
   GtkWidget* const row = NewRow();
   Pack(row, NewLabelFor(startLine_, "Starting _reading line:"));
   Pack(row, startLine_);
@@ -193,12 +262,12 @@ GtkWidget* OptionWindow::BuildReadingRow() {
 
 GtkWidget* OptionWindow::BuildDelimiters() {
   for (std::size_t box = 0; box < delimiters_.size(); ++box)
-    delimiters_[box] = gtk_check_button_new_with_mnemonic(kDelimiterLabels[box]);
-  GtkWidget* const other = delimiters_[static_cast<std::size_t>(DelimiterBox::Other)];
-  RunOnSignal(other, "toggled", OptionCommand::TickOther);
-  otherDelimiters_ = gtk_entry_new();
+    delimiters_[box] = NewBox(kDelimiterLabels[box], static_cast<Delimiter>(box) == Delimiter::Other
+                                                         ? OptionCommand::TickOther
+                                                         : OptionCommand::Edit);
+  GtkWidget* const other = delimiters_[static_cast<std::size_t>(Delimiter::Other)];
+  otherDelimiters_ = NewEntry();
   gtk_entry_set_width_chars(GTK_ENTRY(otherDelimiters_), 6);
-  gtk_entry_set_activates_default(GTK_ENTRY(otherDelimiters_), TRUE);
   atk_object_set_name(gtk_widget_get_accessible(otherDelimiters_), "Other delimiters");
 
   GtkWidget* const grid = gtk_grid_new();
@@ -206,7 +275,7 @@ GtkWidget* OptionWindow::BuildDelimiters() {
   gtk_grid_set_column_spacing(GTK_GRID(grid), 2 * kGap);
   for (int box = 0; box < 3; ++box)
     gtk_grid_attach(GTK_GRID(grid), delimiters_[static_cast<std::size_t>(box)], box, 0, 1, 1);
-  gtk_grid_attach(GTK_GRID(grid), delimiters_[static_cast<std::size_t>(DelimiterBox::Space)], 0, 1, 1, 1);
+  gtk_grid_attach(GTK_GRID(grid), delimiters_[static_cast<std::size_t>(Delimiter::Space)], 0, 1, 1, 1);
   gtk_grid_attach(GTK_GRID(grid), other, 1, 1, 1, 1);
   gtk_grid_attach(GTK_GRID(grid), otherDelimiters_, 2, 1, 1, 1);
   return NewGroup("Delimiters", grid);
@@ -216,6 +285,7 @@ GtkWidget* OptionWindow::BuildPartName() {
   nameOnly_ = gtk_radio_button_new_with_mnemonic(nullptr, "Part Name Onl_y");
   nameWithPath_ = gtk_radio_button_new_with_mnemonic_from_widget(GTK_RADIO_BUTTON(nameOnly_),
                                                                  "Part Name With Fu_ll Path");
+  RunOnSignal(nameOnly_, "toggled", OptionCommand::Edit);
   GtkWidget* const column = NewColumn();
   Pack(column, nameOnly_);
   Pack(column, nameWithPath_);
@@ -248,7 +318,7 @@ GtkWidget* OptionWindow::BuildLists() {
   gtk_grid_attach(GTK_GRID(grid), sequence_.Widget(), 2, 1, 1, 1);
   gtk_grid_attach(GTK_GRID(grid), beside, 3, 1, 1, 1);
   for (GtkWidget* const list : {plan_.Widget(), sequence_.Widget()}) {
-    gtk_widget_set_size_request(list, 220, 260);
+    gtk_widget_set_size_request(list, 220, kMinListHeight);
     gtk_widget_set_hexpand(list, TRUE);
     gtk_widget_set_vexpand(list, TRUE);
   }
@@ -257,18 +327,64 @@ GtkWidget* OptionWindow::BuildLists() {
 
 GtkEntry* OptionWindow::NameEntry() const { return GTK_ENTRY(gtk_bin_get_child(GTK_BIN(names_))); }
 
-// Typing changes the combo box too, but then no row of its list is active.
-void OptionWindow::FormatChanged(GtkComboBox* names, gpointer self) {
-  auto* const window = static_cast<OptionWindow*>(self);
-  const int rank = gtk_combo_box_get_active(names);
-  if (rank >= 0) window->commands_.ChooseFormat(static_cast<std::size_t>(rank));
+void OptionWindow::CompleteNames() {
+  GtkEntryCompletion* const completion = gtk_entry_completion_new();
+  gtk_entry_completion_set_model(completion, gtk_combo_box_get_model(GTK_COMBO_BOX(names_)));
+  gtk_entry_completion_set_text_column(completion, 0);
+  gtk_entry_completion_set_inline_completion(completion, TRUE);
+  gtk_entry_completion_set_popup_completion(completion, FALSE);
+  gtk_entry_set_completion(NameEntry(), completion);
+  g_object_unref(completion);
 }
 
-bool OptionWindow::TakeControls(OptionControls& controls, std::string&) {
-  gtk_spin_button_update(GTK_SPIN_BUTTON(startLine_));
+// A list, other than a menu, scrolls with a bar.
+void OptionWindow::ShortenNames() {
+  GtkCssProvider* const style = gtk_css_provider_new();
+  gtk_css_provider_load_from_data(style, "* { -GtkComboBox-appears-as-list: true; }", -1, nullptr);
+  gtk_style_context_add_provider(gtk_widget_get_style_context(names_), GTK_STYLE_PROVIDER(style),
+                                 GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+  g_object_unref(style);
+  GList* const cells = gtk_cell_layout_get_cells(GTK_CELL_LAYOUT(names_));
+  g_object_set(cells->data, "ellipsize", PANGO_ELLIPSIZE_MIDDLE, nullptr);
+  g_list_free(cells);
+}
+
+// Enter takes the name whose rest was appended and is still selected.
+bool OptionWindow::ChooseCompleted() {
+  int begin = 0, end = 0;
+  const bool isSelected = gtk_editable_get_selection_bounds(GTK_EDITABLE(NameEntry()), &begin, &end) != FALSE;
+  if (!isSelected || begin == 0 || end != gtk_entry_get_text_length(NameEntry())) return false;
+  const auto found = std::find(formatNames_.begin(), formatNames_.end(), gtk_entry_get_text(NameEntry()));
+  if (found == formatNames_.end()) return false;
+  commands_.ChooseFormat(static_cast<std::size_t>(found - formatNames_.begin()));
+  return true;
+}
+
+void OptionWindow::MenuOpened(GtkEntry*, GtkWidget* menu, gpointer self) {
+  GtkWidget* const item = gtk_menu_item_new_with_mnemonic("Delete _Format...");
+  auto* const window = static_cast<OptionWindow*>(self);
+  window->RunOnSignal(item, "activate", OptionCommand::DeleteFormat);
+  for (GtkWidget* const added : {gtk_separator_menu_item_new(), item}) {
+    gtk_menu_shell_append(GTK_MENU_SHELL(menu), added);
+    gtk_widget_show(added);
+  }
+}
+
+// Typing changes the combo box too, but then no row of its list is active.
+void OptionWindow::FormatChanged(GtkComboBox* names, gpointer self) {
+  FormatOptionCommands& commands = static_cast<OptionWindow*>(self)->commands_;
+  const int index = gtk_combo_box_get_active(names);
+  if (index >= 0)
+    commands.ChooseFormat(static_cast<std::size_t>(index));
+  else
+    commands.Run(OptionCommand::Edit);
+}
+
+bool OptionWindow::TakeControls(OptionControls& controls, std::string& complaint) {
   controls.FormatName = TextOf(NameEntry(), shownName_);
   controls.SetAsDefault = IsActive(default_);
-  controls.StartLine = gtk_spin_button_get_value_as_int(GTK_SPIN_BUTTON(startLine_));
+  const bool isWhole =
+      TakeStartLine(gtk_entry_get_text(GTK_ENTRY(startLine_)), controls.StartLine, complaint);
   const int qualifier = gtk_combo_box_get_active(GTK_COMBO_BOX(qualifier_));
   if (qualifier >= 0) controls.Qualifier = qualifier;
   for (std::size_t box = 0; box < delimiters_.size(); ++box)
@@ -276,13 +392,13 @@ bool OptionWindow::TakeControls(OptionControls& controls, std::string&) {
   controls.OtherDelimiters = TextOf(GTK_ENTRY(otherDelimiters_), shownOther_);
   controls.PartName = IsActive(nameOnly_) ? PartNameMode::NameOnly : PartNameMode::NameWithFullPath;
   controls.TreatAsOne = IsActive(treatAsOne_);
-  return true;
+  return isWhole;
 }
 
 void OptionWindow::ShowControls(const OptionControls& controls) {
-  const auto rank = std::find(formatNames_.begin(), formatNames_.end(), controls.FormatName);
-  if (rank != formatNames_.end())
-    gtk_combo_box_set_active(GTK_COMBO_BOX(names_), static_cast<int>(rank - formatNames_.begin()));
+  const auto name = std::find(formatNames_.begin(), formatNames_.end(), controls.FormatName);
+  if (name != formatNames_.end())
+    gtk_combo_box_set_active(GTK_COMBO_BOX(names_), static_cast<int>(name - formatNames_.begin()));
   gtk_entry_set_text(NameEntry(),
                      shownName_.Show(controls.FormatName, WidgetText(controls.FormatName)).c_str());
   SetActive(default_, controls.SetAsDefault);
@@ -302,23 +418,40 @@ void OptionWindow::ShowControls(const OptionControls& controls) {
 }
 
 void OptionWindow::ShowFormatNames(const std::vector<std::string>& names) {
+  const std::size_t kept = KeptEntries(formatNames_, names);
+  if (kept == 0) gtk_combo_box_text_remove_all(GTK_COMBO_BOX_TEXT(names_));
+  for (std::size_t index = kept; index < names.size(); ++index)
+    gtk_combo_box_text_append_text(GTK_COMBO_BOX_TEXT(names_), WidgetText(names[index]).c_str());
   formatNames_ = names;
-  gtk_combo_box_text_remove_all(GTK_COMBO_BOX_TEXT(names_));
-  for (const std::string& name : names)
-    gtk_combo_box_text_append_text(GTK_COMBO_BOX_TEXT(names_), WidgetText(name).c_str());
 }
 
-void OptionWindow::ShowSequence(const std::vector<std::string>& items, const Selection& selection) {
+void OptionWindow::ShowNameHint(const std::string& hint) {
+  gtk_label_set_text(GTK_LABEL(nameHint_), WidgetText(hint).c_str());
+  gtk_widget_set_visible(nameHint_, hint.empty() ? FALSE : TRUE);
+}
+
+void OptionWindow::ShowPlanItems(const std::vector<std::string>& items) {
+  plan_.Show(items);
+  plan_.Select({});
+}
+
+void OptionWindow::ShowSequence(const std::vector<std::string>& items, const Selection& selection,
+                                std::optional<std::size_t> cursor) {
   sequence_.Show(items);
+  if (cursor) sequence_.MoveCursor(*cursor);
   sequence_.Select(selection);
 }
 
 void OptionWindow::Enable(const OptionEnabling& enabling) {
+  GtkWidget* const focus = gtk_window_get_focus(GTK_WINDOW(dialog_));
   gtk_widget_set_sensitive(otherDelimiters_, enabling.OtherDelimiters);
   gtk_widget_set_sensitive(sequence_.List(), enabling.Sequence);
   gtk_widget_set_sensitive(delete_, enabling.Delete);
   gtk_widget_set_sensitive(up_, enabling.Up);
   gtk_widget_set_sensitive(down_, enabling.Down);
+  // A disabled button that keeps the focus would leave the keyboard without effect.
+  if (focus != nullptr && !gtk_widget_is_sensitive(focus))
+    gtk_widget_grab_focus(enabling.Sequence ? sequence_.List() : plan_.List());
 }
 
 void OptionWindow::ShowHeaderWindow(bool isShown) {
@@ -327,6 +460,26 @@ void OptionWindow::ShowHeaderWindow(bool isShown) {
     headers_.ShowBeside();
   else
     headers_.Hide();
+}
+
+void OptionWindow::ShowPreviewWindow(bool isShown) {
+  gtk_button_set_label(GTK_BUTTON(togglePreview_), isShown ? "Hide Preview" : "Show Preview");
+  if (isShown)
+    preview_.ShowBeside();
+  else
+    preview_.Hide();
+}
+
+void OptionWindow::StartPause() {
+  if (pause_ != 0) g_source_remove(pause_);
+  pause_ = g_timeout_add(kPause, PauseEnded, this);
+}
+
+gboolean OptionWindow::PauseEnded(gpointer self) {
+  auto* const window = static_cast<OptionWindow*>(self);
+  window->pause_ = 0;
+  window->commands_.Run(OptionCommand::EndPause);
+  return G_SOURCE_REMOVE;
 }
 
 void OptionWindow::Tell(const std::string& sentence) {
@@ -338,6 +491,16 @@ void OptionWindow::Tell(const std::string& sentence) {
   gtk_widget_destroy(message);
 }
 
+bool OptionWindow::Ask(const std::string& question) {
+  GtkWidget* const message =
+      gtk_message_dialog_new(GTK_WINDOW(dialog_), GTK_DIALOG_MODAL, GTK_MESSAGE_QUESTION, GTK_BUTTONS_YES_NO,
+                             "%s", WidgetText(question).c_str());
+  gtk_window_set_title(GTK_WINDOW(message), "Delete Format");
+  const bool isYes = gtk_dialog_run(GTK_DIALOG(message)) == GTK_RESPONSE_YES;
+  gtk_widget_destroy(message);
+  return isYes;
+}
+
 void OptionWindow::Close(bool isOk) {
   isOk_ = isOk;
   isOpen_ = false;
@@ -345,3 +508,26 @@ void OptionWindow::Close(bool isOk) {
 }
 
 }  // namespace qv
+
+#define DIALOG_MODULE_FUNCTION extern "C" __attribute__((visibility("default")))
+
+namespace {
+
+// The host's numbers must not change their decimal point because a dialog was opened. A host that uses GTK
+// itself has decided already.
+void KeepLocale() {
+  static bool isDecided = gdk_display_get_default() != nullptr;
+  if (!isDecided) gtk_disable_setlocale();
+  isDecided = true;
+}
+
+}  // namespace
+
+DIALOG_MODULE_FUNCTION bool QvHasDisplay() {
+  KeepLocale();
+  return gtk_init_check(nullptr, nullptr) != FALSE;
+}
+
+DIALOG_MODULE_FUNCTION bool QvRunFormatOptionDialog(qv::FormatOptionCommands& commands) {
+  return qv::OptionWindow(commands).Run();
+}

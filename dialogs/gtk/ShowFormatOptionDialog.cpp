@@ -1,9 +1,9 @@
-#include "dialogs/FormatOptionPresenter.h"
 #include "dialogs/gtk/DialogModule.h"
+#include "dialogs/model/FormatOptionPresenter.h"
 #include "manager/FormatOptionDialog.h"
 #include "manager/SettingsFile.h"
 #include "platform/DynamicLibrary.h"
-#include "platform/MessageBox.h"
+#include "platform/Handlers.h"
 #include "platform/posix/ComponentFile.h"
 
 #include <dlfcn.h>
@@ -50,5 +50,7 @@ bool ShowFormatOptionDialog(const FormatOptionRequest& request) {
     return false;
   }
   qv::FormatOptionPresenter presenter(request, SettingsFilePath());
-  return TheDialogModule().runDialog(presenter);
+  const bool isOk = TheDialogModule().runDialog(presenter);
+  presenter.RethrowFailure();
+  return isOk;
 }

@@ -1,11 +1,45 @@
 #include "dialogs/gtk/TextListBox.h"
 
-#include "dialogs/gtk/WidgetText.h"
+#include <algorithm>
 
 namespace qv {
 
+namespace {
+
+enum StoreColumn { kText, kIsBlack };
+
+/// Between which rows a place of a list is.
+struct DropPlace {
+  DropPlace(GtkWidget* list, int x, int y) {
+    GtkTreeViewDropPosition position = GTK_TREE_VIEW_DROP_AFTER;
+    gtk_tree_view_get_dest_row_at_pos(GTK_TREE_VIEW(list), x, y, &path, &position);
+    isBefore = position == GTK_TREE_VIEW_DROP_BEFORE || position == GTK_TREE_VIEW_DROP_INTO_OR_BEFORE;
+  }
+  ~DropPlace() { gtk_tree_path_free(path); }
+  DropPlace(const DropPlace&) = delete;
+  DropPlace& operator=(const DropPlace&) = delete;
+
+  /// Of the row that what is dropped comes before; `count` below all rows.
+  std::size_t Index(std::size_t count) const {
+    if (path == nullptr) return count;
+    return static_cast<std::size_t>(gtk_tree_path_get_indices(path)[0]) + (isBefore ? 0 : 1);
+  }
+
+  GtkTreePath* path = nullptr;
+  bool isBefore = false;
+};
+
+}  // namespace
+
+std::string WidgetText(const std::string& text) {
+  char* const valid = g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()));
+  std::string shown = valid;
+  g_free(valid);
+  return shown;
+}
+
 TextListBox::TextListBox(const char* name)
-    : store_(gtk_list_store_new(1, G_TYPE_STRING)),
+    : store_(gtk_list_store_new(2, G_TYPE_STRING, G_TYPE_BOOLEAN)),
       list_(gtk_tree_view_new_with_model(GTK_TREE_MODEL(store_))),
       scrolled_(gtk_scrolled_window_new(nullptr, nullptr)) {
   g_object_unref(store_);  // the list holds it
@@ -13,8 +47,9 @@ TextListBox::TextListBox(const char* name)
   GtkTreeView* const view = GTK_TREE_VIEW(list_);
   gtk_tree_view_set_headers_visible(view, FALSE);
   gtk_tree_view_append_column(
-      view, gtk_tree_view_column_new_with_attributes("", gtk_cell_renderer_text_new(), "text", 0, nullptr));
-  gtk_tree_view_set_search_column(view, 0);
+      view, gtk_tree_view_column_new_with_attributes("", gtk_cell_renderer_text_new(), "text", kText,
+                                                     "sensitive", kIsBlack, nullptr));
+  gtk_tree_view_set_search_column(view, kText);
   GtkTreeSelection* const selection = gtk_tree_view_get_selection(view);
   gtk_tree_selection_set_mode(selection, GTK_SELECTION_MULTIPLE);
   g_signal_connect(selection, "changed", G_CALLBACK(SelectionChanged), this);
@@ -26,25 +61,101 @@ TextListBox::TextListBox(const char* name)
   gtk_container_add(GTK_CONTAINER(scrolled_), list_);
 }
 
+void TextListBox::OnDrop(const TextListBox& other,
+                         std::function<void(bool isOwn, std::size_t place)> handler) {
+  other_ = &other;
+  onDrop_ = std::move(handler);
+  char name[] = "application/x-qvassembly-items";
+  const GtkTargetEntry target = {name, GTK_TARGET_SAME_APP, 0};
+  gtk_drag_source_set(list_, GDK_BUTTON1_MASK, &target, 1, GDK_ACTION_MOVE);
+  gtk_drag_dest_set(list_, GtkDestDefaults(0), &target, 1, GDK_ACTION_MOVE);
+  g_signal_connect(list_, "drag-motion", G_CALLBACK(DragMoved), this);
+  g_signal_connect(list_, "drag-leave", G_CALLBACK(DragLeft), this);
+  g_signal_connect(list_, "drag-drop", G_CALLBACK(Dropped), this);
+}
+
+bool TextListBox::TakesFrom(GdkDragContext* context) const {
+  const GtkWidget* const source = gtk_drag_get_source_widget(context);
+  return source == list_ || source == other_->list_;
+}
+
+gboolean TextListBox::DragMoved(GtkWidget* list, GdkDragContext* context, int x, int y, guint time,
+                                gpointer self) {
+  if (!static_cast<TextListBox*>(self)->TakesFrom(context)) return FALSE;
+  const DropPlace place(list, x, y);
+  gtk_tree_view_set_drag_dest_row(GTK_TREE_VIEW(list), place.path,
+                                  place.isBefore ? GTK_TREE_VIEW_DROP_BEFORE : GTK_TREE_VIEW_DROP_AFTER);
+  gdk_drag_status(context, GDK_ACTION_MOVE, time);
+  return TRUE;
+}
+
+void TextListBox::DragLeft(GtkWidget* list, GdkDragContext*, guint, gpointer) {
+  gtk_tree_view_set_drag_dest_row(GTK_TREE_VIEW(list), nullptr, GTK_TREE_VIEW_DROP_BEFORE);
+}
+
+gboolean TextListBox::Dropped(GtkWidget* list, GdkDragContext* context, int x, int y, guint time,
+                              gpointer self) {
+  const auto* const box = static_cast<TextListBox*>(self);
+  if (!box->TakesFrom(context)) return FALSE;
+  const DropPlace place(list, x, y);
+  const bool isOwn = gtk_drag_get_source_widget(context) == list;
+  gtk_drag_finish(context, TRUE, FALSE, time);
+  box->onDrop_(isOwn, place.Index(box->shown_.size()));
+  return TRUE;
+}
+
 void TextListBox::Show(const std::vector<std::string>& texts) {
-  // Filled while no list looks at it: a row costs a fraction of what it does otherwise.
-  GtkListStore* const store = gtk_list_store_new(1, G_TYPE_STRING);
-  for (const std::string& text : texts)
-    gtk_list_store_insert_with_values(store, nullptr, -1, 0, WidgetText(text).c_str(), -1);
-  gtk_tree_view_set_model(GTK_TREE_VIEW(list_), GTK_TREE_MODEL(store));
-  gtk_tree_view_set_search_column(GTK_TREE_VIEW(list_), 0);
-  g_object_unref(store);
-  store_ = store;
+  for (std::size_t index = 0; index < texts.size(); ++index) {
+    const auto here = shown_.begin() + static_cast<std::ptrdiff_t>(std::min(index, shown_.size()));
+    const auto found = std::find(here, shown_.end(), texts[index]);
+    if (found == shown_.end())
+      Insert(index, texts[index]);
+    else
+      for (auto gap = found - here; gap > 0; --gap) Remove(index);
+  }
+  while (shown_.size() > texts.size()) Remove(texts.size());
+
+  GtkTreePath* cursor = nullptr;
+  gtk_tree_view_get_cursor(GTK_TREE_VIEW(list_), &cursor, nullptr);
+  if (cursor == nullptr && !texts.empty()) {
+    MoveCursor(0);
+    Select({});
+  }
+  gtk_tree_path_free(cursor);
+}
+
+void TextListBox::Insert(std::size_t index, const std::string& text) {
+  shown_.insert(shown_.begin() + static_cast<std::ptrdiff_t>(index), text);
+  gtk_list_store_insert_with_values(store_, nullptr, static_cast<gint>(index), kText,
+                                    WidgetText(text).c_str(), kIsBlack, TRUE, -1);
+}
+
+void TextListBox::Remove(std::size_t index) {
+  shown_.erase(shown_.begin() + static_cast<std::ptrdiff_t>(index));
+  GtkTreeIter row;
+  gtk_tree_model_get_iter(GTK_TREE_MODEL(store_), &row, RowPath(index));
+  gtk_list_store_remove(store_, &row);
+}
+
+void TextListBox::MoveCursor(std::size_t index) {
+  const RowPath path(index);
+  gtk_tree_view_set_cursor(GTK_TREE_VIEW(list_), path, nullptr, FALSE);
+  gtk_tree_view_scroll_to_cell(GTK_TREE_VIEW(list_), path, nullptr, FALSE, 0, 0);
 }
 
 void TextListBox::Select(const Selection& selection) {
-  GtkTreeView* const view = GTK_TREE_VIEW(list_);
-  gtk_tree_selection_unselect_all(gtk_tree_view_get_selection(view));
-  for (const std::size_t rank : selection) {
-    GtkTreePath* const path = gtk_tree_path_new_from_indices(static_cast<gint>(rank), -1);
-    gtk_tree_selection_select_path(gtk_tree_view_get_selection(view), path);
-    if (selection.size() == 1) gtk_tree_view_scroll_to_cell(view, path, nullptr, FALSE, 0, 0);
-    gtk_tree_path_free(path);
+  GtkTreeSelection* const selected = gtk_tree_view_get_selection(GTK_TREE_VIEW(list_));
+  gtk_tree_selection_unselect_all(selected);
+  for (const std::size_t index : selection) gtk_tree_selection_select_path(selected, RowPath(index));
+}
+
+void TextListBox::Grey(const std::vector<bool>& rows) {
+  GtkTreeModel* const model = GTK_TREE_MODEL(store_);
+  GtkTreeIter row;
+  gboolean isThere = gtk_tree_model_get_iter_first(model, &row);
+  for (std::size_t index = 0; index < rows.size() && isThere != FALSE; ++index) {
+    gtk_list_store_set(store_, &row, kIsBlack, rows[index] ? FALSE : TRUE, -1);
+    isThere = gtk_tree_model_iter_next(model, &row);
   }
 }
 
@@ -64,16 +175,14 @@ void TextListBox::SelectionChanged(GtkTreeSelection*, gpointer self) {
   if (box->onSelect_) box->onSelect_();
 }
 
-// The keyboard activates rows too; Enter is the dialog's OK, as it is in every other control.
-void TextListBox::RowActivated(GtkTreeView* list, GtkTreePath*, GtkTreeViewColumn*, gpointer self) {
+// The keyboard activates rows too: Space, which is to select, and Return in the box that finds a row by its
+// text.
+void TextListBox::RowActivated(GtkTreeView*, GtkTreePath*, GtkTreeViewColumn*, gpointer self) {
   const auto* const box = static_cast<TextListBox*>(self);
   GdkEvent* const event = gtk_get_current_event();
   const bool isKey = event != nullptr && event->type == GDK_KEY_PRESS;
   if (event != nullptr) gdk_event_free(event);
-  if (isKey)
-    gtk_window_activate_default(GTK_WINDOW(gtk_widget_get_toplevel(GTK_WIDGET(list))));
-  else if (box->onDoubleClick_)
-    box->onDoubleClick_();
+  if (!isKey && box->onDoubleClick_) box->onDoubleClick_();
 }
 
 }  // namespace qv

@@ -1,14 +1,31 @@
 #pragma once
 
-#include "dialogs/ColumnLists.h"
+#include "dialogs/model/ColumnLists.h"
 
 #include <gtk/gtk.h>
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace qv {
+
+/// UTF-8 for a widget; bytes of the library's text that are none are replaced.
+std::string WidgetText(const std::string& text);
+
+/// The path of a list's row, freed at the end.
+class RowPath {
+ public:
+  explicit RowPath(std::size_t index) : path_(gtk_tree_path_new_from_indices(static_cast<gint>(index), -1)) {}
+  ~RowPath() { gtk_tree_path_free(path_); }
+  RowPath(const RowPath&) = delete;
+  RowPath& operator=(const RowPath&) = delete;
+  operator GtkTreePath*() const { return path_; }
+
+ private:
+  GtkTreePath* path_;
+};
 
 /// A list of texts of which several can be selected.
 class TextListBox {
@@ -23,8 +40,18 @@ class TextListBox {
   void OnSelect(std::function<void()> handler) { onSelect_ = std::move(handler); }
   void OnDoubleClick(std::function<void()> handler) { onDoubleClick_ = std::move(handler); }
 
+  /// Lets entries be dragged out of the list, and lets those of this list and of `other` be dropped on it:
+  /// before the row at `place`.
+  void OnDrop(const TextListBox& other, std::function<void(bool isOwn, std::size_t place)> handler);
+
+  /// Changes only the rows that differ, so that the scroll position and the cursor stay where they are; the
+  /// cursor starts in the first row.
   void Show(const std::vector<std::string>& texts);
+  /// Brings a row into sight and puts the keyboard's cursor there, which selects that row alone.
+  void MoveCursor(std::size_t index);
   void Select(const Selection& selection);
+  /// Greys the rows for which it is true.
+  void Grey(const std::vector<bool>& rows);
 
   Selection Selected() const;
 
@@ -32,11 +59,22 @@ class TextListBox {
   static void SelectionChanged(GtkTreeSelection*, gpointer self);
   static void RowActivated(GtkTreeView*, GtkTreePath*, GtkTreeViewColumn*, gpointer self);
 
+  static gboolean DragMoved(GtkWidget*, GdkDragContext* context, int x, int y, guint time, gpointer self);
+  static void DragLeft(GtkWidget*, GdkDragContext*, guint time, gpointer self);
+  static gboolean Dropped(GtkWidget*, GdkDragContext* context, int x, int y, guint time, gpointer self);
+  bool TakesFrom(GdkDragContext* context) const;
+
+  void Insert(std::size_t index, const std::string& text);
+  void Remove(std::size_t index);
+
   GtkListStore* store_;
   GtkWidget* list_;
   GtkWidget* scrolled_;
+  std::vector<std::string> shown_;
   std::function<void()> onSelect_;
   std::function<void()> onDoubleClick_;
+  const TextListBox* other_ = nullptr;
+  std::function<void(bool isOwn, std::size_t place)> onDrop_;
 };
 
 }  // namespace qv

@@ -1,5 +1,6 @@
 #include "dialogs/windows/DialogWindow.h"
 
+#include "platform/DynamicLibrary.h"
 #include "platform/windows/WideText.h"
 
 #include <commctrl.h>
@@ -15,6 +16,31 @@ void InitControls() {
   InitCommonControlsEx(&controls);
 }
 
+constexpr UINT_PTR kTimer = 1;
+constexpr int kMaxTipWidth = 600;
+
+TOOLINFOW ToolOf(HWND dialog, HWND control, std::wstring& text) {
+  TOOLINFOW tool{};
+  tool.cbSize = TTTOOLINFOW_V1_SIZE;  // also known to the older common controls
+  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.hwnd = dialog;
+  tool.uId = reinterpret_cast<UINT_PTR>(control);
+  tool.lpszText = text.data();
+  return tool;
+}
+
+/// The side of a small icon in the window's resolution. Systems before Windows 10 1607 know one resolution
+/// for all windows, and a library that imported their successors' functions would not load there.
+int SmallIconSize(HWND window) {
+  using DpiOfWindow = UINT(WINAPI*)(HWND);
+  using MetricsForDpi = int(WINAPI*)(int, UINT);
+  void* const user = GetModuleHandleW(L"user32.dll");
+  const auto dpi = reinterpret_cast<DpiOfWindow>(FindFunction(user, "GetDpiForWindow"));
+  const auto metrics = reinterpret_cast<MetricsForDpi>(FindFunction(user, "GetSystemMetricsForDpi"));
+  return dpi != nullptr && metrics != nullptr ? metrics(SM_CXSMICON, dpi(window))
+                                              : GetSystemMetrics(SM_CXSMICON);
+}
+
 /// The device context of a list, with the list's font in it.
 class ListFont {
  public:
@@ -28,6 +54,12 @@ class ListFont {
   }
   ListFont(const ListFont&) = delete;
   ListFont& operator=(const ListFont&) = delete;
+
+  int Height() const {
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(context_, &metrics);
+    return metrics.tmHeight;
+  }
 
   int WidthOf(const std::wstring& text) const {
     SIZE size{};
@@ -71,34 +103,71 @@ INT_PTR CALLBACK DialogWindow::Procedure(HWND window, UINT message, WPARAM wide,
     return TRUE;
   }
   auto* const self = reinterpret_cast<DialogWindow*>(GetWindowLongPtrW(window, DWLP_USER));
-  if (self == nullptr || message != WM_COMMAND) return FALSE;
-  self->Commanded(LOWORD(wide), HIWORD(wide));
+  if (self == nullptr) return FALSE;
+  if (message == WM_COMMAND)
+    self->Commanded(LOWORD(wide), HIWORD(wide));
+  else if (message == WM_DRAWITEM)
+    self->DrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(value));
+  else if (message == WM_NOTIFY)
+    SetWindowLongPtrW(window, DWLP_MSGRESULT, self->Notified(*reinterpret_cast<NMHDR*>(value)));
+  else if (message == WM_SIZE)
+    self->Resized();
+  else if (message == WM_TIMER && wide == kTimer) {
+    KillTimer(window, kTimer);
+    self->TimerEnded();
+  } else
+    return FALSE;
   return TRUE;
 }
 
 void DialogWindow::SetIcon(int button, int icon, const wchar_t* name) {
-  const int size = GetSystemMetricsForDpi(SM_CXSMICON, GetDpiForWindow(window_));
+  const int size = SmallIconSize(window_);
   const auto handle = static_cast<HICON>(
       LoadImageW(OwnModule(), MAKEINTRESOURCEW(icon), IMAGE_ICON, size, size, LR_DEFAULTCOLOR));
   if (handle == nullptr) return;
   icons_.emplace_back(handle);
   SendMessageW(Control(button), BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(handle));
-  AddToolTip(button, name);
+  AddToolTip(Control(button), name);
 }
 
-void DialogWindow::AddToolTip(int control, const wchar_t* text) const {
+HWND DialogWindow::AddToolTip(HWND control, const wchar_t* text) const {
   const HWND tip =
       CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, CW_USEDEFAULT,
                       CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window_, nullptr, OwnModule(), nullptr);
-  if (tip == nullptr) return;
-  TOOLINFOW tool{};
-  tool.cbSize = TTTOOLINFOW_V1_SIZE;  // also known to the older common controls
-  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-  tool.hwnd = window_;
-  tool.uId = reinterpret_cast<UINT_PTR>(Control(control));
   std::wstring copy = text;
-  tool.lpszText = copy.data();
+  const TOOLINFOW tool = ToolOf(window_, control, copy);
   SendMessageW(tip, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  SendMessageW(tip, TTM_SETMAXTIPWIDTH, 0, kMaxTipWidth);  // lines are broken only with such a width
+  return tip;
+}
+
+void DialogWindow::ChangeToolTip(HWND tip, HWND control, std::wstring text) const {
+  const TOOLINFOW tool = ToolOf(window_, control, text);
+  SendMessageW(tip, TTM_POP, 0, 0);
+  SendMessageW(tip, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+DialogWindow::OwnedFont DialogWindow::FontLike(HWND control, void (*change)(LOGFONTW& font)) {
+  LOGFONTW font{};
+  GetObjectW(reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)), sizeof font, &font);
+  change(font);
+  return OwnedFont(CreateFontIndirectW(&font));
+}
+
+bool DialogWindow::TakeKeys(MSG& message) const {
+  const bool isOwn = message.hwnd == window_ || IsChild(window_, message.hwnd) != FALSE;
+  return isOwn && IsDialogMessageW(window_, &message) != FALSE;
+}
+
+void DialogWindow::StartTimer(unsigned milliseconds) const {
+  SetTimer(window_, kTimer, milliseconds, nullptr);
+}
+
+qv::Selection DialogWindow::SelectionOf(int list) const {
+  const LRESULT count = SendMessageW(Control(list), LB_GETSELCOUNT, 0, 0);
+  std::vector<int> indexes(static_cast<std::size_t>(std::max<LRESULT>(count, 0)));
+  SendMessageW(Control(list), LB_GETSELITEMS, indexes.size(), reinterpret_cast<LPARAM>(indexes.data()));
+  return {indexes.begin(), indexes.end()};
 }
 
 std::wstring DialogWindow::TextOf(int control) const {
@@ -113,6 +182,7 @@ void DialogWindow::FillList(int list, const std::vector<std::string>& texts) con
   const ListFont font(box);
   int width = 0;
   SendMessageW(box, WM_SETREDRAW, FALSE, 0);
+  SendMessageW(box, LB_SETITEMHEIGHT, 0, font.Height());  // an owner-drawn list does not ask the font
   SendMessageW(box, LB_RESETCONTENT, 0, 0);
   for (const std::string& text : texts) {
     const std::wstring wide = Widen(text);

@@ -1,55 +1,37 @@
 #include "dialogs/windows/HeaderMappingDlg.h"
 
 #include "dialogs/windows/Resources.h"
-
-namespace {
-
-// One dialog at a time runs on a thread.
-thread_local HWND shownHeaders = nullptr;
-
-bool IsForHeaders(const MSG& message) {
-  return shownHeaders != nullptr &&
-         (message.hwnd == shownHeaders || IsChild(shownHeaders, message.hwnd) != FALSE);
-}
-
-// The modal loop of the dialog knows nothing of this window's Tab, Enter and Escape. To look at a message
-// calls this function again.
-LRESULT CALLBACK TakeKeys(int code, WPARAM wide, LPARAM parameter) {
-  thread_local bool isLooking = false;
-  MSG& message = *reinterpret_cast<MSG*>(parameter);
-  if (code == MSGF_DIALOGBOX && !isLooking && IsForHeaders(message)) {
-    isLooking = true;
-    const bool isTaken = IsDialogMessageW(shownHeaders, &message) != FALSE;
-    isLooking = false;
-    if (isTaken) return TRUE;
-  }
-  return CallNextHookEx(nullptr, code, wide, parameter);
-}
-
-}  // namespace
+#include "platform/windows/WideText.h"
 
 HeaderMappingDlg::~HeaderMappingDlg() {
-  if (keys_ != nullptr) UnhookWindowsHookEx(keys_);
-  shownHeaders = nullptr;
   if (IsWindow(Window()) != FALSE) DestroyWindow(Window());
 }
 
-bool HeaderMappingDlg::CreateHidden(HWND dialog) {
-  if (!Create(IDD_HEADERS, dialog)) return false;
-  shownHeaders = Window();
-  keys_ = SetWindowsHookExW(WH_MSGFILTER, TakeKeys, nullptr, GetCurrentThreadId());
-  return true;
+void HeaderMappingDlg::Opened() {
+  SetIcon(IDC_REFRESH, IDI_REFRESH, L"Refresh");
+  AddToolTip(Control(IDC_MATCH), L"Makes the sequence of the items that these headings stand for");
 }
 
-void HeaderMappingDlg::Opened() { SetIcon(IDC_REFRESH, IDI_REFRESH, L"Refresh"); }
-
-void HeaderMappingDlg::Commanded(int control, int) {
+void HeaderMappingDlg::Commanded(int control, int notification) {
+  const bool isSelection = notification == LBN_SELCHANGE || notification == LBN_SELCANCEL;
+  if (control == IDC_HEADERS && isSelection) commands_.Run(qv::OptionCommand::SelectHeaders);
+  if (control == IDC_MATCH) commands_.Run(qv::OptionCommand::MatchHeaders);
   if (control == IDC_REFRESH) commands_.Run(qv::OptionCommand::RefreshHeaders);
   if (control == IDCANCEL) commands_.Run(qv::OptionCommand::ToggleHeaders);
 }
 
+void HeaderMappingDlg::ShowCaption(const std::string& caption) const {
+  SetWindowTextW(Window(), qv::Widen(caption).c_str());
+}
+
 void HeaderMappingDlg::Refill(const std::vector<std::string>& headers) const {
   FillList(IDC_HEADERS, headers);
+}
+
+void HeaderMappingDlg::Select(const qv::Selection& selection) const {
+  SendDlgItemMessageW(Window(), IDC_HEADERS, LB_SETSEL, FALSE, -1);
+  for (const std::size_t index : selection)
+    SendDlgItemMessageW(Window(), IDC_HEADERS, LB_SETSEL, TRUE, static_cast<LPARAM>(index));
 }
 
 void HeaderMappingDlg::ShowBeside(HWND dialog) const {

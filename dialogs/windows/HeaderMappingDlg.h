@@ -1,7 +1,8 @@
 #pragma once
 
-#include "dialogs/FormatOptionView.h"
+#include "dialogs/model/FormatOptionView.h"
 #include "dialogs/windows/DialogWindow.h"
+#include "dialogs/windows/Resources.h"
 
 #include <string>
 #include <vector>
@@ -12,9 +13,13 @@ class HeaderMappingDlg final : public qv::DialogWindow {
   explicit HeaderMappingDlg(qv::FormatOptionCommands& commands) : commands_(commands) {}
   ~HeaderMappingDlg() override;
 
-  bool CreateHidden(HWND dialog);
+  bool CreateHidden(HWND dialog) { return Create(IDD_HEADERS, dialog); }
+  bool TakeMessage(MSG& message) const { return TakeKeys(message); }
 
+  void ShowCaption(const std::string& caption) const;
   void Refill(const std::vector<std::string>& headers) const;
+  void Select(const qv::Selection& selection) const;
+  qv::Selection Selected() const { return SelectionOf(IDC_HEADERS); }
   /// Shows the window in its size with its left edge at the dialog's right one and both bottoms at one
   /// height.
   void ShowBeside(HWND dialog) const;
@@ -25,5 +30,4 @@ class HeaderMappingDlg final : public qv::DialogWindow {
   void Commanded(int control, int notification) override;
 
   qv::FormatOptionCommands& commands_;
-  HHOOK keys_ = nullptr;
 };

@@ -8,6 +8,7 @@
 
 #define IDD_OPTION 200
 #define IDD_HEADERS 201
+#define IDD_PREVIEW 202
 
 #define IDI_UP 210
 #define IDI_DOWN 211
@@ -34,6 +35,14 @@
 #define IDC_UP 1018
 #define IDC_DOWN 1019
 #define IDC_TOGGLE_HEADERS 1020
+#define IDC_TOGGLE_PREVIEW 1021
+#define IDC_NAME_HINT 1022
 
 #define IDC_REFRESH 1030
 #define IDC_HEADERS 1031
+#define IDC_MATCH 1032
+
+#define IDC_PREVIEW 1040
+#define IDC_SUMMARY 1041
+#define IDC_SUGGESTION 1042
+#define IDC_APPLY 1043

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "engines/columns/Column.h"
-#include "engines/columns/CopyTerminated.h"
-#include "engines/columns/Numbers.h"
 #include "engines/columns/ShortNumbers.h"
 #include "engines/columns/Words.h"
+#include "text/Numbers.h"
 
 #include <QVAssemblyFile/CString.h>
 #include <QVAssemblyFile/FixedText.h>
@@ -14,8 +13,7 @@
 #include <string>
 #include <type_traits>
 
-/// What the rows of the column tables are made of: one function template per way of reading or writing a
-/// field.
+/// How cells are read into a record and written from one: one function template per way of doing it.
 namespace qv {
 
 inline constexpr std::size_t kWidestText = 259;  ///< the most characters of a text that an export writes
@@ -47,6 +45,7 @@ std::string_view ViewOf(const FixedText<Capacity>& text) {
 inline std::string_view ViewOf(const CString& text) {
   return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
 }
+inline std::string_view ViewOf(const std::string& text) { return text; }
 template <std::size_t Capacity>
 std::string_view ViewOf(const char (&text)[Capacity]) {
   return {text, ::strnlen(text, Capacity)};
@@ -64,78 +63,84 @@ bool AppendField(TextBuffer& out, const FixedText<Capacity>& field) {
   return true;
 }
 
+/// Stores the characters up to the first NUL; false when not all of them fit.
 template <std::size_t Capacity>
 bool StoreText(FixedText<Capacity>& field, std::string_view text) {
   return field.Assign(text);
 }
-inline bool StoreText(CString& field, std::string_view text) {
+template <std::size_t Capacity>
+bool StoreText(char (&field)[Capacity], std::string_view text) {
+  text = UpToNul(text);
+  *std::copy_n(text.data(), std::min(text.size(), Capacity - 1), field) = '\0';
+  return text.size() < Capacity;
+}
+template <class String>
+bool StoreText(String& field, std::string_view text) {
   field = UpToNul(text);
   return true;
 }
 
 template <auto Field>
-Remark ReadText(RecordOf<Field>& record, std::string_view text, std::string* stored) {
-  if (StoreText(record.*Field, text)) return Remark::None;
+CellRemark ReadText(RecordOf<Field>& record, std::string_view text, std::string* stored) {
+  if (StoreText(record.*Field, text)) return CellRemark::None;
   if (stored != nullptr) *stored = ViewOf(record.*Field);
-  return Remark::TextCut;
+  return CellRemark::TextCut;
 }
 
 /// Stores a number or choice. An empty cell is worth a remark only where it changes what a fresh record
 /// holds.
 template <auto Field, class Value>
-Remark StoreValue(RecordOf<Field>& record, Value value, Remark remark) {
-  if (remark == Remark::EmptyValue && record.*Field == value) remark = Remark::None;
+CellRemark StoreValue(RecordOf<Field>& record, Value value, CellRemark remark) {
+  if (remark == CellRemark::EmptyValue && record.*Field == value) remark = CellRemark::None;
   record.*Field = value;
   return remark;
 }
 
 template <auto Field>
-[[gnu::noinline]] Remark ReadOddInt(RecordOf<Field>& record, std::string_view text, std::string* stored) {
+[[gnu::noinline]] CellRemark ReadIntSlowPath(RecordOf<Field>& record, std::string_view text,
+                                             std::string* stored) {
   const Parsed<int> parsed = ParseInt(text);
   if (stored != nullptr) *stored = std::to_string(parsed.value);
-  return StoreValue<Field>(record, parsed.value, parsed.remark);
+  return StoreValue<Field>(record, parsed.value, RemarkOn(parsed.fault));
 }
 
 template <auto Field>
-Remark ReadInt(RecordOf<Field>& record, std::string_view text, std::string* stored) {
+CellRemark ReadInt(RecordOf<Field>& record, std::string_view text, std::string* stored) {
   int value;
-  if (!ParseShortInt(text, value)) return ReadOddInt<Field>(record, text, stored);
+  if (!ParseShortInt(text, value)) return ReadIntSlowPath<Field>(record, text, stored);
   record.*Field = value;
-  return Remark::None;
+  return CellRemark::None;
 }
 
-/// The shortest text that reads back as the same number.
-void AppendReal(std::string& out, float value);
-void AppendReal(std::string& out, double value);
-
 template <auto Field>
-[[gnu::noinline]] Remark ReadOddReal(RecordOf<Field>& record, std::string_view text, std::string* stored) {
+[[gnu::noinline]] CellRemark ReadRealSlowPath(RecordOf<Field>& record, std::string_view text,
+                                              std::string* stored) {
   using Value = ValueOf<Field>;
-  Parsed<double> parsed = ParseReal(text);
+  const Parsed<double> parsed = ParseReal(text);
   const auto value = static_cast<Value>(parsed.value);
   const bool vanished = value == 0 && parsed.value != 0;
-  if (vanished || (std::isfinite(parsed.value) && !std::isfinite(value)))
-    parsed.remark = Remark::NumberOutOfRange;
-  if (stored != nullptr) AppendReal(*stored, value);
-  return StoreValue<Field>(record, value, parsed.remark);
+  const bool overflowed = std::isfinite(parsed.value) && !std::isfinite(value);
+  if (stored != nullptr) AppendShortest(*stored, value);
+  return StoreValue<Field>(record, value,
+                           vanished || overflowed ? CellRemark::NumberOutOfRange : RemarkOn(parsed.fault));
 }
 
 template <auto Field>
-Remark ReadReal(RecordOf<Field>& record, std::string_view text, std::string* stored) {
+CellRemark ReadReal(RecordOf<Field>& record, std::string_view text, std::string* stored) {
   double value;
-  if (!ParseShortReal(text, value)) return ReadOddReal<Field>(record, text, stored);
+  if (!ParseShortReal(text, value)) return ReadRealSlowPath<Field>(record, text, stored);
   record.*Field = static_cast<ValueOf<Field>>(value);
-  return Remark::None;
+  return CellRemark::None;
 }
 
 template <auto Field, const WordTable& Words>
-Remark ReadWord(RecordOf<Field>& record, std::string_view text, std::string* stored) {
+CellRemark ReadWord(RecordOf<Field>& record, std::string_view text, std::string* stored) {
   const Word* const word = FindWord(Words, text);
   const int number = word != nullptr ? word->value : Words.otherValue;
   if (stored != nullptr) *stored = TextOf(Words, number);
-  const Remark remark = word != nullptr ? Remark::None
-                        : text.empty()  ? Remark::EmptyValue
-                                        : Remark::UnknownWord;
+  const CellRemark remark = word != nullptr ? CellRemark::None
+                            : text.empty()  ? CellRemark::EmptyValue
+                                            : CellRemark::UnknownWord;
   return StoreValue<Field>(record, static_cast<ValueOf<Field>>(number), remark);
 }
 
@@ -165,58 +170,6 @@ bool WriteWord(const RecordOf<Field>& record, std::size_t, TextBuffer& out) {
 template <class Record>
 bool WriteNothing(const Record&, std::size_t, TextBuffer&) {
   return true;
-}
-
-// The rows themselves.
-
-template <auto Field>
-constexpr Column<RecordOf<Field>> Text(std::string_view keyword, bool RecordOf<Field>::*flag = nullptr) {
-  return {keyword, ReadText<Field>, WriteText<Field>, flag};
-}
-
-template <auto Field>
-constexpr Column<RecordOf<Field>> TextRead(std::string_view keyword) {
-  return {keyword, ReadText<Field>};
-}
-
-template <auto Field>
-constexpr Column<RecordOf<Field>> TextWritten(std::string_view keyword) {
-  return {keyword, nullptr, WriteText<Field>};
-}
-
-template <auto Field>
-constexpr Column<RecordOf<Field>> Int(std::string_view keyword, bool RecordOf<Field>::*flag = nullptr) {
-  return {keyword, ReadInt<Field>, WriteInt<Field>, flag};
-}
-
-template <auto Field>
-constexpr Column<RecordOf<Field>> IntRead(std::string_view keyword) {
-  return {keyword, ReadInt<Field>};
-}
-
-template <auto Field>
-constexpr Column<RecordOf<Field>> IntWritten(std::string_view keyword) {
-  return {keyword, nullptr, WriteInt<Field>};
-}
-
-template <auto Field, int Decimals = 6>
-constexpr Column<RecordOf<Field>> Real(std::string_view keyword, bool RecordOf<Field>::*flag = nullptr) {
-  return {keyword, ReadReal<Field>, WriteReal<Field, Decimals>, flag};
-}
-
-template <auto Field>
-constexpr Column<RecordOf<Field>> RealRead(std::string_view keyword) {
-  return {keyword, ReadReal<Field>};
-}
-
-template <auto Field, int Decimals = 6>
-constexpr Column<RecordOf<Field>> RealWritten(std::string_view keyword) {
-  return {keyword, nullptr, WriteReal<Field, Decimals>};
-}
-
-template <auto Field, const WordTable& Read, const WordTable& Written = Read>
-constexpr Column<RecordOf<Field>> Words(std::string_view keyword) {
-  return {keyword, ReadWord<Field, Read>, WriteWord<Field, Written>};
 }
 
 }  // namespace qv

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "engines/columns/Remark.h"
+#include "engines/columns/CellRemark.h"
+#include "engines/columns/RecordFields.h"
 #include "engines/columns/TextBuffer.h"
-#include "records/RecordKind.h"
 
 #include <cstddef>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -14,15 +13,13 @@ namespace qv {
 /// Whether a column belongs to the record itself or to one of a part program's lists.
 enum class ColumnLevel : unsigned char { Record, UsedTools, Holes, Bends };
 
-/// One column of a kind of record: its keyword and what reading and writing a cell under it means. The
-/// keyword of a column that is only read may differ from that of the column that is only written.
+/// One column of a kind of record, and what reading and writing a cell of it means. The keyword of a column
+/// that is only read may differ from that of the column that is only written.
 template <class Record>
-struct Column {
-  std::string_view keyword;
-
+struct Column : FieldColumn {
   /// Puts the cell's text into the record. When `stored` is given, it receives what was stored if that
   /// differs from the text. Null: the column is not read.
-  Remark (*read)(Record& record, std::string_view text, std::string* stored) = nullptr;
+  CellRemark (*read)(Record& record, std::string_view text, std::string* stored) = nullptr;
 
   /// Appends the cell's text. `element` counts the elements of the column's list; 0 for the record itself.
   /// Returns false when the value had to be cut. Null: the column is not written.
@@ -40,8 +37,7 @@ struct Column {
 /// How keywords of a format are compared with a table's.
 enum class KeywordMatch { Exact, IgnoringCase };
 
-/// What holds for a whole kind; specialised beside each table. The table itself is
-/// ColumnTable<Record>::Columns().
+/// What holds for a whole kind; specialised in ColumnTables.h.
 template <class Record>
 struct KindTraits;
 

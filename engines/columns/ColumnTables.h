@@ -13,7 +13,7 @@
 
 #include <span>
 
-/// The one table per kind of record: every column it can have, in the order in which keywords are looked up.
+/// The one table per kind of record: every field with the columns that carry it.
 namespace qv {
 
 // Keywords of parts, sheets, part programs and inventories are matched exactly, those of tools, materials and
@@ -35,37 +35,40 @@ struct KindTraits<MatLibraryInfo> : KindTraitsOf<RecordKind::MaterialLibrary, Ke
 template <>
 struct KindTraits<JobProgressInfo> : KindTraitsOf<RecordKind::JobProgress, KeywordMatch::Exact> {};
 
-template <>
-struct ColumnTable<PartInformation> {
-  static std::span<const Column<PartInformation>> Columns();
+/// What a kind's table gives.
+template <class Record>
+struct TableOf {
+  std::span<const RecordField> fields;
+  std::span<const Column<Record>> columns;
 };
-template <>
-struct ColumnTable<ToolInformation> {
-  static std::span<const Column<ToolInformation>> Columns();
+
+template <class Record>
+struct ColumnTable {
+  /// Every field, in the order in which the record declares them.
+  static std::span<const RecordField> Fields() { return Table().fields; }
+
+  /// Every column; a keyword is there once at most in each direction.
+  static std::span<const Column<Record>> Columns() { return Table().columns; }
+
+ private:
+  static TableOf<Record> Table();  // of each kind, in the source of its table
 };
+
 template <>
-struct ColumnTable<MaterialInfomation> {
-  static std::span<const Column<MaterialInfomation>> Columns();
-};
+TableOf<PartInformation> ColumnTable<PartInformation>::Table();
 template <>
-struct ColumnTable<ShtInfo> {
-  static std::span<const Column<ShtInfo>> Columns();
-};
+TableOf<ToolInformation> ColumnTable<ToolInformation>::Table();
 template <>
-struct ColumnTable<PrtInfo> {
-  static std::span<const Column<PrtInfo>> Columns();
-};
+TableOf<MaterialInfomation> ColumnTable<MaterialInfomation>::Table();
 template <>
-struct ColumnTable<MatAmncITInfo> {
-  static std::span<const Column<MatAmncITInfo>> Columns();
-};
+TableOf<ShtInfo> ColumnTable<ShtInfo>::Table();
 template <>
-struct ColumnTable<MatLibraryInfo> {
-  static std::span<const Column<MatLibraryInfo>> Columns();
-};
+TableOf<PrtInfo> ColumnTable<PrtInfo>::Table();
 template <>
-struct ColumnTable<JobProgressInfo> {
-  static std::span<const Column<JobProgressInfo>> Columns();
-};
+TableOf<MatAmncITInfo> ColumnTable<MatAmncITInfo>::Table();
+template <>
+TableOf<MatLibraryInfo> ColumnTable<MatLibraryInfo>::Table();
+template <>
+TableOf<JobProgressInfo> ColumnTable<JobProgressInfo>::Table();
 
 }  // namespace qv

@@ -1,23 +1,23 @@
-#include "engines/FieldTrim.h"
-#include "engines/columns/Cells.h"
-#include "engines/columns/ColumnTables.h"
+#include "engines/columns/FieldRows.h"
+#include "engines/text/FieldSplitter.h"
+#include "format/FormatColumns.h"
 
 #include <cmath>
 
 namespace qv {
 namespace {
 
-using P = PartInformation;
+using Record = PartInformation;
 
 // A part without a name is no part. A name of blanks is one, if an odd one.
 template <auto Field>
-Remark ReadPartName(P& part, std::string_view text, std::string* stored) {
-  if (text.empty()) return Remark::AbandonRow;
+CellRemark ReadPartName(Record& part, std::string_view text, std::string* stored) {
+  if (text.empty()) return CellRemark::AbandonRow;
   return ReadText<Field>(part, TrimField(text), stored);
 }
 
 template <auto Field>
-Remark ReadTrimmedText(P& part, std::string_view text, std::string* stored) {
+CellRemark ReadTrimmedText(Record& part, std::string_view text, std::string* stored) {
   return ReadText<Field>(part, TrimField(text), stored);
 }
 
@@ -29,7 +29,7 @@ void AppendTwoDigits(TextBuffer& out, std::int64_t number) {
 // Seconds as hours:minutes:seconds. An estimate of a second or less leaves the cell blank, as nobody has
 // estimated anything then.
 template <auto Field>
-bool WriteDuration(const P& part, std::size_t, TextBuffer& out) {
+bool WriteDuration(const Record& part, std::size_t, TextBuffer& out) {
   const double rounded = part.*Field + 0.5;
   if (!(rounded < 9e15)) return false;
   const auto seconds = rounded < 2 ? 0 : static_cast<std::int64_t>(rounded);
@@ -42,46 +42,68 @@ bool WriteDuration(const P& part, std::size_t, TextBuffer& out) {
   return true;
 }
 
+constexpr Field<Record> IgnoredColumn() {
+  Field<Record> row;
+  row.columns[0].keyword = kIgnore;
+  row.columns[0].writtenAs = CellForm::Text;
+  row.columns[0].write = WriteNothing<Record>;
+  return row;
+}
+
 }  // namespace
 
-std::span<const Column<P>> ColumnTable<P>::Columns() {
-  static constexpr Column<P> kColumns[] = {
-      {"Ignore", nullptr, WriteNothing<P>},
-      {"PartName", ReadPartName<&P::partName_>, WriteText<&P::partName_>},
-      Text<&P::partNumber_>("PartNumber", &P::isPartNumberAvailable_),
-      Text<&P::fullPathName_>("FullPath"),
-      Int<&P::partQuantity_>("PartQuantity"),
-      Text<&P::dueDate_>("DueDate"),
-      Text<&P::materialType_>("MaterialType", &P::isMaterialTypeAvailable_),
-      Real<&P::materialThickness_>("MaterialThickness", &P::isMaterialThicknessAvailable_),
-      Text<&P::partComment_>("PartComment", &P::isPartCommentAvailable_),
-      Text<&P::revision_>("Revision", &P::isRevisionAvailable_),
-      Text<&P::machine_>("Machine", &P::isMachineAvailable_),
-      Text<&P::toolInventory_>("ToolInventory", &P::isToolInventoryAvailable_),
-      Text<&P::materialGroup_>("MaterialGroup", &P::isMaterialGroupAvailable_),
-      Text<&P::customer_>("Customer", &P::isCustomerAvailable_),
-      Text<&P::routerNumber_>("RouterNumber"),
-      Text<&P::workOderNumber_>("WorkOrderNumber"),
-      Int<&P::binID_>("BinID", &P::isBinIDAvailable_),
-      {"EstimateTime", ReadReal<&P::estimateTime_>, WriteDuration<&P::estimateTime_>},
-      Text<&P::partPositionInGroup_>("PartPositionInGroup"),
-      Text<&P::groupName_>("GroupName"),
-      {"PreferredMaterial", ReadTrimmedText<&P::materialFile_>, WriteText<&P::materialFile_>,
-       &P::isPreferredMaterialAvailable_},
-      Text<&P::rectangularTrueShape_>("Rectangular/TrueShape"),
-      Int<&P::stackTableId_>("StackTable"),
-      Int<&P::rotation_>("Rotation"),
-      Int<&P::commonCutting_>("CommonCutting"),
-      Text<&P::cCutPunch_>("C-Cut/Punch"),
-      Text<&P::grainDirection_>("GrainDirection"),
-      Text<&P::rotateSpecificAngle_>("RotateSpecificAngle"),
-      Text<&P::materialCode_>("MaterialCode"),
-      Text<&P::materialDescription_>("MaterialDescription"),
-      Text<&P::customerMaterialType_>("CustomerMaterialType"),
-      Text<&P::coating_>("Coating"),
-      Int<&P::priority_>("Priority"),
+template <>
+TableOf<Record> ColumnTable<Record>::Table() {
+  static constexpr Field<Record> kRows[] = {
+      FIELD(PartName, "PartName").ReadBy(ReadPartName<&Record::PartName_>),
+      FIELD(PartNumber, "PartNumber").Raises(&Record::IsPartNumberAvailable_),
+      FIELD(FullPathName, "FullPath"),
+      FIELD(PartQuantity, "PartQuantity"),
+      FIELD(DueDate, "DueDate"),
+      FIELD(MaterialType, "MaterialType").Raises(&Record::IsMaterialTypeAvailable_),
+      FIELD(MaterialThickness, "MaterialThickness").Raises(&Record::IsMaterialThicknessAvailable_),
+      FIELD(PartComment, "PartComment").Raises(&Record::IsPartCommentAvailable_),
+      FIELD(Revision, "Revision").Raises(&Record::IsRevisionAvailable_),
+      FIELD(Machine, "Machine").Raises(&Record::IsMachineAvailable_),
+      FIELD(ToolInventory, "ToolInventory").Raises(&Record::IsToolInventoryAvailable_),
+      FIELD(MaterialGroup, "MaterialGroup").Raises(&Record::IsMaterialGroupAvailable_),
+      FIELD(Customer, "Customer").Raises(&Record::IsCustomerAvailable_),
+      FIELD(RouterNumber, "RouterNumber"),
+      FIELD(WorkOderNumber, "WorkOrderNumber"),
+      FIELD(BinID, "BinID").Raises(&Record::IsBinIDAvailable_),
+      FIELD(EstimateTime, "EstimateTime")
+          .WrittenBy(WriteDuration<&Record::EstimateTime_>, CellForm::Duration),
+      FIELD(GroupName, "GroupName"),
+      FIELD(PartPositionInGroup, "PartPositionInGroup"),
+      FIELD(MaterialFile, "PreferredMaterial")
+          .ReadBy(ReadTrimmedText<&Record::MaterialFile_>)
+          .Raises(&Record::IsPreferredMaterialAvailable_),
+      FIELD(RectangularTrueShape, "Rectangular/TrueShape"),
+      FIELD(StackTableId, "StackTable"),
+      FIELD(Rotation, "Rotation"),
+      FIELD(CommonCutting, "CommonCutting"),
+      FIELD(CCutPunch, "C-Cut/Punch"),
+      FIELD(GrainDirection, "GrainDirection"),
+      FIELD(RotateSpecificAngle, "RotateSpecificAngle"),
+      FIELD(MaterialCode, "MaterialCode"),
+      FIELD(MaterialDescription, "MaterialDescription"),
+      FIELD(CustomerMaterialType, "CustomerMaterialType"),
+      FIELD(Coating, "Coating"),
+      FIELD(Priority, "Priority"),
+      BARE(IsMachineAvailable),
+      BARE(IsMaterialTypeAvailable),
+      BARE(IsMaterialThicknessAvailable),
+      BARE(IsMaterialGroupAvailable),
+      BARE(IsPreferredMaterialAvailable),
+      BARE(IsPartNumberAvailable),
+      BARE(IsCustomerAvailable),
+      BARE(IsPartCommentAvailable),
+      BARE(IsRevisionAvailable),
+      BARE(IsToolInventoryAvailable),
+      BARE(IsBinIDAvailable),
   };
-  return kColumns;
+  static constexpr Field<Record> kIgnored[] = {IgnoredColumn()};  // in the list of parts alone
+  return MakeTable<Record, kRows, kIgnored>();
 }
 
 }  // namespace qv

@@ -1,21 +1,20 @@
-#include "engines/columns/Cells.h"
-#include "engines/columns/ColumnTables.h"
+#include "engines/columns/FieldRows.h"
 
 namespace qv {
 namespace {
 
-using P = PrtInfo;
+using Record = PrtInfo;
 
 template <auto List>
-std::size_t CountOf(const P& program) {
+std::size_t CountOf(const Record& program) {
   return (program.*List).size();
 }
 
-template <auto List, auto Field>
-bool WriteElement(const P& program, std::size_t element, TextBuffer& out) {
+template <auto List, auto Member>
+bool WriteElement(const Record& program, std::size_t element, TextBuffer& out) {
   if (element >= (program.*List).size()) return true;
-  const auto& value = (program.*List)[element].*Field;
-  if constexpr (std::is_same_v<std::remove_cvref_t<decltype(value)>, int>) {
+  const auto& value = (program.*List)[element].*Member;
+  if constexpr (FormOf<Member>() == CellForm::Whole) {
     AppendInt(out, value);
     return true;
   } else {
@@ -23,60 +22,74 @@ bool WriteElement(const P& program, std::size_t element, TextBuffer& out) {
   }
 }
 
-template <auto List, auto Field>
-constexpr Column<P> Element(std::string_view keyword, ColumnLevel level) {
-  return {keyword, nullptr, WriteElement<List, Field>, nullptr, level, CountOf<List>};
+/// A field of a list's elements. It is the keyword of its column too, which belongs to the program.
+template <auto List, auto Member>
+constexpr Field<Record> Element(std::string_view stem, ColumnLevel level) {
+  Column<Record> column;
+  column.keyword = stem;
+  column.writtenAs = FormOf<Member>();
+  column.write = WriteElement<List, Member>;
+  column.level = level;
+  column.count = CountOf<List>;
+  return {Access<Member>(stem), {column}};
 }
 
 }  // namespace
 
-std::span<const Column<P>> ColumnTable<P>::Columns() {
-  using enum ColumnLevel;
-  static constexpr Column<P> kColumns[] = {
-      TextWritten<&P::partName_>("PartName"),
-      Text<&P::customer_>("Customer"),
-      Text<&P::partNumber_>("PartNumber"),
-      RealWritten<&P::partSizeX_, 3>("PartSizeX"),
-      RealWritten<&P::partSizeY_, 3>("PartSizeY"),
-      Text<&P::programmerName_>("ProgrammerName"),
-      Real<&P::defaultRotation_, 3>("DefaultRotation"),
-      Text<&P::revision_>("Revision"),
-      RealWritten<&P::estimateTime_, 6>("PartEstimatedTime"),
-      Text<&P::comments_>("Comments"),
-      IntWritten<&P::partDefaultPosition_>("PartDefaultPosition"),
-      RealWritten<&P::averProcessTime_, 6>("AveProcTime"),
-      RealWritten<&P::gridSpacingH_, 3>("GridSpacingH"),
-      RealWritten<&P::gridSpacingV_, 3>("GridSpacingV"),
-      RealWritten<&P::marginTop_, 3>("MarginT"),
-      RealWritten<&P::marginBottom_, 3>("MarginB"),
-      RealWritten<&P::marginLeft_, 3>("MarginL"),
-      RealWritten<&P::marginRight_, 3>("MarginR"),
-      Text<&P::machine_>("PrefMachine"),
-      Text<&P::toolInventory_>("PrefInventory"),
-      Text<&P::materialFile_>("PrefMaterialFile"),
-      Text<&P::materialGroup_>("PrefMaterialGroup"),
-      Text<&P::materialType_>("PrefMaterialType"),
-      Real<&P::sheetSizeX_, 3>("SheetSizeX"),
-      Real<&P::sheetSizeY_, 3>("SheetSizeY"),
-      Real<&P::materialThickness_, 3>("MaterialThickness"),
-      TextWritten<&P::clampPosition_>("ClampPosition"),
-      Element<&P::usedToolInfo_, &UsedToolInfo::ToolShape>("ToolShape", UsedTools),
-      Element<&P::usedToolInfo_, &UsedToolInfo::ToolType>("ToolType", UsedTools),
-      Element<&P::usedToolInfo_, &UsedToolInfo::ToolDescription>("ToolDescription", UsedTools),
-      Element<&P::usedToolInfo_, &UsedToolInfo::StaSize>("StaSize", UsedTools),
-      Element<&P::usedToolInfo_, &UsedToolInfo::ToolSta>("ToolSta", UsedTools),
-      Element<&P::holeInfo_, &HoleInfo::HoleType>("HoleType", Holes),
-      Element<&P::holeInfo_, &HoleInfo::HoleDimX>("HoleDimX", Holes),
-      Element<&P::holeInfo_, &HoleInfo::HoleDimY>("HoleDimY", Holes),
-      Element<&P::holeInfo_, &HoleInfo::HoleDimR>("HoleDimR", Holes),
-      Element<&P::holeInfo_, &HoleInfo::HoleQuantity>("HoleQuantity", Holes),
-      Element<&P::bendInfo_, &BendInfo::BendAngle>("BendAngle", Bends),
-      Element<&P::bendInfo_, &BendInfo::BendRadius>("BendRadius", Bends),
-      Element<&P::bendInfo_, &BendInfo::BendDeduction>("BendDeduction", Bends),
-      Element<&P::bendInfo_, &BendInfo::BendType>("BendType", Bends),
-      Element<&P::bendInfo_, &BendInfo::BendComments>("BendComments", Bends),
+#define REAL(Stem, keyword) (Row<&Record::Stem##_>(#Stem, Both<&Record::Stem##_, 3>(keyword)))
+#define REAL_WRITTEN(Stem, keyword) (Row<&Record::Stem##_>(#Stem, Written<&Record::Stem##_, 3>(keyword)))
+#define LIST(Stem, type) (ListRow<&Record::Stem##_>(#Stem, type))
+#define TOOL(Stem) (Element<&Record::UsedToolInfo_, &UsedToolInfo::Stem>(#Stem, ColumnLevel::UsedTools))
+#define HOLE(Stem) (Element<&Record::HoleInfo_, &HoleInfo::Stem>(#Stem, ColumnLevel::Holes))
+#define BEND(Stem) (Element<&Record::BendInfo_, &BendInfo::Stem>(#Stem, ColumnLevel::Bends))
+
+template <>
+TableOf<Record> ColumnTable<Record>::Table() {
+  static constexpr Field<Record> kTools[] = {
+      TOOL(ToolShape), TOOL(ToolType), TOOL(ToolDescription), TOOL(StaSize), TOOL(ToolSta),
   };
-  return kColumns;
+  static constexpr Field<Record> kHoles[] = {
+      HOLE(HoleType), HOLE(HoleDimX), HOLE(HoleDimY), HOLE(HoleDimR), HOLE(HoleQuantity),
+  };
+  static constexpr Field<Record> kBends[] = {
+      BEND(BendAngle), BEND(BendRadius), BEND(BendDeduction), BEND(BendType), BEND(BendComments),
+  };
+  static constexpr RecordType kTool = TypeOf<UsedToolInfo>("UsedToolInfo", kFieldsOf<kTools>);
+  static constexpr RecordType kHole = TypeOf<HoleInfo>("HoleInfo", kFieldsOf<kHoles>);
+  static constexpr RecordType kBend = TypeOf<BendInfo>("BendInfo", kFieldsOf<kBends>);
+  static constexpr Field<Record> kRows[] = {
+      WRITTEN(PartName, "PartName"),
+      FIELD(Customer, "Customer"),
+      FIELD(PartNumber, "PartNumber"),
+      REAL_WRITTEN(PartSizeX, "PartSizeX"),
+      REAL_WRITTEN(PartSizeY, "PartSizeY"),
+      FIELD(ProgrammerName, "ProgrammerName"),
+      REAL(DefaultRotation, "DefaultRotation"),
+      FIELD(Revision, "Revision"),
+      WRITTEN(EstimateTime, "PartEstimatedTime"),
+      FIELD(Comments, "Comments"),
+      WRITTEN(PartDefaultPosition, "PartDefaultPosition"),
+      WRITTEN(AverProcessTime, "AveProcTime"),
+      REAL_WRITTEN(GridSpacingH, "GridSpacingH"),
+      REAL_WRITTEN(GridSpacingV, "GridSpacingV"),
+      REAL_WRITTEN(MarginTop, "MarginT"),
+      REAL_WRITTEN(MarginBottom, "MarginB"),
+      REAL_WRITTEN(MarginLeft, "MarginL"),
+      REAL_WRITTEN(MarginRight, "MarginR"),
+      FIELD(Machine, "PrefMachine"),
+      FIELD(ToolInventory, "PrefInventory"),
+      FIELD(MaterialFile, "PrefMaterialFile"),
+      FIELD(MaterialGroup, "PrefMaterialGroup"),
+      FIELD(MaterialType, "PrefMaterialType"),
+      REAL(SheetSizeX, "SheetSizeX"),
+      REAL(SheetSizeY, "SheetSizeY"),
+      REAL(MaterialThickness, "MaterialThickness"),
+      WRITTEN(ClampPosition, "ClampPosition"),
+      LIST(UsedToolInfo, kTool),
+      LIST(HoleInfo, kHole),
+      LIST(BendInfo, kBend),
+  };
+  return MakeTable<Record, kRows, kTools, kHoles, kBends>();
 }
 
 }  // namespace qv

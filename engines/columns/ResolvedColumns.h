@@ -1,8 +1,8 @@
 #pragma once
 
 #include "engines/columns/Column.h"
-#include "engines/columns/Words.h"
 #include "records/RecordStorage.h"
+#include "text/Ascii.h"
 
 #include <algorithm>
 #include <string>

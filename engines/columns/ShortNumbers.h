@@ -6,12 +6,12 @@
 #include <cstring>
 #include <string_view>
 
-/// Plain numbers of at most eight characters, which nearly all numbers of a table are: looked at all at once
-/// instead of one by one, as a processor that guesses a text's length wrong has lost more than the conversion
-/// takes. Whatever is not plain is left to Numbers.h.
+/// Plain numbers of at most eight characters, which nearly all numbers of a table are: converted by SIMD
+/// within a register (SWAR), without a branch on their length or digits, as one branch misprediction costs
+/// more than the conversion. Whatever is not plain is left to text/Numbers.h.
 namespace qv {
 
-/// A plain number's digits and how many of them stand behind the point.
+/// A plain number's digits and how many of them follow the point.
 struct ShortNumber {
   std::uint32_t digits = 0;
   unsigned decimals = 0;
@@ -39,9 +39,9 @@ inline std::uint64_t LoadText(const char* text, std::size_t size) {
          Load<std::uint8_t>(text + size - 1) << 8 * (size - 1);
 }
 
-/// Takes the first point out of the characters, if there is one, and counts what stands behind it. Without a
-/// branch, for no processor guesses which numbers have one.
-inline unsigned TakePoint(std::uint64_t& text, std::size_t& size) {
+/// Removes the first point from the characters, if there is one, and returns how many follow it. Branchless,
+/// as no branch predictor knows which numbers have one.
+inline unsigned RemovePoint(std::uint64_t& text, std::size_t& size) {
   const std::uint64_t others = text ^ kOnes * '.';
   const std::uint64_t points = (others - kOnes) & ~others & kOnes << 7;
   const std::uint64_t first = points & (~points + 1);
@@ -78,7 +78,7 @@ template <bool MayHavePoint>
   std::size_t size = text.size();
   if (size - 1 >= 8) return number;
   std::uint64_t characters = short_number::LoadText(text.data(), size);
-  if (MayHavePoint) number.decimals = short_number::TakePoint(characters, size);
+  if (MayHavePoint) number.decimals = short_number::RemovePoint(characters, size);
   number.isPlain = size > 0 && short_number::Convert(characters, size, number.digits);
   return number;
 }

@@ -3,9 +3,16 @@
 #include <QVAssemblyFile/CopyShort.h>
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string_view>
 #include <vector>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace qv {
 
@@ -30,6 +37,12 @@ class TextBuffer {
   /// What was put into the room up to here is text now.
   void EndAt(char* end) { end_ = end; }
 
+  /// Puts a comma in the place of the first point from `start` on, if there is one.
+  void PutComma(std::size_t start) {
+    char* const point = std::find(storage_.data() + start, end_, '.');
+    if (point != end_) *point = ',';
+  }
+
   TextBuffer& operator+=(std::string_view text) {
     char* const room = Room(text.size());
     CopyShort(room, text.data(), text.size());
@@ -53,5 +66,30 @@ class TextBuffer {
   std::vector<char> storage_;
   char* end_ = storage_.data();
 };
+
+/// As "%d".
+void AppendInt(TextBuffer& out, std::int64_t value);
+
+/// As "%.<decimals>f", correctly rounded. At most 9 decimals.
+void AppendFixed(TextBuffer& out, double value, int decimals);
+
+/// How many characters CopyTerminated() may read and write, however short the text is.
+inline constexpr std::size_t kReadAtLeast = 32;
+
+/// Copies a text without its NUL and returns the end of the copy. SIMD looks for the NUL of a short text
+/// while copying, 16 bytes at a time, so that it takes no calls.
+inline char* CopyTerminated(char* to, const char* from) {
+#if defined(__SSE2__)
+  constexpr std::size_t kVector = 16;
+  for (std::size_t copied = 0; copied < kReadAtLeast; copied += kVector) {
+    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from + copied));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(to + copied), bytes);
+    const auto ends = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_setzero_si128())));
+    if (ends != 0) return to + copied + std::countr_zero(ends);
+  }
+#endif
+  const std::size_t size = std::strlen(from);
+  return std::copy_n(from, size, to);
+}
 
 }  // namespace qv

@@ -1,13 +1,13 @@
 #include "engines/columns/Words.h"
 
+#include "text/Ascii.h"
+
 #include <algorithm>
 
 namespace qv {
 namespace {
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-// Machine controls number the shapes so; 107 and 108 stand out of alphabetical order.
+// Machine controls number the shapes so; 107 and 108 are out of alphabetical order.
 constexpr Word kToolTypeWords[] = {{"RE", 3},   {"RO", 1},   {"SQ", 103}, {"SD", 104}, {"DD", 105},
                                    {"OB", 106}, {"SP", 108}, {"TR", 107}, {"CR", 109}, {"RC", 110}};
 
@@ -41,11 +41,6 @@ const WordTable kChainDirections{kDirectionWords, 1};
 const WordTable kLeadTypes{kLeadWords, 0, "None"};
 const WordTable kYesNo{kYesNoWords, 0, "N"};
 const WordTable kYesUnlessNo{kYesNoWords, 1, "N"};
-
-bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
-  return left.size() == right.size() && std::equal(left.begin(), left.end(), right.begin(),
-                                                   [](char a, char b) { return Lower(a) == Lower(b); });
-}
 
 const Word* FindWord(const WordTable& table, std::string_view text) {
   const auto found = std::find_if(table.words.begin(), table.words.end(),

@@ -19,9 +19,6 @@ struct WordTable {
   std::string_view otherText = {};
 };
 
-/// Equal when ASCII letters are compared ignoring case.
-bool EqualsIgnoringCase(std::string_view left, std::string_view right);
-
 /// The first word that matches, or null.
 const Word* FindWord(const WordTable& table, std::string_view text);
 

@@ -1,10 +1,13 @@
-#include "engines/workbook/WorkbookExport.h"
-
 #include "engines/CAssemblyFile.h"
-#include "engines/FileReport.h"
-#include "engines/FormatNameLine.h"
+#include "engines/RecordStreams.h"
+#include "engines/text/FormatNameLine.h"
 #include "engines/workbook/SheetWriter.h"
 #include "platform/ReplacingFile.h"
+#include "text/Numbers.h"
+
+#include <charconv>
+#include <cmath>
+#include <utility>
 
 namespace qv {
 namespace {
@@ -16,81 +19,141 @@ std::unique_ptr<Worksheet> TakeSheet(Workbook& workbook, const char* name) {
 }
 
 template <class Record>
-void WriteSheet(Worksheet& sheet, const CAssemblyFile& engine, ColumnLevel level, const FileReport& report) {
-  if (engine.StartLine > 1) sheet.WriteCell(1, 1, FormatNameLine(engine.FormatName));
-  SheetWriter<Record> writer(sheet, engine.Columns(KindTraits<Record>::kKind), level, report);
-  writer.CheckFits(engine.StartLine, engine.StagedRecords.Of<Record>());
-  writer.WriteHeader(engine.StartLine);
-  for (const Record* record : engine.StagedRecords.Of<Record>()) writer.Write(*record);
-}
-
-/// Writes the kind's records into the first sheet if the kind has columns.
-template <class Record>
-bool WriteKind(Worksheet& sheet, const CAssemblyFile& engine, const FileReport& report) {
-  if (engine.Columns(KindTraits<Record>::kKind).empty()) return false;
-  WriteSheet<Record>(sheet, engine, ColumnLevel::Record, report);
-  return true;
-}
-
-/// The lists of part programs stand on sheets of their own.
-void WriteLists(Workbook& workbook, const CAssemblyFile& engine, const FileReport& report) {
-  WriteSheet<PrtInfo>(*TakeSheet(workbook, "sheet2"), engine, ColumnLevel::UsedTools, report);
-  WriteSheet<PrtInfo>(*TakeSheet(workbook, "sheet3"), engine, ColumnLevel::Holes, report);
-  WriteSheet<PrtInfo>(*workbook.AddSheet(), engine, ColumnLevel::Bends, report);
-}
-
-void WriteFirstKind(Workbook& workbook, const CAssemblyFile& engine, const FileReport& report) {
-  const std::unique_ptr<Worksheet> sheet = TakeSheet(workbook, "sheet1");
-  if (WriteKind<PartInformation>(*sheet, engine, report) ||
-      WriteKind<ToolInformation>(*sheet, engine, report) ||
-      WriteKind<MaterialInfomation>(*sheet, engine, report) || WriteKind<ShtInfo>(*sheet, engine, report) ||
-      WriteKind<JobProgressInfo>(*sheet, engine, report))
-    return;
-  if (!WriteKind<PrtInfo>(*sheet, engine, report)) {
-    if (engine.StartLine > 1) sheet->WriteCell(1, 1, FormatNameLine(engine.FormatName));
-    report.Tell(DiagnosticCode::NoColumns, 0, {}, {}, {},
-                "the format has no columns; no header and no rows written");
-    return;
+class WorkbookTarget final : public RecordTarget {
+ public:
+  WorkbookTarget(CAssemblyFile& engine, const FileDiagnostics& diagnostics)
+      : engine_(engine),
+        keywords_(engine.Columns(KindTraits<Record>::kKind)),
+        records_(engine.StagedRecords.Of<Record>()),
+        diagnostics_(diagnostics),
+        meter_(diagnostics.File(), FileProgress::Work::Writing, FileProgress::Unit::Cells),
+        file_(diagnostics.File(), WorkingPlace::BesideTarget) {
+    if (file_.WorkingPath().empty()) Fail(DiagnosticCode::FileNotWritten, file_.Reason());
   }
-  WriteLists(workbook, engine, report);
-  sheet->Activate();  // or a reader would find the sheet that was added last
-}
 
-/// The application lets go of the file before it is put in its place.
-void SaveAndQuit(SpreadsheetApplication& application, std::unique_ptr<Workbook> workbook,
-                 const ReplacingFile& file) {
-  workbook->SaveAs(file.WorkingPath());
-  workbook->Close();
-  workbook.reset();
-  application.CloseWorkbooks();
-  application.Quit();
-}
+  bool Put(const void* record) override {
+    if (hasFailed_) return false;
+    records_.Begin() = *static_cast<const Record*>(record);
+    records_.Keep();
+    return true;
+  }
+
+  void PutStaged() override {}
+
+  bool Finish() override {
+    if (!hasFailed_ && !std::exchange(isFinished_, true)) WriteWorkbook();
+    return !hasFailed_;
+  }
+
+  bool Commit() override {
+    if (!Finish()) return false;
+    return file_.Commit() || Fail(DiagnosticCode::FileNotWritten, file_.Reason());
+  }
+
+  bool HasFailed() const override { return hasFailed_; }
+
+ private:
+  bool Fail(DiagnosticCode code, const std::string& reason) {
+    hasFailed_ = true;
+    diagnostics_.Report(code, 0, "cannot be written: " + reason);
+    return false;
+  }
+
+  void WriteWorkbook() {
+    std::string reason;
+    const std::unique_ptr<SpreadsheetApplication> application = StartSpreadsheet(reason);
+    if (application == nullptr) {
+      Fail(DiagnosticCode::NoSpreadsheet, reason);
+      return;
+    }
+    try {
+      std::unique_ptr<Workbook> workbook = application->AddWorkbook();
+      WriteSheets(*workbook);
+      if (refused_ > 0)
+        throw SpreadsheetError("the spreadsheet application refused " + Counted(refused_, "cell"));
+      SaveAndQuit(*application, std::move(workbook));
+    } catch (const SpreadsheetError& error) {
+      Fail(meter_.IsCancelled() ? DiagnosticCode::Cancelled : DiagnosticCode::SpreadsheetFailed,
+           error.what());
+    }
+  }
+
+  void WriteSheets(Workbook& workbook) {
+    std::unique_ptr<Worksheet> sheet = workbook.FindSheet("sheet1");
+    if (sheet == nullptr)
+      sheet = workbook.ActiveSheet();  // an application of another language calls it otherwise
+    if (keywords_.empty()) {
+      WriteFormatName(*sheet);
+      sheet->Flush();
+      return diagnostics_.ReportNoColumns(0, "no header and no rows written");
+    }
+    WriteSheet(*sheet, ColumnLevel::Record);
+    if (KindTraits<Record>::kKind != RecordKind::PartPrograms) return;
+    WriteSheet(*TakeSheet(workbook, "sheet2"), ColumnLevel::UsedTools);
+    WriteSheet(*TakeSheet(workbook, "sheet3"), ColumnLevel::Holes);
+    WriteSheet(*workbook.AddSheet(), ColumnLevel::Bends);
+    sheet->Activate();  // or a reader would find the sheet that was added last
+  }
+
+  void WriteSheet(Worksheet& sheet, ColumnLevel level) {
+    SheetWriter<Record> writer(sheet, keywords_, level, diagnostics_, meter_);
+    writer.Expect(engine_.StartLine, records_);
+    writer.FormatColumns();
+    WriteFormatName(sheet);
+    writer.WriteHeader(engine_.StartLine);
+    for (const Record* record : records_) writer.Write(*record);
+    refused_ += writer.Finish();
+  }
+
+  void WriteFormatName(Worksheet& sheet) {
+    if (engine_.StartLine > 1) sheet.WriteCell(1, 1, FormatNameLine(engine_.FormatName));
+  }
+
+  /// The application lets go of the file before it is put in its place.
+  void SaveAndQuit(SpreadsheetApplication& application, std::unique_ptr<Workbook> workbook) {
+    workbook->SaveAs(file_.WorkingPath());
+    workbook->Close();
+    workbook.reset();
+    application.CloseWorkbooks();
+    application.Quit();
+  }
+
+  const CAssemblyFile& engine_;
+  const std::vector<std::string>& keywords_;
+  RecordList<Record>& records_;
+  const FileDiagnostics& diagnostics_;
+  ProgressMeter meter_;
+  ReplacingFile file_;
+  std::size_t refused_ = 0;
+  bool isFinished_ = false;
+  bool hasFailed_ = false;
+};
 
 }  // namespace
 
-bool ExportWorkbook(CAssemblyFile& engine, const char* path) {
-  // The lists of part programs go over their records once each, and no second application is started while
-  // this one is at work.
-  if (!engine.StagedRecords.TakeFed()) return false;
-  const FileReport report(path);
-  const auto fail = [&](DiagnosticCode code, const std::string& reason) {
-    report.Tell(code, 0, {}, {}, {}, "cannot be written: " + reason);
-    return false;
-  };
-  ReplacingFile file(path, WorkingPlace::BesideTarget);
-  if (file.WorkingPath().empty()) return fail(DiagnosticCode::FileNotWritten, file.Reason());
-  std::string reason;
-  std::unique_ptr<SpreadsheetApplication> application = StartSpreadsheet(reason);
-  if (application == nullptr) return fail(DiagnosticCode::NoSpreadsheet, reason);
-  try {
-    std::unique_ptr<Workbook> workbook = application->AddWorkbook();
-    WriteFirstKind(*workbook, engine, report);
-    SaveAndQuit(*application, std::move(workbook), file);
-  } catch (const SpreadsheetError& error) {
-    return fail(DiagnosticCode::SpreadsheetFailed, error.what());
-  }
-  application.reset();
-  return file.Commit() || fail(DiagnosticCode::FileNotWritten, file.Reason());
+// Sheets keep 15 digits, and of zero no sign.
+std::optional<double> SheetNumber(std::string_view text) {
+  constexpr int kDigits = 15;
+  if (text.find_first_not_of("-.0123456789") != std::string_view::npos) return {};
+  const Parsed<double> number = ParseReal(text);
+  if (number.fault != NumberFault::None || (number.value == 0 && std::signbit(number.value))) return {};
+  char kept[32];
+  const char* const end =
+      std::to_chars(kept, kept + sizeof kept, number.value, std::chars_format::general, kDigits).ptr;
+  double again = 0;
+  std::from_chars(kept, end, again);
+  return again == number.value ? std::optional(again) : std::nullopt;
+}
+
+std::unique_ptr<RecordTarget> BeginWorkbookRecords(CAssemblyFile& engine, RecordKind kind,
+                                                   const FileDiagnostics& diagnostics) {
+  return VisitRecordClass(kind,
+                          [&]<class Record>(std::type_identity<Record>) -> std::unique_ptr<RecordTarget> {
+                            if constexpr (IsExported(KindTraits<Record>::kKind))
+                              return std::make_unique<WorkbookTarget<Record>>(engine, diagnostics);
+                            else
+                              return nullptr;
+                          });
 }
 
 }  // namespace qv

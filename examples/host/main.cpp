@@ -8,25 +8,20 @@
 
 namespace {
 
-// Receives every remark of the library. A host would put it into its own log or window.
-void PrintRemark(const Diagnostic& remark, void*) {
-  std::fprintf(stderr, "%s:%lld: %s: %s\n", remark.file.c_str(), static_cast<long long>(remark.line),
-               remark.column.c_str(), remark.message.c_str());
+// Receives every diagnostic of the library. A host would put it into its own log or window.
+void PrintDiagnostic(const Diagnostic& diagnostic, void*) {
+  std::fprintf(stderr, "%s:%lld: %s: %s\n", diagnostic.file.c_str(), static_cast<long long>(diagnostic.line),
+               diagnostic.column.c_str(), diagnostic.message.c_str());
 }
 
 bool IsForLaser(PartInformation& part) {
-  char machine[256];  // every text getter of a part fills a buffer of 256 bytes
-  part.GetMachine(machine);
-  return std::string(machine).starts_with("Laser");
+  return Text(part, &PartInformation::GetMachine).starts_with("Laser");
 }
 
 void Print(PartInformation& part) {
-  char name[256];
-  char customer[256];
-  part.GetPartName(name);
-  part.GetCustomer(customer);
-  std::printf("  %4d x %-16s %.1f mm  %s\n", part.GetPartQuantity(), name, part.GetMaterialThickness(),
-              customer);
+  std::printf("  %4d x %-16s %.1f mm  %s\n", part.GetPartQuantity(),
+              Text(part, &PartInformation::GetPartName).c_str(), part.GetMaterialThickness(),
+              Text(part, &PartInformation::GetCustomer).c_str());
 }
 
 // Attaches a copy of each part that goes to a laser. The imported records themselves end with the next import
@@ -49,7 +44,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "usage: %s FORMATS.xml PARTS LASER-LIST.txt\n", argv[0]);
     return 2;
   }
-  SetDiagnosticHandler(PrintRemark, nullptr);
+  SetDiagnosticHandler(PrintDiagnostic, nullptr);
 
   CAssemblyFileMgr manager;
   if (!manager.LoadFormatConfiguration(argv[1])) return 1;

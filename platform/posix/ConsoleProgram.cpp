@@ -1,5 +1,7 @@
 #include "platform/ConsoleProgram.h"
 
+#include "platform/CodePage.h"
+
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -8,6 +10,8 @@ namespace qv {
 std::vector<std::string> ProgramArguments(int argc, char** argv) { return {argv, argv + argc}; }
 
 std::string PathFromUtf8(std::string_view utf8) { return std::string(utf8); }
+
+std::string PathToUtf8(std::string_view path) { return ToUtf8(path); }
 
 bool IsTerminal(int stream) { return ::isatty(stream) == 1; }
 

@@ -1,6 +1,6 @@
 #include "platform/FileSystem.h"
 
-#include "platform/posix/ClaimedFolder.h"
+#include "platform/Interruption.h"
 #include "platform/posix/Descriptor.h"
 
 #include <fcntl.h>
@@ -14,24 +14,37 @@
 namespace qv {
 namespace {
 
+// What a call gives that the process is to make no more.
+int Interrupted() {
+  errno = EINTR;
+  return -1;
+}
+
 class PosixFile final : public OpenFile {
  public:
   explicit PosixFile(Descriptor descriptor) : descriptor_(std::move(descriptor)) {}
 
   std::ptrdiff_t Read(char* buffer, std::size_t capacity) override {
     ssize_t count = 0;
-    do count = ::read(descriptor_.Get(), buffer, capacity);
-    while (count < 0 && errno == EINTR);
+    do count = IsInterrupted() ? Interrupted() : ::read(descriptor_.Get(), buffer, capacity);
+    while (count < 0 && errno == EINTR && !IsInterrupted());
     if (count < 0) reason_ = SystemReason(errno);
     return count;
   }
 
+  std::int64_t Size() override {
+    struct stat status {};
+    const bool isKnown = ::fstat(descriptor_.Get(), &status) == 0 && S_ISREG(status.st_mode);
+    return isKnown ? status.st_size : 0;
+  }
+
   bool Write(std::string_view bytes) override {
     while (!bytes.empty()) {
-      const ssize_t count = ::write(descriptor_.Get(), bytes.data(), bytes.size());
+      const ssize_t count =
+          IsInterrupted() ? Interrupted() : ::write(descriptor_.Get(), bytes.data(), bytes.size());
       if (count >= 0) {
         bytes.remove_prefix(static_cast<std::size_t>(count));
-      } else if (errno != EINTR) {
+      } else if (errno != EINTR || IsInterrupted()) {
         return Fail(errno);
       }
     }
@@ -99,9 +112,9 @@ class PosixFileSystem final : public FileSystem {
     return std::make_unique<PosixFile>(std::move(descriptor));
   }
 
-  std::unique_ptr<WorkingFile> PrepareWorkingFile(const std::string& target, WorkingPlace /*place*/,
+  std::unique_ptr<WorkingFile> PrepareWorkingFile(const std::string& target, WorkingPlace place,
                                                   std::string& reason) override {
-    return ClaimWorkingFile(target, reason);
+    return ClaimWorkingFile(target, place, reason);
   }
 
   bool Replace(const std::string& from, const std::string& to, std::string& reason) override {
@@ -114,37 +127,29 @@ class PosixFileSystem final : public FileSystem {
   }
 
   bool Remove(const std::string& path, std::string& reason) override {
-    return Done(::unlink(path.c_str()) == 0, reason);
+    if (::unlink(path.c_str()) == 0) return true;
+    reason = SystemReason(errno);
+    return false;
   }
 
   bool Exists(const std::string& path) override { return ::access(path.c_str(), F_OK) == 0; }
 
-  bool CreateFolders(const std::string& path, std::string& reason) override {
-    std::error_code error;
-    std::filesystem::create_directories(path, error);
-    if (error) reason = SystemReason(error.value());
-    return !error;
-  }
-
-  bool RemoveFolder(const std::string& path, std::string& reason) override {
-    return Done(::rmdir(path.c_str()) == 0, reason);
-  }
-
  private:
   static Descriptor OpenRetrying(const std::string& path, int flags) {
     int descriptor = -1;
-    do descriptor = ::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, 0666);
-    while (descriptor < 0 && errno == EINTR);
+    do
+      descriptor = IsInterrupted() ? Interrupted() : ::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, 0666);
+    while (descriptor < 0 && errno == EINTR && !IsInterrupted());
     return Descriptor(descriptor);
-  }
-
-  static bool Done(bool succeeded, std::string& reason) {
-    if (!succeeded) reason = SystemReason(errno);
-    return succeeded;
   }
 };
 
 }  // namespace
+
+bool LeadsToStream(const std::string& path) {
+  std::error_code ignored;
+  return std::filesystem::is_other(std::filesystem::status(path, ignored));
+}
 
 FileSystem& PlatformFiles() {
   static PosixFileSystem files;

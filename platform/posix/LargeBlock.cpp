@@ -21,7 +21,7 @@ void Unmap(char* memory, std::size_t size) {
   if (size > 0) munmap(memory, size);
 }
 
-// Maps twice as much and cuts off what lies before and behind the aligned part.
+// Maps twice as much and unmaps what lies before and after the aligned part.
 char* MapAndTrim(std::size_t size) {
   char* memory = Map(2 * size);
   if (memory == nullptr) return nullptr;
@@ -34,7 +34,8 @@ char* MapAndTrim(std::size_t size) {
 }  // namespace
 
 void* AcquireLargeBlock(std::size_t size) noexcept {
-  // Systems place mappings side by side, so that after an aligned one the next is aligned as well.
+  // Aligned, as a huge page covers only a range that is. Systems place mappings side by side, so that after
+  // an aligned one the next is aligned as well.
   char* block = Map(size);
   if (block != nullptr && !IsAligned(block, size)) {
     Unmap(block, size);

@@ -1,4 +1,4 @@
-#include <QVAssemblyFile/MessageBox.h>
+#include "platform/Handlers.h"
 
 #include <cstdio>
 

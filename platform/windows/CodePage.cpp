@@ -33,7 +33,7 @@ constexpr NamedCodePage kNamed[] = {
     {"macintosh", 10000}, {"utf16le", kUtf16}, {"utf16be", kUtf16BigEndian},
 };
 
-// What stands before a number in a name, and what is added to that number.
+// The prefix of a numbered name, and the offset of its numbers.
 constexpr NamedCodePage kNumbered[] = {
     {"windows", 0}, {"cp", 0}, {"ibm", 0}, {"ms", 0}, {"iso8859", 28590},
 };
@@ -79,7 +79,7 @@ std::string Utf16OfWide(std::wstring_view wide, unsigned codePage) {
   return bytes;
 }
 
-// 0 when nobody knows the name.
+// 0 for an unknown name.
 unsigned CodePageOf(const std::string& encoding) {
   const std::string name = Plain(encoding);
   const auto named = std::find_if(std::begin(kNamed), std::end(kNamed),

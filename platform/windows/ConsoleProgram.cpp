@@ -1,5 +1,6 @@
 #include "platform/ConsoleProgram.h"
 
+#include "platform/CodePage.h"
 #include "platform/windows/Paths.h"
 #include "platform/windows/WideText.h"
 
@@ -7,9 +8,11 @@
 
 #include <fcntl.h>
 #include <io.h>
+#include <objbase.h>
 #include <shellapi.h>
 
 #include <cstdio>
+#include <map>
 
 namespace qv {
 namespace {
@@ -22,6 +25,20 @@ HANDLE StreamHandle(int stream) { return reinterpret_cast<HANDLE>(_get_osfhandle
 
 // False where the stream is no console.
 bool ConsoleMode(int stream, DWORD& mode) { return GetConsoleMode(StreamHandle(stream), &mode) != FALSE; }
+
+// The paths that were given, by the narrow forms that stand in for them.
+std::map<std::string, std::string, std::less<>>& GivenPaths() {
+  static std::map<std::string, std::string, std::less<>> paths;
+  return paths;
+}
+
+// The short name where the code page cannot hold the path.
+std::string NarrowFormOf(const std::wstring& path) {
+  const std::string whole = NarrowPath(path);
+  if (!whole.empty()) return whole;
+  const std::string folder = NarrowPath(FolderOf(path));  // of a file that is yet to be made
+  return (folder.empty() ? Narrow(FolderOf(path)) : folder) + Narrow(FileNameOf(path));
+}
 
 // A console shows a character only when all of its bytes arrive together.
 void Gather(std::FILE* stream, int number) {
@@ -42,11 +59,14 @@ std::vector<std::string> ProgramArguments(int argc, char** argv) {
 }
 
 std::string PathFromUtf8(std::string_view utf8) {
-  const std::wstring wide = Widen(utf8, kUtf8CodePage);
-  const std::string path = NarrowPath(wide);
-  if (!path.empty()) return path;
-  const std::string folder = NarrowPath(FolderOf(wide));  // of a file that is yet to be made
-  return (folder.empty() ? Narrow(FolderOf(wide)) : folder) + Narrow(FileNameOf(wide));
+  std::string path = NarrowFormOf(Widen(utf8, kUtf8CodePage));
+  if (ToUtf8(path) != utf8) GivenPaths().insert_or_assign(path, std::string(utf8));
+  return path;
+}
+
+std::string PathToUtf8(std::string_view path) {
+  const auto given = GivenPaths().find(path);
+  return given == GivenPaths().end() ? ToUtf8(path) : given->second;
 }
 
 bool IsTerminal(int stream) {
@@ -64,7 +84,9 @@ int TerminalWidth() {
   return 0;
 }
 
-ConsoleScope::ConsoleScope() : previousCodePage_(GetConsoleOutputCP()) {
+// Writing a format file relies on the program's COM.
+ConsoleScope::ConsoleScope()
+    : previousCodePage_(GetConsoleOutputCP()), hasCom_(SUCCEEDED(CoInitialize(nullptr))) {
   for (int stream = 0; stream < kStandardStreams; ++stream) _setmode(stream, _O_BINARY);
   for (const int stream : {kOutput, kError}) {
     DWORD mode = 0;
@@ -81,6 +103,7 @@ ConsoleScope::ConsoleScope() : previousCodePage_(GetConsoleOutputCP()) {
 ConsoleScope::~ConsoleScope() {
   std::fflush(nullptr);
   if (previousCodePage_ != 0) SetConsoleOutputCP(previousCodePage_);
+  if (hasCom_) CoUninitialize();
 }
 
 }  // namespace qv

@@ -1,6 +1,6 @@
 #include "platform/FileSystem.h"
 
-#include "platform/windows/ClaimedFile.h"
+#include "platform/Interruption.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/Paths.h"
 #include "platform/windows/WideText.h"
@@ -8,6 +8,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <limits>
 #include <vector>
 
@@ -28,15 +29,22 @@ class WindowsFile final : public OpenFile {
 
   std::ptrdiff_t Read(char* buffer, std::size_t capacity) override {
     DWORD count = 0;
-    if (ReadFile(handle_.Get(), buffer, Portion(capacity), &count, nullptr) != FALSE) {
+    if (IsInterrupted()) return StopAtInterruption(), -1;
+    if (::ReadFile(handle_.Get(), buffer, Portion(capacity), &count, nullptr) != FALSE) {
       return static_cast<std::ptrdiff_t>(count);
     }
     return GetLastError() == ERROR_BROKEN_PIPE || Fail() ? 0 : -1;  // a pipe ends so
   }
 
+  std::int64_t Size() override {
+    LARGE_INTEGER size{};
+    return GetFileSizeEx(handle_.Get(), &size) != FALSE ? size.QuadPart : 0;
+  }
+
   bool Write(std::string_view bytes) override {
     while (!bytes.empty()) {
       DWORD count = 0;
+      if (IsInterrupted()) return StopAtInterruption();
       if (WriteFile(handle_.Get(), bytes.data(), Portion(bytes.size()), &count, nullptr) == FALSE) {
         return Fail();
       }
@@ -52,6 +60,11 @@ class WindowsFile final : public OpenFile {
   bool Close() override { return handle_.Close() || Fail(); }
 
  private:
+  bool StopAtInterruption() {
+    SetLastError(ERROR_OPERATION_ABORTED);
+    return Fail();
+  }
+
   bool Fail() {
     reason_ = SystemReason(GetLastError());
     return false;
@@ -90,17 +103,6 @@ bool MoveOver(const std::wstring& from, const std::wstring& to) {
     if (!held || attempt == kReplaceAttempts) return false;
     Sleep(kReplacePause);
   }
-}
-
-bool CreateFolderPath(const std::wstring& path) {
-  if (CreateDirectoryW(path.c_str(), nullptr) != FALSE) return true;
-  if (GetLastError() == ERROR_ALREADY_EXISTS) {
-    return (GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_DIRECTORY) != 0;
-  }
-  if (GetLastError() != ERROR_PATH_NOT_FOUND) return false;
-  const std::size_t separator = path.find_last_of(L"\\/", path.size() - 2);
-  return separator != std::wstring::npos && CreateFolderPath(path.substr(0, separator)) &&
-         CreateDirectoryW(path.c_str(), nullptr) != FALSE;
 }
 
 bool Done(bool succeeded, std::string& reason) {
@@ -143,14 +145,6 @@ class WindowsFileSystem final : public FileSystem {
     return GetFileAttributesW(FullPath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
   }
 
-  bool CreateFolders(const std::string& path, std::string& reason) override {
-    return Done(CreateFolderPath(FullPath(path)), reason);
-  }
-
-  bool RemoveFolder(const std::string& path, std::string& reason) override {
-    return Done(RemoveDirectoryW(FullPath(path).c_str()) != FALSE, reason);
-  }
-
  private:
   static bool Empty(const Handle& handle) {
     return GetFileType(handle.Get()) != FILE_TYPE_DISK || SetEndOfFile(handle.Get()) != FALSE;
@@ -158,6 +152,11 @@ class WindowsFileSystem final : public FileSystem {
 };
 
 }  // namespace
+
+bool LeadsToStream(const std::string& path) {
+  std::error_code ignored;
+  return std::filesystem::is_other(std::filesystem::status(FullPath(path), ignored));
+}
 
 FileSystem& PlatformFiles() {
   static WindowsFileSystem files;

@@ -1,6 +1,5 @@
-#include <QVAssemblyFile/MessageBox.h>
-
 #include "platform/FileSystem.h"
+#include "platform/Handlers.h"
 
 #include <windows.h>
 
@@ -9,7 +8,7 @@
 namespace qv {
 namespace {
 
-// The host's box, as whoever reads it works with the host.
+// The caption is the host's name: the user works with the host.
 std::string HostName() {
   std::string name = ProgramPath();
   name.erase(0, name.find_last_of("/\\") + 1);

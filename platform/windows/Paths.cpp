@@ -13,7 +13,7 @@ namespace {
 constexpr std::wstring_view kLongPrefix = L"\\\\?\\";
 constexpr std::wstring_view kLongShare = L"\\\\?\\UNC\\";
 constexpr std::wstring_view kDevicePrefix = L"\\\\.\\";
-constexpr std::size_t kLongestPlain = 247;  // from here on a folder needs the prefix
+constexpr std::size_t kMaxPlainPath = 247;  // from here on a folder needs the prefix
 
 // Calls a function of the system that fills a buffer, with a buffer that is large enough.
 template <class Fill>
@@ -29,7 +29,7 @@ std::wstring Filled(Fill fill) {
 }
 
 std::wstring WithLongPrefix(const std::wstring& path) {
-  if (path.size() <= kLongestPlain || path.starts_with(kLongPrefix) || path.starts_with(kDevicePrefix)) {
+  if (path.size() <= kMaxPlainPath || path.starts_with(kLongPrefix) || path.starts_with(kDevicePrefix)) {
     return path;
   }
   return path.starts_with(L"\\\\") ? std::wstring(kLongShare) + path.substr(2)

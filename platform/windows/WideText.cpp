@@ -1,6 +1,6 @@
 #include "platform/windows/WideText.h"
 
-#include "platform/Utf8.h"
+#include "text/Utf8.h"
 
 #include <windows.h>
 
@@ -9,7 +9,7 @@
 namespace qv {
 namespace {
 
-constexpr std::size_t kLongestCharacter = 4;  // bytes, in any code page
+constexpr std::size_t kMaxCharacterBytes = 4;  // in any code page
 constexpr wchar_t kReplacement = 0xFFFD;
 
 int Length(std::size_t size) { return static_cast<int>(size); }
@@ -35,7 +35,7 @@ std::size_t IllFormedLength(std::string_view text, unsigned codePage) {
 
 // The text's first character.
 std::wstring DecodeOne(std::string_view& text, unsigned codePage) {
-  for (std::size_t length = 1; length <= std::min(kLongestCharacter, text.size()); ++length) {
+  for (std::size_t length = 1; length <= std::min(kMaxCharacterBytes, text.size()); ++length) {
     if (const auto wide = Decode(text.substr(0, length), codePage)) {
       text.remove_prefix(length);
       return *wide;
@@ -55,14 +55,15 @@ std::string Encode(std::wstring_view wide, unsigned codePage, bool& lost) {
   if (wide.empty()) return {};
   const bool plain = TakesNoFlags(codePage);
   const DWORD flags = plain ? 0 : WC_NO_BEST_FIT_CHARS;
-  const char* const mark = plain ? nullptr : "?";
-  BOOL usedMark = FALSE;
-  BOOL* const told = plain ? nullptr : &usedMark;
+  const char* const replacement = plain ? nullptr : "?";
+  BOOL isLossy = FALSE;
+  BOOL* const usedDefault = plain ? nullptr : &isLossy;
   const int count = Length(wide.size());
-  const int size = WideCharToMultiByte(codePage, flags, wide.data(), count, nullptr, 0, mark, told);
+  const int size =
+      WideCharToMultiByte(codePage, flags, wide.data(), count, nullptr, 0, replacement, usedDefault);
   std::string text(static_cast<std::size_t>(size), '\0');
-  WideCharToMultiByte(codePage, flags, wide.data(), count, text.data(), size, mark, told);
-  lost = usedMark != FALSE;
+  WideCharToMultiByte(codePage, flags, wide.data(), count, text.data(), size, replacement, usedDefault);
+  lost = isLossy != FALSE;
   return text;
 }
 

@@ -6,12 +6,15 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 
 # Debian packages by purpose.
 declare -A packages=(
-  [native]="g++ cmake ninja-build pkg-config libpugixml-dev libsimpleini-dev libcli11-dev nlohmann-json3-dev libgtest-dev locales"
-  [checks]="shellcheck man-db"
+  [native]="g++ cmake ninja-build pkg-config libexpat1-dev libcli11-dev rapidjson-dev nlohmann-json3-dev libgtest-dev locales"
+  [checks]="shellcheck man-db zsh fish python3-pytest mono-mcs mono-runtime fp-compiler"
+  [packages]="dpkg-dev python3-pip python3-setuptools python3-wheel"
   [workbook]="libreoffice-calc-nogui libreoffice-dev python3-xlrd"
   [dialog]="libgtk-3-dev xvfb xauth xdotool"
-  [windows]="g++-mingw-w64-x86-64-posix googletest wine wine64 fonts-wine xvfb xauth"
-  [bench]="libbenchmark-dev time python3-pandas miller"
+  [pictures]="imagemagick"
+  [windows]="g++-mingw-w64-x86-64-posix googletest wine wine64 fonts-wine xvfb xauth mandoc llvm lld clang"
+  [windows32]="g++-mingw-w64-i686-posix mandoc llvm lld clang"
+  [bench]="libbenchmark-dev time python3-pandas python3-matplotlib miller"
   [npm]="nodejs npm"
   [fuzz]="clang libclang-rt-14-dev"
   [analyse]="clang clang-tidy cppcheck"
@@ -65,7 +68,7 @@ install_packages() {
 # Compiles through ccache where there is one.
 use_ccache() {
   if command -v ccache >/dev/null; then
-    export CCACHE_SLOPPINESS=${CCACHE_SLOPPINESS-time_macros}
+    export CCACHE_SLOPPINESS=${CCACHE_SLOPPINESS-pch_defines,time_macros}
     export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
   fi
 }

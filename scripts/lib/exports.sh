@@ -5,7 +5,7 @@
 cross=x86_64-w64-mingw32
 
 # The names in a committed list.
-listed_exports() { grep -oE '\b_Z\w+' "$1" | LC_ALL=C sort; }
+listed_exports() { grep -oE '\b(_Z|qva_)\w+' "$1" | LC_ALL=C sort; }
 
 exported_by_elf() { nm --dynamic --defined-only --format=just-symbols "$1" | LC_ALL=C sort; }
 
@@ -33,6 +33,12 @@ public_in_coff() {
   local elf=$1 coff=$2
   LC_ALL=C join -t $'\t' -o 2.2 \
     <(public_in_elf "$elf" | with_readable_names | cut -f1 | LC_ALL=C sort -u) \
-    <("$cross-nm" --defined-only --format=posix "$coff" 2>/dev/null | awk '$2 == "T" && /^_Z/ { print $1 }' |
+    <("$cross-nm" --defined-only --format=posix "$coff" 2>/dev/null | awk '$2 == "T" && /^(_Z|qva_)/ { print $1 }' |
       LC_ALL=C sort -u | with_readable_names | LC_ALL=C sort) | LC_ALL=C sort -u
+}
+
+# The functions of the C interface in an archive of objects for 32-bit Windows, with the bytes that each takes off the
+# stack.
+decorated_in_coff() {
+  "$cross-nm" --defined-only --format=posix "$1" 2>/dev/null | awk '$2 == "T" && /^_qva_/ { print substr($1, 2) }' | LC_ALL=C sort
 }

@@ -1,4 +1,7 @@
 #include "cli/RunProgram.h"
+#include "engines/columns/RecordFields.h"
+#include "engines/columns/Words.h"
+#include "platform/CodePage.h"
 #include "platform/FileSystem.h"
 #include "support/CaseFile.h"
 #include "support/TemporaryFolder.h"
@@ -10,6 +13,7 @@
 #include <fstream>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <random>
 
 // Files as they come from everywhere: each is read, checked and converted. Every row gives a record or a
 // remark that it was left out, all commands agree on the records, and the findings are those of the list
@@ -110,6 +114,27 @@ std::string FormatText(const std::string& columns, const std::string& attributes
          "</OptionForm></CSVOptionSetting>";
 }
 
+std::string Suggested(const Json& report) {
+  std::string messages;
+  for (const Json& suggestion : report["suggestions"])
+    messages += (messages.empty() ? "" : "; ") + suggestion["message"].get<std::string>();
+  return messages;
+}
+
+TEST(Suggestions, NameTheEncodingThatTextsAreOf) {
+  const TemporaryFolder folder;
+  folder.Write("AssemblyFormats.xml", FormatText("PartName,PartQuantity", ""));
+  for (const auto& row : ReadTable("cli/tables/encodings.table")) {
+    if (row[4] == "posix" && kEndOfText >= 0) continue;
+    const auto text = EncodeText("a\tb\n" + row[2] + "\n", row[0]);
+    ASSERT_TRUE(text) << row[0];
+    const Outcome check = RunOn(
+        {"--encoding", row[1], "check", "--kind", "parts", "--as", "json", folder.Write("a.txt", *text)});
+    const std::string messages = Suggested(Json::parse(check.out));
+    EXPECT_TRUE(MatchesPattern(messages, row[3])) << row[0] << " " << row[2] << "\n" << messages;
+  }
+}
+
 TEST(Suggestions, AreThoseOfTheTable) {
   const TemporaryFolder folder;
   for (const auto& row : ReadTable("cli/tables/suggestions.table")) {
@@ -117,11 +142,148 @@ TEST(Suggestions, AreThoseOfTheTable) {
     folder.Write("AssemblyFormats.xml", FormatText(row[1], row[2]));
     const Outcome check = RunOn(
         {"--encoding", "utf-8", "check", "--kind", row[0], "--as", "json", folder.Write("a.txt", row[3])});
-    const Json report = Json::parse(check.out);
-    std::string messages;
-    for (const Json& suggestion : report["suggestions"])
-      messages += (messages.empty() ? "" : "; ") + suggestion["message"].get<std::string>();
+    const std::string messages = Suggested(Json::parse(check.out));
     EXPECT_TRUE(MatchesPattern(messages, row[4])) << row[1] << "\n" << row[3] << "\n" << messages;
+  }
+}
+
+// Files that fit their format, under headings of any kind.
+class GoodFile {
+ public:
+  explicit GoodFile(std::mt19937& random)
+      : random_(random), type_(&RecordTypes()[random() % (kRecordKindCount - 1)]) {  // but job progress
+    ChooseColumns();
+    const std::string delimiter(1, Pick(";\t,|"));
+    const bool isWrapped = Chance(3);
+    const std::size_t preamble = Chance(4) ? random_() % 4 : 0;
+    const std::size_t rows = 1 + random_() % 25;
+    for (std::size_t line = 0; line < preamble; ++line)
+      text_ += Of({"List of parts", "", "2026-12-01", "ERP 4.1"}) + "\n";
+    AddLine(Headings(), delimiter, isWrapped);
+    for (std::size_t row = 0; row < rows; ++row) AddLine(Row(), delimiter, isWrapped);
+    format_ = FormatText(Keywords(), "Line=\"" + std::to_string(preamble + 1) +
+                                         "\" Delimiters=\"Other,\" Other=\"" +
+                                         (delimiter == "\t" ? "&#9;" : delimiter) + "\" Qualifier=\"0\"");
+  }
+
+  std::string Kind() const { return std::string(type_->name); }
+  const std::string& Format() const { return format_; }
+  const std::string& Text() const { return text_; }
+
+ private:
+  bool Chance(int of) { return random_() % static_cast<unsigned>(of) == 0; }
+  char Pick(std::string_view from) { return from[random_() % from.size()]; }
+  std::string Of(std::initializer_list<const char*> texts) {
+    return *(texts.begin() + random_() % texts.size());
+  }
+
+  void ChooseColumns() {
+    for (const KindColumn& known : AllColumns(*type_))
+      if (known.column->IsRead() && !known.column->keyword.ends_with(' ')) columns_.push_back(known);
+    std::shuffle(columns_.begin(), columns_.end(), random_);
+    columns_.resize(std::min<std::size_t>(columns_.size(), 2 + random_() % 9));
+    // A part without a name is none.
+    std::erase_if(columns_, [](const KindColumn& known) { return known.column->keyword == "PartName"; });
+    if (type_->name == "parts")
+      columns_.insert(columns_.begin() + static_cast<int>(random_() % (columns_.size() + 1)),
+                      AllColumns(*type_)[0]);
+  }
+
+  std::string Keywords() const {
+    std::string keywords;
+    for (const KindColumn& known : columns_)
+      keywords.append(keywords.empty() ? "" : ",").append(known.column->keyword);
+    std::erase(keywords, '/');  // as format files spell them
+    return keywords;
+  }
+
+  // Keywords, what they may be called, words that say little, or numbers of columns.
+  std::vector<std::string> Headings() {
+    std::vector<std::string> headings;
+    const auto style = random_() % 5;
+    for (std::size_t index = 0; index < columns_.size(); ++index) {
+      const std::string keyword(columns_[index].column->keyword);
+      headings.push_back(style == 0   ? keyword
+                         : style == 1 ? std::to_string(index + 1)
+                         : style == 2 ? Everyday(keyword)
+                         : style == 3 ? (Chance(2) ? Everyday(keyword) : Vague())
+                                      : Vague());
+    }
+    return headings;
+  }
+
+  // One of them may be the name of another column, as people are; two that have changed places are a fault.
+  std::string Vague() {
+    if (Chance(8) && !std::exchange(isMisled_, true))
+      return Of({"Name", "Code", "Bezeichnung", "Description", "Kommentar", "Nummer", "Größe", "X", "Typ"});
+    return Of({"Text", "Info", "Ref", "Bez.", "Spalte", "Feld 1", "Wert", "Art", "品名", "Désignation", "",
+               "Datum"});
+  }
+
+  std::string Everyday(const std::string& keyword) {
+    static const std::map<std::string, std::vector<std::string>> kNames = {
+        {"PartName", {"Teil", "Bezeichnung", "Part", "Benennung", "Artikel", "Name"}},
+        {"PartNumber", {"Teile-Nr.", "Drawing No", "Artikelnummer", "Artikel", "Name", "Teil"}},
+        {"PartQuantity", {"Menge", "QTY", "Stück", "Anzahl"}},
+        {"Quantity", {"Bestand", "Menge", "Stk"}},
+        {"MaterialType", {"Werkstoff", "Material", "Güte"}},
+        {"MatName", {"Material", "Werkstoff"}},
+        {"MaterialThickness", {"Dicke", "Thk.", "Stärke (mm)"}},
+        {"Thickness", {"Dicke", "Blechdicke", "t"}},
+        {"PartComment", {"Bemerkung", "Notes", "Text"}},
+        {"Customer", {"Kunde", "Client", "Name"}},
+        {"SizeX", {"Länge", "Length"}},
+        {"SizeY", {"Breite", "Width"}},
+        {"ID", {"Nummer", "Tool No"}}};
+    const auto known = kNames.find(keyword);
+    return known == kNames.end() ? Vague() : known->second[random_() % known->second.size()];
+  }
+
+  std::string Cell(const KindColumn& known) {
+    const FieldColumn& column = *known.column;
+    if (column.readWords != nullptr)
+      return std::string(column.readWords->words[random_() % column.readWords->words.size()].text);
+    if (column.readAs == CellForm::Whole) return std::to_string(random_() % 1000);
+    if (column.readAs == CellForm::Real) return std::to_string(random_() % 300) + Of({"", ".5", ".25", ".0"});
+    if (Chance(6) && column.keyword != "PartName") return "";
+    if (isNumeric_[&known - columns_.data()]) return std::to_string(100000 + random_() % 900000);
+    return Of({"Halter", "Bügel 3", "10-4711", "SUS304", "2026-12-01", "4711", "Müller GmbH", "St 37", "0012",
+               "A", "板金", "C:/cad/x.dxf", "1.4301", "Ø 12", "x y z", "12mm"});
+  }
+
+  std::vector<std::string> Row() {
+    if (isNumeric_.empty())
+      for (std::size_t index = 0; index < columns_.size(); ++index) isNumeric_.push_back(Chance(4));
+    std::vector<std::string> row;
+    for (const KindColumn& known : columns_) row.push_back(Cell(known));
+    return row;
+  }
+
+  void AddLine(const std::vector<std::string>& cells, const std::string& delimiter, bool isWrapped) {
+    for (std::size_t index = 0; index < cells.size(); ++index)
+      text_ += (index > 0 ? delimiter : "") + (isWrapped ? "\"" + cells[index] + "\"" : cells[index]);
+    text_ += "\n";
+  }
+
+  std::mt19937& random_;
+  bool isMisled_ = false;
+  const RecordType* type_;
+  std::vector<KindColumn> columns_;
+  std::vector<char> isNumeric_;  // columns of texts that are all numbers
+  std::string format_, text_;
+};
+
+// With --gtest_shuffle, the files are others each time.
+TEST(Suggestions, AreNoneForFilesThatFitTheirFormat) {
+  const TemporaryFolder folder;
+  std::mt19937 random(static_cast<unsigned>(testing::UnitTest::GetInstance()->random_seed()));
+  for (int round = 0; round < 300; ++round) {
+    const GoodFile file(random);
+    folder.Write("AssemblyFormats.xml", file.Format());
+    const Outcome check = RunOn({"--encoding", "utf-8", "check", "--kind", file.Kind(), "--as", "json",
+                                 folder.Write("a.txt", file.Text())});
+    const Json report = Json::parse(check.out);
+    EXPECT_EQ(Suggested(report), "") << file.Kind() << "\n" << file.Format() << "\n" << file.Text();
   }
 }
 

@@ -1,12 +1,14 @@
-#include "cli/Progress.h"
 #include "cli/RunProgram.h"
 #include "cli/SpawnProgram.h"
-#include "cli/WatchedFiles.h"
+#include "cli/terminal/Progress.h"
 #include "support/FakeFileSystem.h"
 #include "support/FakeSpreadsheet.h"
 #include "support/Host.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
 
 // The program on streams of the test's own, and on files that fail.
 
@@ -42,12 +44,12 @@ TEST_F(ProgramTest, HelpAndVersionAreNoErrors) {
   EXPECT_EQ(RunOn({"--version"}).out.substr(0, 11), "qvassembly ");
 }
 
-TEST_F(ProgramTest, AFileThatCannotBeReadToItsEndPrintsNothing) {
+TEST_F(ProgramTest, ADocumentIsEndedOnlyWhenTheFileIsReadToItsEnd) {
   files_.FailAt(3, "read a.txt");
   files_.LargestRead = 8;
   const Outcome run = RunOn({"import", "--kind", "parts", "--config", "f.xml", "--format", "f", "a.txt"});
   EXPECT_EQ(run.code, 3);
-  EXPECT_EQ(run.out, "");
+  EXPECT_FALSE(run.out.ends_with("]}\n")) << run.out;
   EXPECT_NE(run.error.find("a.txt:"), std::string::npos) << run.error;
 }
 
@@ -76,6 +78,19 @@ TEST_F(ProgramTest, AWrongCommandLineIsExplainedAndTouchesNothing) {
   }
 }
 
+TEST_F(ProgramTest, NoFileIsOpenedAgainForWhatIsKnown) {
+  for (const char* const line :
+       {"check --kind parts --config f.xml a.txt", "import --kind parts --config f.xml a.txt",
+        "headers --config f.xml a.txt", "convert --kind parts --config f.xml a.txt b.csv",
+        "formats list --config f.xml", "formats use --config f.xml f"}) {
+    SCOPED_TRACE(line);
+    files_.Calls.clear();
+    EXPECT_LT(RunOn(SplitArguments(line)).code, 2);
+    EXPECT_EQ(std::count(files_.Calls.begin(), files_.Calls.end(), "open-read f.xml"), 1);
+    EXPECT_LE(std::count(files_.Calls.begin(), files_.Calls.end(), "open-read a.txt"), 2);
+  }
+}
+
 // As a full disk does: what is written fits the buffer, and the buffer goes nowhere.
 TEST_F(ProgramTest, OutputThatGoesNowhereIsToldOnce) {
   struct FullDisk final : std::stringbuf {
@@ -98,8 +113,31 @@ TEST_F(ProgramTest, OutputThatGoesNowhereIsToldOnce) {
   }
 }
 
+TEST_F(ProgramTest, NoMoreIsReadWhenNobodyReadsTheOutput) {
+  struct ClosedPipe final : std::streambuf {};
+  files_.LargestRead = 1 << 10;
+  std::string rows = "name,qty\n";
+  for (int row = 0; row < 4000; ++row) rows += "A1,x\n";
+  files_.Contents["a.txt"] = rows;
+  for (const char* const line :
+       {"import --as json", "import --as jsonl", "import --as table", "check --as json"}) {
+    files_.Calls.clear();
+    ClosedPipe pipe;
+    std::ostream out(&pipe);
+    std::istringstream in;
+    std::ostringstream error;
+    EXPECT_EQ(RunProgram(SplitArguments("qvassembly " + std::string(line) +
+                                        " --kind parts --config f.xml --format f a.txt"),
+                         Streams{in, out, error}),
+              3);
+    const auto reads = std::count(files_.Calls.begin(), files_.Calls.end(), "read a.txt");
+    EXPECT_TRUE(reads > 0 && reads < 10) << line << ": " << reads;
+  }
+}
+
 TEST_F(ProgramTest, WorkbooksGoThroughTheSameCommands) {
   FakeSpreadsheet office;
+  files_.Contents["t.json"] = "{}";
   FakeSpreadsheet::Store("b.xls", {{"name", "qty"}, {"A1", "5"}, {"A2", "x"}});
   const auto run = [](std::vector<std::string> arguments) {
     arguments.insert(arguments.end(), {"--config", "f.xml"});
@@ -112,7 +150,16 @@ TEST_F(ProgramTest, WorkbooksGoThroughTheSameCommands) {
   EXPECT_EQ(run({"convert", "--kind", "parts", "--to", "f", "b.xls", "out.csv"}), "0 " + remark);
   EXPECT_EQ(files_.Contents["out.csv"],
             host::AsTextFile("\"PartName\",\"PartQuantity\",\n\"A1\",\"5\"\n\"A2\",\"0\"\n"));
+  EXPECT_EQ(run({"convert", "--strict", "--kind", "parts", "--to", "f", "b.xls", "b.xls"}).front(), '1');
+  EXPECT_EQ(FakeSpreadsheet::Load("b.xls", "Sheet1").front().front(), "name");
+  EXPECT_EQ(run({"export", "--strict", "--kind", "tools", "--records", "t.json", "t.xls"}),
+            "1 t.xls:1: PartName: no such column in a list of this kind; its cells stay empty\n"
+            "t.xls:1: PartQuantity: no such column in a list of this kind; its cells stay empty\n"
+            "t.xls: not written, as there is something to remark on (--strict)\n");
+  EXPECT_FALSE(files_.Contents.contains("t.xls"));
+  office.Calls.clear();
   EXPECT_EQ(run({"convert", "--kind", "parts", "--to", "f", "b.xls", "b.xls"}), "0 " + remark);
+  EXPECT_EQ(office.CountCalls("start"), 1);
   EXPECT_EQ(FakeSpreadsheet::Load("b.xls", "Sheet1"),
             (SheetRows{{"PartName", "PartQuantity"}, {"A1", "5"}, {"A2", "0"}}));
   EXPECT_EQ(run({"export", "--kind", "parts", "--records", "r.json", "new.xls"}), "0 ");
@@ -122,6 +169,25 @@ TEST_F(ProgramTest, WorkbooksGoThroughTheSameCommands) {
   office.Installed = false;
   EXPECT_EQ(run({"check", "--kind", "parts", "b.xls"}).front(), '3');
   EXPECT_EQ(office.Running + office.Objects, 0);
+}
+
+TEST_F(ProgramTest, TheFormatFileBesideTheInputComesBeforeTheOneBesideTheOutput) {
+  std::string formats = kOneFormat;
+  formats.replace(formats.find("PartQuantity"), 12, "Customer");
+  const auto formatsIn = [](const char* folder) {
+    return (std::filesystem::path(folder) / "AssemblyFormats.xml").string();
+  };
+  files_.Contents[formatsIn("in")] = kOneFormat;
+  files_.Contents[formatsIn("out")] = formats;
+  files_.Contents["in/a.txt"] = files_.Contents["none/a.txt"] = "h\nA1,5\n";
+  for (const auto& [input, columns] : {std::pair("in/a.txt", "PartName,PartQuantity,\nA1,5\n"),
+                                       std::pair("none/a.txt", "PartName,Customer,\nA1,5\n")}) {
+    EXPECT_EQ(RunOn({"convert", "--kind", "parts", input, "out/a.txt"}).error, "");
+    EXPECT_EQ(files_.Contents["out/a.txt"], host::AsTextFile(columns));
+  }
+  EXPECT_TRUE(MatchesPattern(RunOn({"headers", "none/a.txt"}).error,
+                             "qvassembly: no format file was found (looked for none{*}AssemblyFormats.xml, "
+                             "AssemblyFormats.xml); the built-in format is used, which has no columns\n"));
 }
 
 // Whichever call fails, the file is the old one or the new one, and the exit code tells which.
@@ -155,15 +221,16 @@ TEST(ProgramFailureTest, AFileIsWholeOrNotThere) {
 
 TEST(Progress, WaitsASecondThenTellsOnATerminalOnly) {
   using std::chrono::milliseconds;
+  using enum FileProgress::Unit;
   const struct {
     std::int64_t total;
-    Progress::Unit unit;
+    FileProgress::Unit unit;
     const char* half;
     const char* whole;
-  } cases[] = {{200, Progress::Unit::Bytes, "50 %", "100 %"},
-               {200, Progress::Unit::Cells, "50 %", "100 %"},
-               {0, Progress::Unit::Bytes, "0 MB", "0 MB"},
-               {0, Progress::Unit::Cells, "100 cells", "250 cells"}};
+  } cases[] = {{200, Bytes, "50 %", "100 %"},
+               {200, Cells, "50 %", "100 %"},
+               {0, Bytes, "0 MB", "0 MB"},
+               {0, Cells, "100 cells", "250 cells"}};
   for (const auto& c : cases) {
     for (const bool isTerminal : {true, false}) {
       std::istringstream in;
@@ -173,36 +240,21 @@ TEST(Progress, WaitsASecondThenTellsOnATerminalOnly) {
       {
         Progress progress(streams);
         const auto start = Progress::Clock::now();
-        progress.Start("reading a.csv", c.total, c.unit);
-        progress.AdvanceAt(start + milliseconds(900), 50);
+        const auto tell = [&](int time, std::int64_t done,
+                              FileProgress::Work work = FileProgress::Work::Reading) {
+          progress.ShowAt(start + milliseconds(time), {"a.csv", work, c.unit, done, c.total});
+        };
+        tell(0, 10);
+        tell(900, 50);
         EXPECT_EQ(error.str(), "");
-        progress.AdvanceAt(start + milliseconds(1100), 50);
-        progress.AdvanceAt(start + milliseconds(1150), 50);  // too soon after the last
-        progress.AdvanceAt(start + milliseconds(1500), 100);
+        tell(1100, 100);
+        tell(1150, 150);                                                     // too soon after the last
+        if (c.unit == Bytes) tell(1450, 1000, FileProgress::Work::Writing);  // the copy of what is read
+        tell(1500, 250);
       }
       const std::string line = "\r\x1b[Kreading a.csv  ";
       EXPECT_EQ(error.str(), isTerminal ? line + c.half + line + c.whole + "\r\x1b[K" : "");
     }
-  }
-}
-
-TEST(WatchedFiles, EndAfterSoManyLinesInAnyBlocks) {
-  for (const std::size_t block : {std::size_t{1}, std::size_t{3}, std::size_t{100}}) {
-    FakeFileSystem files;
-    files.Contents["a.txt"] = "one\ntwo\nthree\nfour";
-    files.LargestRead = block;
-    std::istringstream in;
-    std::ostringstream out;
-    const Streams streams{in, out, out};
-    Progress progress(streams);
-    const WatchedFiles watched(progress, OpenMode::Read, 2);
-    std::string reason;
-    const auto file = Files().Open("a.txt", OpenMode::Read, reason);
-    std::string text;
-    char buffer[64];
-    for (std::ptrdiff_t count = 0; (count = file->Read(buffer, sizeof buffer)) > 0;)
-      text.append(buffer, static_cast<std::size_t>(count));
-    EXPECT_EQ(text, "one\ntwo\n");
   }
 }
 

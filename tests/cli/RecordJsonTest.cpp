@@ -1,5 +1,5 @@
-#include "cli/RecordJson.h"
-#include "cli/RecordJsonReader.h"
+#include "cli/records/RecordJson.h"
+#include "cli/records/RecordJsonReader.h"
 #include "support/CaseFile.h"
 #include "support/FilledRecord.h"
 #include "support/Trickle.h"
@@ -18,21 +18,22 @@ struct Outcome {
   std::string error;     ///< "line key code: message"
 };
 
-std::string Told(const JsonRemark& remark) {
-  return std::to_string(remark.line) + " " + remark.key + " " + remark.code;
+std::string Told(const Utf8Diagnostic& diagnostic) {
+  return std::to_string(diagnostic.line) + " " + diagnostic.column + " " + diagnostic.code;
 }
 
 Outcome Read(const std::string& json, RecordKind kind = RecordKind::Parts, std::size_t step = 7,
              const TextCoding& coding = {}) {
   Outcome outcome;
   Trickle file(json, step);
-  JsonSource source([&file](char* buffer, std::size_t capacity) { return file.Read(buffer, capacity); });
+  JsonSource source("r.json", file);
   try {
-    outcome.records = ReadRecordsJson(source, RecordTypeOf(kind), coding, [&](const JsonRemark& remark) {
-      outcome.warnings += Told(remark) + ";";
-    });
-  } catch (const JsonError& error) {
-    outcome.error = Told(error.remark) + ": " + error.what();
+    ReadRecordsJson(
+        source, RecordTypeOf(kind), coding,
+        [&](const Utf8Diagnostic& diagnostic) { outcome.warnings += Told(diagnostic) + ";"; },
+        [&](AnyRecord record) { outcome.records.push_back(std::move(record)); });
+  } catch (const FileError& error) {
+    outcome.error = Told(error.diagnostic) + ": " + error.what();
   }
   return outcome;
 }
@@ -41,7 +42,8 @@ std::string JsonOf(const std::vector<AnyRecord>& records, const char* separator)
   std::string json;
   for (const AnyRecord& record : records) {
     if (!json.empty()) json += separator;
-    AppendRecordJson(json, record.Type(), record.Pointer(), {});
+    JsonWriter writer(json);
+    WriteRecordJson(writer, record.Type(), record.Pointer(), {});
   }
   return json;
 }
@@ -71,7 +73,8 @@ TEST(RecordJson, NumbersThatJsonCannotWriteAreNamed) {
     AnyRecord tool(type);
     FindField(type, "ToolSize")->set(tool.Pointer(), value);
     std::string json;
-    EXPECT_EQ(AppendRecordJson(json, type, tool.Pointer(), {}), "ToolSize");
+    JsonWriter writer(json);
+    EXPECT_EQ(WriteRecordJson(writer, type, tool.Pointer(), {}), "ToolSize");
     EXPECT_NE(json.find("\"ToolSize\":null,"), std::string::npos) << json;
   }
 }

@@ -1,6 +1,6 @@
-#include "cli/Table.h"
+#include "cli/terminal/Table.h"
 
-#include "cli/DisplayText.h"
+#include "cli/terminal/DisplayText.h"
 #include "support/CaseFile.h"
 
 #include <gtest/gtest.h>
@@ -21,25 +21,22 @@ TEST(DisplayText, IsAsTheTableSays) {
   }
 }
 
-std::string Whole(const Table& table, std::size_t rows) {
+std::string Whole(const Table& table, const std::vector<Table::Row>& rows) {
   std::string text = table.Header(false);
-  for (std::size_t row = 0; row < rows; ++row) text += table.Row(row);
+  for (const Table::Row& row : rows) text += table.Line(row);
   return text;
 }
 
 TEST(Table, WideColumnsGiveWayFirst) {
-  const std::vector<std::vector<std::string>> cells = {
-      {"short", "1234567890123", "a text that goes on and on", "x"}};
-  Table table({{"Name"}, {"Number", true}, {"Comment"}, {"Last"}}, 1,
-              [&](std::size_t row, std::size_t column) { return cells[row][column]; });
-  table.FitTo(42);
+  const std::vector<Table::Row> rows = {{"short", "1234567890123", "a text that goes on and on", "x"}};
+  const std::vector<TableColumn> columns = {{"Name"}, {"Number", true}, {"Comment"}, {"Last"}};
+  const Table table(columns, rows, 42);
   EXPECT_EQ(table.LeftOut(), 0u);
-  EXPECT_EQ(Whole(table, 1),
+  EXPECT_EQ(Whole(table, rows),
             "Name          Number  Comment         Last\n"
             "─────  ─────────────  ──────────────  ────\n"
             "short  1234567890123  a text that g…  x\n");
-  table.FitTo(30);
-  EXPECT_EQ(table.LeftOut(), 2u);
+  EXPECT_EQ(Table(columns, rows, 30).LeftOut(), 2u);
 }
 
 // Whatever the cells hold, no line is wider than was asked for, and no number loses a digit.
@@ -48,7 +45,7 @@ TEST(Table, FitsAnyWidth) {
   const char* const pieces[] = {"a", "株", "ü", "🙂", " ", "\t", "e\u0301"};
   for (int round = 0; round < 300; ++round) {
     const std::size_t columns = 1 + random() % 9;
-    std::vector<std::vector<std::string>> cells(3, std::vector<std::string>(columns));
+    std::vector<Table::Row> cells(3, Table::Row(columns));
     std::vector<TableColumn> heads;
     for (std::size_t column = 0; column < columns; ++column) {
       heads.push_back({std::string(random() % 20, 'h'), column % 2 == 1});
@@ -56,14 +53,13 @@ TEST(Table, FitsAnyWidth) {
         for (std::size_t size = random() % 20; size > 0; --size)
           row[column] += column % 2 == 1 ? "9" : pieces[random() % std::size(pieces)];
     }
-    Table table(heads, cells.size(), [&](std::size_t row, std::size_t column) { return cells[row][column]; });
     const int width = 22 + static_cast<int>(random() % 100);
-    table.FitTo(width);
-    std::istringstream lines(Whole(table, cells.size()));
+    const Table table(heads, cells, width);
+    std::istringstream lines(Whole(table, cells));
     for (std::string line; std::getline(lines, line);) ASSERT_LE(DisplayWidth(line), width) << line;
-    for (std::size_t row = 0; row < cells.size(); ++row)
+    for (const Table::Row& row : cells)
       for (std::size_t column = 1; column < columns - table.LeftOut(); column += 2)
-        ASSERT_NE(table.Row(row).find(cells[row][column]), std::string::npos) << table.Row(row);
+        ASSERT_NE(table.Line(row).find(row[column]), std::string::npos) << table.Line(row);
   }
 }
 

@@ -1,4 +1,4 @@
-#include "dialogs/ColumnLists.h"
+#include "dialogs/model/ColumnLists.h"
 
 #include "tests/support/CaseFile.h"
 #include "tests/support/FormatText.h"
@@ -45,8 +45,7 @@ TEST(ColumnListsTest, KeepsEveryShownItemInItsPlaceOfThePlan) {
 TEST(ColumnListsTest, SelectionsAreTakenAsFarAsTheyGo) {
   ColumnLists lists;
   lists.Show(ItemsOf("Ignore PartName=0 Customer=1 Machine=2 Revision"));
-  lists.SelectPlanItems({4, 0, 0, 9});
-  lists.Add();
+  lists.Add({4, 0, 0, 9});
   EXPECT_EQ(Joined(lists.Sequence()), "PartName Customer Machine Ignore Revision");
   lists.SelectSequence({2, 99, 2, 1});
   EXPECT_EQ(lists.SequenceSelection(), (Selection{1, 2}));

@@ -6,12 +6,14 @@
 //     headers: no        the host does not offer the header window
 //     windows: KIND      only in windows that are drawn, or that are of this toolkit ("win32")
 //     sample: FILE       the host's data file, which the section "sample" holds
+//     sample-is: folder  it is one
+//     ok-tells: PATTERN  what the user is told when OK has saved the formats
 //     default-after: X   what Setting.ini names at the end; without it the file is as it was
 //
 // A section "formats" is the format file, if it is not formats.xml beside the cases; an empty one stands for
 // no file. "use" is what a person does and sees, a step a line. "after" lists what OK has written: the
-// current format first, then others that have changed; without it the dialog ends with Cancel and both files
-// stay as they were to the byte. "file-has" is a text that the format file then holds.
+// current format first, then others that have changed or are "deleted"; without it the dialog ends with
+// Cancel and both files stay as they were to the byte. "file-has" is a text that the format file then holds.
 
 #include "manager/SettingsFile.h"
 #include "platform/CodePage.h"
@@ -27,6 +29,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <map>
 
 namespace {
@@ -34,11 +37,13 @@ namespace {
 namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 
-const Words kControls = {"FormatName", "SetAsDefault", "StartLine",  "Qualifier", "Tab",
-                         "Semicolon",  "Comma",        "Space",      "Other",     "OtherDelimiters",
-                         "NameOnly",   "NameWithPath", "TreatAsOne", "PlanItems", "Sequence",
-                         "Add",        "Delete",       "Up",         "Down",      "ShowHeader",
-                         "Ok",         "Cancel",       "Refresh",    "Headers"};
+const Words kControls = {"FormatName",  "SetAsDefault", "StartLine",  "Qualifier", "Tab",
+                         "Semicolon",   "Comma",        "Space",      "Other",     "OtherDelimiters",
+                         "NameOnly",    "NameWithPath", "TreatAsOne", "PlanItems", "Sequence",
+                         "Add",         "Delete",       "Up",         "Down",      "ShowHeader",
+                         "Ok",          "Cancel",       "Refresh",    "Headers",   "HeaderWindow",
+                         "ShowPreview", "Match",        "Apply",      "Preview",   "Summary",
+                         "Suggestion",  "NameHint"};
 
 Control ControlNamed(const std::string& name) {
   const auto found = std::find(kControls.begin(), kControls.end(), name);
@@ -56,33 +61,40 @@ void ExpectMatch(const std::string& text, const std::string& pattern) {
   EXPECT_TRUE(MatchesPattern(text, pattern)) << text;
 }
 
-qv::Selection RanksOf(const std::string& text) {
-  qv::Selection ranks;
+qv::Selection IndexesOf(const std::string& text) {
+  qv::Selection indexes;
   std::istringstream numbers(text);
-  for (std::string number; std::getline(numbers, number, ',');) ranks.push_back(std::stoul(number));
-  return ranks;
+  for (std::string number; std::getline(numbers, number, ',');) indexes.push_back(std::stoul(number));
+  return indexes;
+}
+
+void PressUntilClosed(DialogDriver& dialog, Control focus, const std::string& key) {
+  dialog.Press(focus, key);
+  EXPECT_TRUE(WaitUntil([&dialog] { return !dialog.IsOpen(); })) << "the key did not close the dialog";
 }
 
 // Selected items in brackets.
 std::string ShownItems(const Words& items, const qv::Selection& selected) {
   std::string shown;
-  for (std::size_t rank = 0; rank < items.size(); ++rank) {
-    const bool isSelected = std::count(selected.begin(), selected.end(), rank) != 0;
-    shown += (rank > 0 ? ", " : "") + (isSelected ? "[" + items[rank] + "]" : items[rank]);
+  for (std::size_t index = 0; index < items.size(); ++index) {
+    const bool isSelected = std::count(selected.begin(), selected.end(), index) != 0;
+    shown += (index > 0 ? ", " : "") + (isSelected ? "[" + items[index] + "]" : items[index]);
   }
   return shown;
 }
 
 std::string Shown(DialogDriver& dialog, Control control) {
   if (!dialog.IsVisible(control)) return "hidden";
-  const bool isList = control == Control::PlanItems || control == Control::Sequence;
-  const bool isButton = control >= Control::Add && control <= Control::Refresh;
+  const bool isList =
+      control == Control::PlanItems || control == Control::Sequence || control == Control::Headers;
+  const bool isButton = (control >= Control::Add && control <= Control::Refresh) ||
+                        (control >= Control::ShowPreview && control <= Control::Apply);
   const bool isBox = control == Control::SetAsDefault || control == Control::TreatAsOne ||
                      (control >= Control::Tab && control <= Control::Other) || control == Control::NameOnly ||
                      control == Control::NameWithPath;
   std::string shown;
-  if (control == Control::Headers)
-    shown = ShownItems(dialog.Items(control), {});
+  if (control == Control::Preview)
+    shown = "shown";
   else if (isList)
     shown = ShownItems(dialog.Items(control), dialog.Selected(control));
   else if (isBox)
@@ -93,18 +105,64 @@ std::string Shown(DialogDriver& dialog, Control control) {
   return shown.empty() ? "disabled" : "disabled " + shown;
 }
 
+/// "1 | text | _ | (grey) | ~struck~ | *bold* | coloured!"
+std::string ShownCells(const std::vector<SeenCell>& cells) {
+  std::string shown;
+  for (const SeenCell& cell : cells) {
+    std::string text = cell.text.empty() ? "_" : cell.text;
+    if (cell.isBold) text = "*" + text + "*";
+    if (cell.isStruck) text = "~" + text + "~";
+    if (cell.isGrey) text = "(" + text + ")";
+    if (cell.isColoured) text += "!";
+    shown += (shown.empty() ? "" : " | ") + text;
+  }
+  return shown;
+}
+
 // What a person does with a control, and sees of it.
 using D = DialogDriver;
 using Text = const std::string;
 const std::map<std::string, void (*)(D&, Control, Text&)> kUses = {
     {"click", [](D& d, Control control, Text&) { d.Click(control); }},
-    {"choose", [](D& d, Control control, Text& rank) { d.Choose(control, std::stoi(rank)); }},
+    {"choose", [](D& d, Control control, Text& index) { d.Choose(control, std::stoi(index)); }},
     {"type", [](D& d, Control control, Text& text) { d.Type(control, text); }},
-    {"select", [](D& d, Control control, Text& ranks) { d.Select(control, RanksOf(ranks)); }},
-    {"double-click", [](D& d, Control control, Text& rank) { d.DoubleClick(control, std::stoi(rank)); }},
-    {"enter", [](D& d, Control control, Text&) { d.Press(Key::Enter, control); }},
-    {"escape", [](D& d, Control control, Text&) { d.Press(Key::Escape, control); }},
+    {"select", [](D& d, Control control, Text& indexes) { d.Select(control, IndexesOf(indexes)); }},
+    {"double-click", [](D& d, Control control, Text& index) { d.DoubleClick(control, std::stoi(index)); }},
+    {"drag",
+     [](D& d, Control from, Text& way) {
+       const auto [entry, target] = Cut(way);
+       const auto [to, place] = Cut(target);
+       d.Drag(from, std::stoi(entry), ControlNamed(to), std::stoi(place));
+     }},
+    {"sees-grey",
+     [](D& d, Control plan, Text& items) {
+       Words grey;
+       for (const std::size_t index : d.Grey()) grey.push_back(d.Items(plan)[index]);
+       EXPECT_EQ(ShownItems(grey, {}), items);
+     }},
+    {"press", [](D& d, Control control, Text& key) { d.Press(control, key); }},
+    {"wheel", [](D& d, Control control, Text&) { d.TurnWheel(control); }},
+    {"enter", [](D& d, Control control, Text&) { PressUntilClosed(d, control, "Enter"); }},
+    {"escape", [](D& d, Control control, Text&) { PressUntilClosed(d, control, "Escape"); }},
+    {"has-cursor-at",
+     [](D& d, Control control, Text& index) { EXPECT_EQ(std::to_string(d.Cursor(control)), index); }},
+    {"has-in-sight",
+     [](D& d, Control list, Text& index) {
+       EXPECT_TRUE(WaitUntil([&] { return d.IsInSight(list, std::stoi(index)); }));
+     }},
     {"sees", [](D& d, Control control, Text& pattern) { ExpectMatch(Shown(d, control), pattern); }},
+    {"sees-heads", [](D& d, Control, Text& heads) { EXPECT_EQ(ShownCells(d.PreviewRow(-1)), heads); }},
+    {"sees-row",
+     [](D& d, Control, Text& row) {
+       const auto [index, cells] = Cut(row);
+       EXPECT_EQ(ShownCells(d.PreviewRow(std::stoi(index))), cells);
+     }},
+    {"sees-tip",
+     [](D& d, Control, Text& cell) {
+       const auto [row, rest] = Cut(cell);
+       const auto [column, tip] = Cut(rest);
+       EXPECT_EQ(d.PreviewTip(std::stoi(row), std::stoi(column)), tip);
+     }},
     {"reads", [](D& d, Control control, Text& label) { EXPECT_EQ(d.Text(control), label); }},
     {"offers",
      [](D& d, Control control, Text& items) { EXPECT_EQ(ShownItems(d.Items(control), {}), items); }},
@@ -127,11 +185,13 @@ class DialogCaseTest : public testing::TestWithParam<TestCase> {
     formatsBefore_ = TemporaryFolder::Read(config_);
     settingsBefore_ = TemporaryFolder::Read(settings_);
   }
-  ~DialogCaseTest() override { fs::remove(settings_); }
+  ~DialogCaseTest() override { fs::remove_all(settings_); }
 
   void WriteSample() const {
     const std::string name = case_.Setting("sample", "");
-    if (name.ends_with(".xls"))
+    if (case_.Setting("sample-is", "") == "folder")
+      fs::create_directories(folder_ / name);
+    else if (name.ends_with(".xls"))
       FakeSpreadsheet::Store(folder_ / name, case_.Rows("sample"));
     else if (case_.Has("sample"))
       folder_.Write(name, case_.Text("sample"));
@@ -177,6 +237,11 @@ class DialogCaseTest : public testing::TestWithParam<TestCase> {
     EXPECT_TRUE(header.right > header.left && header.bottom > header.top);
   }
 
+  static void ExpectPreviewBeside(DialogDriver& dialog) {
+    const Frame main = dialog.DialogFrame(), preview = dialog.PreviewFrame();
+    EXPECT_TRUE(preview.left >= main.right || preview.top >= main.bottom);
+  }
+
   void Use(DialogDriver& dialog) {
     for (const std::string& line : case_.Texts("use")) {
       SCOPED_TRACE(line);
@@ -188,14 +253,24 @@ class DialogCaseTest : public testing::TestWithParam<TestCase> {
         EXPECT_EQ(dialog.DismissMessage(), object);
       else if (verb == "sees-headers-beside")
         ExpectHeaderWindowBeside(dialog);
+      else if (verb == "sees-preview-beside")
+        ExpectPreviewBeside(dialog);
+      else if (verb == "deletes-format")
+        EXPECT_EQ(dialog.DeleteFormat(name == "yes"), text);
+      else if (verb == "rests")
+        dialog.Rest();
       else if (verb == "closes-headers")
         dialog.CloseHeaderWindow();
       else if (verb == "without-handler")
         SetMessageBoxHandler(nullptr, nullptr);
       else if (verb == "block-file" || verb == "free-file")
         Block(verb == "block-file");
+      else if (verb == "block-settings")
+        fs::create_directories(settings_ + "/in the way");
       else if (verb == "lose-sample")
         fs::remove(Request().samplePath);
+      else if (verb == "uninstall-office")
+        office_.Installed = false;
       else
         kUses.at(verb)(dialog, ControlNamed(name), text);
     }
@@ -223,7 +298,8 @@ TEST_P(DialogCaseTest, DoesAsTheCaseSays) {
   EXPECT_EQ(RunDialog(
                 show, [this](DialogDriver& dialog) { Use(dialog); }, messages_),
             case_.Has("after"));
-  EXPECT_EQ(messages_, Words());
+  ASSERT_EQ(messages_.size(), case_.settings.count("ok-tells"));
+  if (!messages_.empty()) ExpectMatch(messages_[0], case_.Setting("ok-tells", ""));
   EXPECT_EQ(office_.Running + office_.Objects, 0);
   for (const std::string& name : folder_.Names())
     EXPECT_TRUE(name == "formats.xml" || name == case_.Setting("sample", "")) << name << " was left behind";
@@ -235,6 +311,7 @@ TEST_P(DialogCaseTest, DoesAsTheCaseSays) {
     const std::string name = line.substr(0, line.find(": "));
     if (current.empty()) current = name;
     formats[name] = line;
+    if (line.ends_with(": deleted")) formats.erase(name);
   }
   const FormatList after = FormatsIn(config_);
   EXPECT_EQ(after.CurrentFormat, current);
@@ -244,7 +321,7 @@ TEST_P(DialogCaseTest, DoesAsTheCaseSays) {
   const std::string named = case_.Setting("default-after", case_.Setting("default", ""));
   EXPECT_EQ(ReadDefaultFormat(settings_), qv::FromUtf8(named));
   const std::string ofOthers = settingsBefore_.substr(0, settingsBefore_.find("[Csv"));
-  EXPECT_TRUE(TemporaryFolder::Read(settings_).starts_with(ofOthers));
+  EXPECT_TRUE(ofOthers.empty() || TemporaryFolder::Read(settings_).starts_with(ofOthers));
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, DialogCaseTest, testing::ValuesIn(ReadTestCases("dialogs/cases")),

@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
+#include <stdexcept>
 #include <string>
 
 namespace {
@@ -15,7 +15,8 @@ namespace {
 std::string FileOf(const std::string& names) {
   std::string file = "<?xml version=\"1.0\"?><CSVOptionSetting Current=\"A\">";
   for (const char name : names)
-    file += std::string("<OptionForm Name=\"") + name + "\" Line=\"2\" Delimiters=\"Comma\" Part=\"Name\"/>";
+    file += std::string("<OptionForm Name=\"") + name +
+            "\" Line=\"2\" Delimiters=\"Comma\" Part=\"Name\"><PartName Order=\"0\"/></OptionForm>";
   return file + "</CSVOptionSetting>";
 }
 
@@ -52,6 +53,34 @@ TEST(HostDialogTest, TheManagerTakesTheFormatsOverOnOkOnly) {
   EXPECT_STREQ(name, "New");
   EXPECT_EQ(manager.GetStartLine(), 12);
   EXPECT_TRUE(messages.empty());
+}
+
+// The dialog runs in a loop of the window system, through which no exception may pass.
+TEST(HostDialogTest, AnExceptionOfAHandlerClosesTheDialogAndReachesTheHost) {
+  const TemporaryFolder folder;
+  const std::string formats = FileOf("A");
+  const std::string config = folder.Write("formats.xml", formats);
+  CAssemblyFileMgr manager;
+  std::string caught;
+  const auto show = [&] {
+    try {
+      manager.ASSOptionDlgShow(true, nullptr, nullptr, config.c_str(), nullptr, 0);
+    } catch (const std::runtime_error& error) {
+      caught = error.what();
+    }
+    return true;
+  };
+  std::vector<std::string> messages;
+  RunDialog(
+      show,
+      [](DialogDriver& dialog) {
+        dialog.Type(Control::FormatName, "");
+        SetMessageBoxHandler([](const char* text, void*) { throw std::runtime_error(text); }, nullptr);
+        dialog.Click(Control::Ok);
+      },
+      messages);
+  EXPECT_EQ(caught, "Please enter a format name.");
+  EXPECT_EQ(TemporaryFolder::Read(config), formats);
 }
 
 }  // namespace

@@ -1,8 +1,7 @@
-#include "engines/FieldSplitter.h"
+#include "engines/text/FieldSplitter.h"
 
-#include "engines/CCSVAssembly.h"
-#include "engines/CTxtAssembly.h"
 #include "engines/columns/ColumnTables.h"
+#include "engines/text/CTxtAssembly.h"
 #include "support/CaseFile.h"
 #include "support/FakeFileSystem.h"
 
@@ -48,7 +47,8 @@ TEST(FieldSplitter, SplitsAsTheTableSays) {
     for (const std::string& field : fields) shown += "[" + field + "]";
     EXPECT_EQ(shown, "[kept]" + row[3]);
 
-    engine.ViewSplitter()->Split(row[2], views);
+    qv::FieldSplitter splitter(*engine.Rules());
+    splitter.Split(row[2], views);
     EXPECT_EQ(views.openQualifier, row[4] == "open");
     EXPECT_EQ(views.droppedEmptyLast, row[4] == "empty last");
   }
@@ -81,7 +81,7 @@ TEST(SplitText, CallsAnEnginesOwnRules) {
   Fields fields;
   engine.SplitLine("a,b", fields);
   EXPECT_EQ(fields, (Fields{"a!", "b!"}));
-  EXPECT_FALSE(engine.ViewSplitter().has_value());
+  EXPECT_FALSE(engine.Rules().has_value());
 
   FakeFileSystem files;
   files.Contents["a.txt"] = "Name,Comment\r\nA1,x,y\nA2";
@@ -89,11 +89,8 @@ TEST(SplitText, CallsAnEnginesOwnRules) {
   engine.ImportParts("a.txt");
   auto& parts = engine.StagedRecords.Of<PartInformation>();
   ASSERT_EQ(parts.Size(), 2u);
-  char text[256];
-  parts[0]->GetPartComment(text);
-  EXPECT_STREQ(text, "x!");
-  parts[1]->GetPartName(text);
-  EXPECT_STREQ(text, "A2!");
+  EXPECT_EQ(Text(*parts[0], &PartInformation::GetPartComment), "x!");
+  EXPECT_EQ(Text(*parts[1], &PartInformation::GetPartName), "A2!");
 }
 
 }  // namespace

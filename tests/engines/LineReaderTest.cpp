@@ -1,7 +1,7 @@
-#include "engines/FileReport.h"
-#include "engines/LineReader.h"
+#include "engines/text/LineReader.h"
 
 #include "support/Trickle.h"
+#include "text/Phrases.h"
 
 #include <gtest/gtest.h>
 
@@ -27,12 +27,6 @@ TEST(LineReader, EndsLinesAtLfAndCrLf) {
   }
 }
 
-TEST(LineReader, NeedsNoLineEndAndMakesNoEmptyLastLine) {
-  Trickle open("a\nb", 10), closed("a\nb\n", 10), empty("", 10);
-  EXPECT_EQ(LinesOf(open), LinesOf(closed));
-  EXPECT_TRUE(LinesOf(empty).empty());
-}
-
 // Old programs fill the last block of a file up with the byte that ends a text.
 TEST(LineReader, TellsTextBehindTheEndByteFromFilling) {
   for (const std::size_t step : {1u, 2u, 3u, 100u})
@@ -53,21 +47,10 @@ TEST(LineReader, GrowsForALongLine) {
   EXPECT_EQ(LinesOf(file), (std::vector<std::string>{"a", longLine, "b"}));
 }
 
-TEST(LineReader, KeepsWhatCameBeforeAFailure) {
-  Trickle file("a\nb", 10, true);
-  qv::LineReader reader(file);
-  std::string_view line;
-  ASSERT_TRUE(reader.Next(line));
-  ASSERT_TRUE(reader.Next(line));
-  EXPECT_EQ(line, "b");
-  EXPECT_FALSE(reader.Next(line));
-  EXPECT_TRUE(reader.HasFailed());
-}
-
 // A person gets to see it, so it never ends inside a character of UTF-8.
-TEST(Quoted, CutsALongTextBehindACharacter) {
+TEST(QuotedBriefly, CutsALongTextBehindACharacter) {
   const auto quoted = [](std::size_t plain, const char* character) {
-    return qv::Quoted(std::string(plain, 'x') + character + "yyy");
+    return qv::QuotedBriefly(std::string(plain, 'x') + character + "yyy");
   };
   const auto cut = [](std::size_t kept, const char* last = "") {
     return '"' + std::string(kept, 'x') + last + "...\"";

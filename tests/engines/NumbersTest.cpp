@@ -1,6 +1,7 @@
-#include "engines/columns/Numbers.h"
 #include "engines/columns/ShortNumbers.h"
+#include "engines/columns/TextBuffer.h"
 #include "support/CaseFile.h"
+#include "text/Numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +19,7 @@
 
 namespace {
 
-using qv::Remark;
+using qv::NumberFault;
 
 // What is no number is 0; one runtime gives -0 for a lone sign.
 double RuntimesReal(const char* text) {
@@ -28,23 +29,33 @@ double RuntimesReal(const char* text) {
 }
 
 TEST(Numbers, AreReadAsTheTableSays) {
-  const std::map<std::string, Remark> remarks = {{"-", Remark::None},
-                                                 {"trailing", Remark::TrailingText},
-                                                 {"no number", Remark::NotANumber},
-                                                 {"empty", Remark::EmptyValue},
-                                                 {"out of range", Remark::NumberOutOfRange}};
+  const std::map<std::string, NumberFault> remarks = {{"-", NumberFault::None},
+                                                      {"trailing", NumberFault::TrailingText},
+                                                      {"no number", NumberFault::NoDigits},
+                                                      {"empty", NumberFault::Empty},
+                                                      {"out of range", NumberFault::OutOfRange}};
   for (const auto& row : ReadTable("engines/tables/numbers.table")) {
     SCOPED_TRACE(row[0]);
     if (!row[1].empty()) {
       EXPECT_EQ(std::to_string(qv::ParseInt(row[0]).value), row[1]);
-      EXPECT_EQ(qv::ParseInt(row[0]).remark, remarks.at(row[2]));
+      EXPECT_EQ(qv::ParseInt(row[0]).fault, remarks.at(row[2]));
     }
     const auto real = qv::ParseReal(row[0]);
     const double expected = RuntimesReal(row[0].c_str());
     EXPECT_TRUE(std::bit_cast<std::uint64_t>(real.value) == std::bit_cast<std::uint64_t>(expected) ||
                 (std::isnan(real.value) && std::isnan(expected)))
         << real.value;
-    EXPECT_TRUE(row[3].empty() || real.remark == remarks.at(row[3]));
+    EXPECT_TRUE(row[3].empty() || real.fault == remarks.at(row[3]));
+  }
+}
+
+TEST(Numbers, WithADecimalCommaBecomeThoseWithAPoint) {
+  for (const auto& row : ReadTable("engines/tables/decimal-commas.table")) {
+    std::string real, whole;
+    qv::AppendWithPoint(real, row[0], false);
+    qv::AppendWithPoint(whole, row[0], true);
+    EXPECT_EQ(real, row[1]) << row[0];
+    EXPECT_EQ(whole, row[2].empty() ? row[1] : row[2]) << row[0];
   }
 }
 
@@ -95,10 +106,10 @@ TEST(ParseShort, AgreesWithTheLongWay) {
     const bool isInt = qv::ParseShortInt(text, whole), isReal = qv::ParseShortReal(text, real);
     const auto longInt = qv::ParseInt(text);
     const auto longReal = qv::ParseReal(text);
-    ASSERT_TRUE(!isInt || (longInt.value == whole && longInt.remark == Remark::None)) << text;
+    ASSERT_TRUE(!isInt || (longInt.value == whole && longInt.fault == NumberFault::None)) << text;
     ASSERT_TRUE(!isReal ||
                 (std::bit_cast<std::uint64_t>(longReal.value) == std::bit_cast<std::uint64_t>(real) &&
-                 longReal.remark == Remark::None))
+                 longReal.fault == NumberFault::None))
         << text;
     const std::string digits = text.substr(text.starts_with('-'));
     const bool isPlain =

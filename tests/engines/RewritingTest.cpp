@@ -1,6 +1,5 @@
-#include "engines/CCSVAssembly.h"
-#include "engines/CTxtAssembly.h"
 #include "engines/columns/ColumnTables.h"
+#include "engines/text/CTxtAssembly.h"
 #include "support/DiagnosticLog.h"
 #include "support/FakeFileSystem.h"
 
@@ -11,31 +10,11 @@
 namespace {
 
 constexpr const char* kPath = "parts.csv";
-constexpr const char* kOld = "name,qty\nA1,5\n";
-
-// Each time the file is the old one or the new one, and a failure that kept the old one is told.
-TEST(Rewriting, AnExportReplacesTheFileOrLeavesIt) {
-  DiagnosticLog log;
-  const int runs = ForEachFailure(
-      {{kPath, kOld}},
-      [](FakeFileSystem&) {
-        CCSVAssembly engine;
-        engine.Columns(RecordKind::Parts) = {"PartName"};
-        EXPECT_TRUE(engine.Export(kPath));
-      },
-      [&](FakeFileSystem& files) {
-        const std::string fresh = "\"PartName\"," + std::string(qv::kLineEnd);
-        EXPECT_EQ(files.Contents[kPath], log.Remarks.empty() ? fresh : kOld);
-        EXPECT_TRUE(files.Failed() || log.Remarks.empty());
-        log.Remarks.clear();
-      });
-  EXPECT_GT(runs, 10) << "too little was put to the test";
-}
 
 TEST(Reading, KeepsWhatCameBeforeAFailureAndTellsIt) {
   for (int call = 1; call <= 2; ++call) {
     FakeFileSystem files;
-    files.Contents[kPath] = kOld;
+    files.Contents[kPath] = "name,qty\nA1,5\n";
     files.LargestRead = 12;  // the header row and a part's name
     files.FailAt(call, "read");
     DiagnosticLog log;

@@ -1,10 +1,9 @@
 // Compares the splitters with the rules walked character by character, over some million random lines.
 
-#include "engines/CCSVAssembly.h"
-#include "engines/CTxtAssembly.h"
-#include "engines/RowReader.h"
+#include "engines/text/CTxtAssembly.h"
+#include "engines/text/TextRows.h"
+#include "support/FakeFileSystem.h"
 #include "support/ReferenceSplitter.h"
-#include "support/Trickle.h"
 
 #include <gtest/gtest.h>
 
@@ -58,9 +57,11 @@ void SetRandomRules(CTxtAssembly& engine, Random& random) {
 void CheckFile(CTxtAssembly& engine, const std::vector<std::string>& lines, Random& random) {
   std::string text;
   for (const std::string& line : lines) text += line + (Below(random, 3) == 0 ? "\r\n" : "\n");
-  Trickle file(text, 1 + Below(random, 3 * text.size() / 2));
-  qv::LineReader reader(file);
-  qv::RowReader rows(engine, reader);
+  FakeFileSystem files;
+  files.Contents["a.txt"] = text;
+  files.LargestRead = 1 + Below(random, 3 * text.size() / 2);
+  const qv::FileDiagnostics diagnostics("a.txt");
+  qv::TextRows rows(engine, diagnostics);
   const std::size_t kept = Below(random, 2) == 0 ? 3 : 1000;
   rows.KeepAtMost(kept);
   for (const std::string& line : lines) {
@@ -88,20 +89,18 @@ void CompareFiles(std::uint64_t seed, int files) {
   }
 }
 
-class SplitReference : public testing::TestWithParam<qv::MarkInstructions> {
+class SplitReference : public testing::TestWithParam<qv::SimdLevel> {
  protected:
   void SetUp() override {
-    if (!qv::UseMarkInstructions(GetParam())) GTEST_SKIP() << "this processor does not have them";
+    if (!qv::UseSimdLevel(GetParam())) GTEST_SKIP() << "this processor does not have them";
   }
   void TearDown() override {
-    for (const auto wide : {qv::MarkInstructions::Sse2, qv::MarkInstructions::Avx2})
-      qv::UseMarkInstructions(wide);
+    for (const auto wide : {qv::SimdLevel::Sse2, qv::SimdLevel::Avx2}) qv::UseSimdLevel(wide);
   }
 };
 
 INSTANTIATE_TEST_SUITE_P(Instructions, SplitReference,
-                         testing::Values(qv::MarkInstructions::Portable, qv::MarkInstructions::Sse2,
-                                         qv::MarkInstructions::Avx2));
+                         testing::Values(qv::SimdLevel::Portable, qv::SimdLevel::Sse2, qv::SimdLevel::Avx2));
 
 TEST_P(SplitReference, AgreesOnFiles) {
   CompareFiles<CTxtAssembly>(1, 1000);

@@ -6,8 +6,6 @@
 #include "tests/support/FormatText.h"
 #include "tests/support/TemporaryFolder.h"
 
-#include "platform/XmlDocument.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -33,7 +31,6 @@ class FormatConfigurationTest : public testing::Test {
   TemporaryFolder folder_;
   DiagnosticLog log_;
   FormatConfiguration configuration_;
-  qv::XmlLoadScope scope_;  // saving needs what a user-interface thread has
 };
 
 TEST_F(FormatConfigurationTest, ReadsEveryField) {
@@ -77,16 +74,18 @@ TEST_F(FormatConfigurationTest, TakesEveryChildOfAFormatAsAnItem) {
   const struct {
     const char* children;
     const char* names;
+    const char* attributes = "";
   } cases[] = {
       {"<PartName Order='0'/>\n\t<Mine/>", "PartName0 Mine "},
       {"<!-- why --><PartName Order='0'/>", "#comment PartName0 "},
       {"text<![CDATA[x]]><?pi Order='1'?>", "#text #cdata-section pi "},
       {"<PartName Order='0'/><PartName Order='1'/>", "PartName0 PartName1 "},
       {"<OptionForm Order='1'><PartName Order='0'/></OptionForm>", "OptionForm1 "},
+      {" <PartName Order='0'> </PartName>", "#text PartName0 ", "xml:space='preserve'"},
   };
   for (const auto& test : cases) {
     SCOPED_TRACE(test.children);
-    ASSERT_TRUE(LoadFormat("", test.children));
+    ASSERT_TRUE(LoadFormat(test.attributes, test.children));
     const auto named =
         static_cast<std::size_t>(std::count(test.names, test.names + std::strlen(test.names), ' '));
     std::string names;
@@ -131,8 +130,40 @@ TEST_F(FormatConfigurationTest, FallsBackOnTheBuiltInFormatAndSaysWhy) {
   EXPECT_TRUE(Load("<CSVOptionSetting>\n  <OptionForm Name='a'></CSVOptionSetting>"));
   EXPECT_EQ(First().Name, "Form1");
   EXPECT_EQ(log_.Codes(), "configuration-invalid");
-  EXPECT_EQ(log_.Remarks[0].line, 2);
-  EXPECT_NE(log_.Remarks[0].message.find("line 2"), std::string::npos);
+}
+
+TEST_F(FormatConfigurationTest, TellsWhyAndWhereNothingWasRead) {
+  using qv::XmlProblem;
+  const struct {
+    qv::XmlError error;
+    const char *current, *code, *message;
+  } cases[] = {
+      {{XmlProblem::MissingFile, 0, 0, "gone"},
+       "Form1",
+       "configuration-missing",
+       "The format file is missing (gone); the built-in format is used."},
+      {{XmlProblem::Unreadable, 2, 5, "odd"},
+       "Form1",
+       "configuration-invalid",
+       "The format file cannot be read at line 2, column 5 (odd); the built-in format is used."},
+      {{XmlProblem::NoComponent, 0, 0, "no parser"},
+       "mine",
+       "configuration-invalid",
+       "The format file cannot be read (no parser); the formats stay as they were."},
+  };
+  for (const auto& test : cases) {
+    SCOPED_TRACE(test.message);
+    configuration_.Formats = FormatList{"mine", {}};
+    log_.Remarks.clear();
+    qv::LoadedFormats loaded;
+    loaded.error = test.error;
+    EXPECT_EQ(qv::TakeFormats(configuration_, loaded, "a.xml"),
+              test.error.problem != XmlProblem::NoComponent);
+    EXPECT_EQ(List().CurrentFormat, test.current);
+    EXPECT_EQ(log_.Codes(), test.code);
+    EXPECT_EQ(log_.Remarks.at(0).line, test.error.line);
+    EXPECT_EQ(log_.Remarks.at(0).message, test.message);
+  }
 }
 
 FormatList Sample() {

@@ -1,10 +1,11 @@
-#include "cli/Kinds.h"
-#include "cli/RecordJson.h"
-#include "cli/RecordJsonReader.h"
+#include "cli/records/RecordJson.h"
+#include "cli/records/RecordJsonReader.h"
+#include "host/CInterface.h"
 #include "support/CaseFile.h"
 #include "support/DiagnosticLog.h"
 #include "support/FormatText.h"
 #include "support/Host.h"
+#include "support/Trickle.h"
 
 #include <QVAssemblyFile/QVAssemblyFile.h>
 
@@ -12,11 +13,10 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <map>
 
-// Runs the case files through the public interface: a format file is written, then the case's input is
-// imported, or its records are exported, by a manager. Fields that a case does not name must be those of a
-// fresh record, except the availability flags.
+// Runs the case files through the public interfaces, in C++ and in C: a format file is written, then the
+// case's input is imported, or its records are exported, by a manager. Fields that a case does not name must
+// be those of a fresh record, except the availability flags.
 
 namespace {
 
@@ -24,34 +24,50 @@ using nlohmann::json;
 
 using qv::AnyRecord;
 
-/// What a kind's list functions are called. The other ones come from the program's own table.
+/// What a manager's functions for a kind are called; null for those that it does not have.
 struct ListOperations {
+  bool (CAssemblyFileMgr::*read)(char* path);
+  int (CAssemblyFileMgr::*count)();
+  void* (*at)(CAssemblyFileMgr& manager, int index);
   void (*attach)(CAssemblyFileMgr& manager, void* record);
   bool (CAssemblyFileMgr::*write)(char* path);
 };
 
-template <auto Attach>
-struct Attaching;
-template <class Record, void (CAssemblyFileMgr::*Attach)(Record*)>
-struct Attaching<Attach> {
-  static void Run(CAssemblyFileMgr& manager, void* record) {
-    (manager.*Attach)(static_cast<Record*>(record));
-  }
-};
-
-const std::map<RecordKind, ListOperations>& Lists() {
-  using M = CAssemblyFileMgr;
-  static const std::map<RecordKind, ListOperations> lists = {
-      {RecordKind::Parts, {Attaching<&M::AddAndAttachPart>::Run, &M::ExportAssemblyFile}},
-      {RecordKind::Tools, {Attaching<&M::AddAndAttachTool>::Run, &M::ExportToolsInfoAssemblyFile}},
-      {RecordKind::Materials, {Attaching<&M::AddAndAttachMat>::Run, &M::ExportMatsInfoAssemblyFile}},
-      {RecordKind::Sheets, {Attaching<&M::AddAndAttachShtInfo>::Run, &M::ExportShtInfoAssemblyFile}},
-      {RecordKind::PartPrograms, {Attaching<&M::AddAndAttachPrtInfo>::Run, &M::ExportPrtInfoAssemblyFile}},
-      {RecordKind::JobProgress,
-       {Attaching<&M::AddAndAttachJobProgress>::Run, &M::ExportJobProgressAssemblyFile}},
-  };
-  return lists;
+template <auto AtRank>
+void* At(CAssemblyFileMgr& manager, int index) {
+  return (manager.*AtRank)(index);
 }
+
+template <class Record>
+void Attach(CAssemblyFileMgr& manager, void* record, void (CAssemblyFileMgr::*attach)(Record*)) {
+  (manager.*attach)(static_cast<Record*>(record));
+}
+
+template <auto AddAndAttach>
+void Attach(CAssemblyFileMgr& manager, void* record) {
+  Attach(manager, record, AddAndAttach);
+}
+
+using M = CAssemblyFileMgr;
+
+// In the order of RecordKind.
+constexpr ListOperations kLists[] = {
+    {&M::ImportAssemblyFile, &M::GetPartsCount, At<&M::GetPartInfoAtRank>, Attach<&M::AddAndAttachPart>,
+     &M::ExportAssemblyFile},
+    {&M::ImportToolsAssemblyFile, &M::GetToolsCount, At<&M::GetToolInfoAtRank>, Attach<&M::AddAndAttachTool>,
+     &M::ExportToolsInfoAssemblyFile},
+    {&M::ImportMatsAssemblyFile, &M::GetMatsCount, At<&M::GetMatInfoAtRank>, Attach<&M::AddAndAttachMat>,
+     &M::ExportMatsInfoAssemblyFile},
+    {&M::ImportShtInfoAssemblyFile, &M::GetShtCount, At<&M::GetShtInfoAtRank>,
+     Attach<&M::AddAndAttachShtInfo>, &M::ExportShtInfoAssemblyFile},
+    {&M::ImportPrtInfoAssemblyFile, &M::GetPrtCountInMenu, At<&M::GetPrtInfoInMenuAtRank>,
+     Attach<&M::AddAndAttachPrtInfo>, &M::ExportPrtInfoAssemblyFile},
+    {&M::ImportMatAmncITAssemblyFile, &M::GetMatAmncITCount, At<&M::GetMatAmncITInfoAtRank>, nullptr,
+     nullptr},
+    {&M::ImportMatLibraryAssemblyFile, &M::GetMatLibraryInfoCount, At<&M::GetMatLibraryInfoAtRank>, nullptr,
+     nullptr},
+    {nullptr, nullptr, nullptr, Attach<&M::AddAndAttachJobProgress>, &M::ExportJobProgressAssemblyFile},
+};
 
 std::string XmlText(const std::string& text) {
   std::string out;
@@ -100,19 +116,21 @@ const qv::TextCoding kUtf8("utf-8");
 
 json ToJson(void* record, const qv::RecordType& type) {
   std::string text;
-  qv::AppendRecordJson(text, type, record, kUtf8);
+  qv::JsonWriter writer(text);
+  qv::WriteRecordJson(writer, type, record, kUtf8);
   return json::parse(text);
 }
 
 std::vector<AnyRecord> RecordsOf(const TestCase& c, const qv::RecordType& type) {
   std::string text;
   for (const std::string& line : c.Lines("export")) text += line + "\n";
-  qv::JsonSource source([&text](char* buffer, std::size_t capacity) {
-    const std::size_t count = text.copy(buffer, capacity);
-    text.erase(0, count);
-    return static_cast<std::ptrdiff_t>(count);
-  });
-  return qv::ReadRecordsJson(source, type, kUtf8, [](const qv::JsonRemark&) {});
+  Trickle file(text, text.size());
+  qv::JsonSource source(c.file, file);
+  std::vector<AnyRecord> records;
+  qv::ReadRecordsJson(
+      source, type, kUtf8, [](const qv::Utf8Diagnostic&) {},
+      [&](AnyRecord record) { records.push_back(std::move(record)); });
+  return records;
 }
 
 /// What a record differs from a fresh one in, of what the case cares about.
@@ -129,74 +147,127 @@ json Difference(void* record, const qv::RecordType& type, const json& expected) 
 class CaseTest : public testing::TestWithParam<TestCase> {
  protected:
   void SetUp() override {
-    manager.LoadFormatConfiguration(folder.Write("formats.xml", FormatOf(GetParam())).c_str());
+    formats = folder.Write("formats.xml", FormatOf(GetParam()));
+    manager.LoadFormatConfiguration(formats.c_str());
     const std::string name = GetParam().Setting("kind", "");
     for (const qv::RecordType& known : qv::RecordTypes())
       if (known.name == name) type = &known;
     ASSERT_NE(type, nullptr) << name;
-    kind = &qv::OperationsOf(static_cast<RecordKind>(type - qv::RecordTypes().data()));
+    list = &kLists[static_cast<std::size_t>(Kind())];
     path = folder / GetParam().Setting("file", "");
   }
 
+  RecordKind Kind() const { return static_cast<RecordKind>(type - qv::RecordTypes().data()); }
+
+  int Count() { return (manager.*list->count)(); }
+
   void CheckImport(const TestCase& c) {
     folder.Write(c.Setting("file", ""), c.Text("input"));
-    EXPECT_TRUE(kind->importFile(manager, host::Path(path)));
+    EXPECT_TRUE((manager.*list->read)(host::Path(path)));
     if (c.Has("headers")) {
       std::vector<std::string> headers;
       manager.GetPartHeaders(headers);
       EXPECT_EQ(headers, c.Texts("headers"));
     }
+    std::vector<void*> records;
+    for (int index = 0; index < Count(); ++index) records.push_back(list->at(manager, index));
+    CheckRecords(c, records);
+  }
+
+  void CheckRecords(const TestCase& c, const std::vector<void*>& records) {
     if (!c.Has("records")) return;
     const std::vector<std::string> lines = c.Lines("records");
-    EXPECT_EQ(kind->count(manager), static_cast<int>(lines.size()));
-    for (int rank = 0; rank < std::min(kind->count(manager), static_cast<int>(lines.size())); ++rank) {
-      const json expected = json::parse(lines[static_cast<std::size_t>(rank)]);
-      EXPECT_EQ(Difference(kind->at(manager, rank), *type, expected).dump(), expected.dump())
-          << "record " << rank;
+    EXPECT_EQ(records.size(), lines.size());
+    for (std::size_t index = 0; index < std::min(records.size(), lines.size()); ++index) {
+      const json expected = json::parse(lines[index]);
+      EXPECT_EQ(Difference(records[index], *type, expected).dump(), expected.dump()) << "record " << index;
     }
+  }
+
+  /// Reading through the C interface; returns its remarks.
+  std::vector<std::string> CheckImportInC(const TestCase& c) {
+    qva::Manager through;
+    through.loadFormats(formats);
+    qva::Reader reader = through.read(path, static_cast<qva::Kind>(Kind()));
+    if (c.Has("headers")) {
+      std::vector<std::string> headers = reader.headers();
+      for (std::string& header : headers) header = qv::FromUtf8(header);
+      EXPECT_EQ(headers, c.Texts("headers"));
+    }
+    std::vector<AnyRecord> records;
+    std::vector<void*> pointers;
+    for (qva::Record& record : reader) {
+      c_interface::Take(record, *type, records.emplace_back(*type).Pointer());
+      pointers.push_back(records.back().Pointer());
+    }
+    CheckRecords(c, pointers);
+    return RemarksOf(through);
+  }
+
+  std::vector<std::string> CheckExportInC(const TestCase& c) {
+    qva::Manager through;
+    through.loadFormats(formats);
+    qva::Writer writer = through.write(path, static_cast<qva::Kind>(Kind()));
+    for (const AnyRecord& record : RecordsOf(c, *type)) {
+      qva::Record given(static_cast<qva::Kind>(Kind()));
+      c_interface::Give(*type, record.Pointer(), given);
+      writer.put(given);
+    }
+    writer.commit();
+    EXPECT_EQ(TemporaryFolder::Read(path), host::AsTextFile(c.Text("output")));
+    return RemarksOf(through);
   }
 
   /// Reading record by record gives what the list held.
   void CheckReading() {
     std::vector<json> held, read;
-    for (int rank = 0; rank < kind->count(manager); ++rank)
-      held.push_back(ToJson(kind->at(manager, rank), *type));
-    EXPECT_TRUE(kind->readFile(manager, host::Path(path), [&](void* record) {
-      read.push_back(ToJson(record, *type));
-      return true;
-    }));
+    for (int index = 0; index < Count(); ++index) held.push_back(ToJson(list->at(manager, index), *type));
+    AnyRecordReader reader(manager, Kind(), path.c_str());
+    while (void* const record = reader.Next()) read.push_back(ToJson(record, *type));
+    EXPECT_FALSE(reader.HasFailed());
     EXPECT_EQ(read, held);
-    EXPECT_EQ(kind->count(manager), 0);
+    EXPECT_EQ(Count(), 0);
   }
 
-  /// Records that are fed one by one give the file that attached ones give.
+  /// Records that are written one by one give the file that attached ones give.
   void CheckExport(const TestCase& c, bool singly) {
     std::vector<AnyRecord> records = RecordsOf(c, *type);
-    const ListOperations& list = Lists().at(kind->kind);
-    if (!singly)
-      for (AnyRecord& record : records) list.attach(manager, record.Release());
-    EXPECT_TRUE(!singly ? (manager.*list.write)(host::Path(path))
-                        : kind->writeFile(manager, host::Path(path), [&](const qv::TakeRecord& write) {
-                            for (const AnyRecord& record : records) write(record.Pointer());
-                            return true;
-                          }));
+    if (singly) {
+      AnyRecordWriter writer(manager, Kind(), path.c_str());
+      for (const AnyRecord& record : records) EXPECT_TRUE(writer.Put(record.Pointer()));
+      EXPECT_TRUE(writer.Commit());
+    } else {
+      for (AnyRecord& record : records) list->attach(manager, record.Release());
+      EXPECT_TRUE((manager.*list->write)(host::Path(path)));
+    }
     EXPECT_EQ(TemporaryFolder::Read(path), host::AsTextFile(c.Text("output")));
+  }
+
+  static std::string RemarkOf(std::int64_t line, const std::string& column, const std::string& code) {
+    return std::to_string(line) + " " + (column.empty() ? "-" : column) + " " + code;
   }
 
   static std::vector<std::string> RemarksOf(const DiagnosticLog& log) {
     std::vector<std::string> remarks;
     for (const Diagnostic& remark : log.Remarks) {
-      remarks.push_back(std::to_string(remark.line) + " " + (remark.column.empty() ? "-" : remark.column) +
-                        " " + DiagnosticCodeName(remark.code));
+      remarks.push_back(RemarkOf(remark.line, remark.column, DiagnosticCodeName(remark.code)));
       EXPECT_FALSE(remark.message.empty());
     }
     return remarks;
   }
 
+  static std::vector<std::string> RemarksOf(qva::Manager& through) {
+    std::vector<std::string> remarks;
+    for (const qva::Diagnostic& remark : through.takeDiagnostics())
+      remarks.push_back(RemarkOf(remark.line, remark.column, remark.code));
+    return remarks;
+  }
+
   TemporaryFolder folder;
+  std::string formats;
   CAssemblyFileMgr manager;
   const qv::RecordType* type = nullptr;
-  const qv::KindOperations* kind = nullptr;
+  const ListOperations* list = nullptr;
   std::string path;
 };
 
@@ -211,6 +282,7 @@ TEST_P(CaseTest, Holds) {
       singly ? CheckReading() : CheckImport(c);
     EXPECT_EQ(RemarksOf(log), c.Lines("diagnostics")) << (singly ? "one by one" : "as a list");
   }
+  EXPECT_EQ(c.Has("export") ? CheckExportInC(c) : CheckImportInC(c), c.Lines("diagnostics")) << "in C";
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, CaseTest, testing::ValuesIn(ReadTestCases("cases")), NameOfCase);

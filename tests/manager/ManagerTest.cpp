@@ -106,8 +106,7 @@ TEST_F(ManagerTest, CutsHeadersToTheCallersBuffer) {
   manager.GetHeaderAtRank(1, header);
   EXPECT_STREQ(header, "b");
   EXPECT_EQ(header[255], '\0');
-  manager.GetHeaderAtRank(0, header);
-  EXPECT_EQ(std::strlen(header), 255u);
+  EXPECT_EQ(Text(manager, &CAssemblyFileMgr::GetHeaderAtRank, 0), std::string(255, 'h'));
   std::vector<std::string> headers;
   manager.GetPartHeaders(headers);
   EXPECT_EQ(headers.front().size(), 300u);
@@ -164,59 +163,119 @@ TEST_F(ManagerTest, KeepsAttachedRecordsAcrossExports) {
   EXPECT_EQ(TemporaryFolder::Read(first), TemporaryFolder::Read(second));
 }
 
-// What a host does that converts a file of any length: the one manager reads while the other writes.
-struct Copying {
-  CAssemblyFileMgr& reader;
-  std::string from;
-  int left;    // how many records to ask for
-  bool gives;  // whether the feed ends well
-  RecordSink<PartInformation>* sink = nullptr;
-
-  static bool Take(PartInformation* part, void* self) {
-    auto& copying = *static_cast<Copying*>(self);
-    return copying.sink->Write(*part) && --copying.left > 0;
+TEST_F(ManagerTest, CopiesRecordByRecordAsFarAsIsWanted) {
+  const std::string file = folder.Write("a.csv", "\nname,quantity\nA,1\nB,2\nC,3\n");
+  const std::string header = "[FMT_Name=Parts]\n\"PartName\",\"PartQuantity\",\n";
+  const std::string rows = "\"A\",\"1\"\n\"B\",\"2\"\n\"C\",\"3\"\n";
+  CAssemblyFileMgr reading(manager);
+  manager.ImportAssemblyFile(Path(file));
+  for (const int wanted : {0, 2, 9}) {
+    const std::string out = folder.Write("out.csv", "as it was");
+    {
+      RecordWriter<PartInformation> writer(manager, out.c_str());
+      RecordReader<PartInformation> reader(reading, file.c_str());
+      int left = wanted;
+      for (PartInformation& part : reader) {
+        if (left-- == 0) break;
+        EXPECT_TRUE(writer.Put(part));
+        EXPECT_EQ(reader.LineNumber(), 2 + wanted - left);
+      }
+      EXPECT_EQ(reading.GetPartsCount() + manager.GetPartsCount(), 0);
+      EXPECT_EQ(reading.GetHeaderCount(), 2);
+      if (wanted > 0) {
+        EXPECT_TRUE(writer.Commit());
+        EXPECT_FALSE(writer.Commit() || writer.Put(PartInformation()));
+      }
+    }
+    const std::string all = header + rows.substr(0, static_cast<std::size_t>(std::min(wanted, 3)) * 8);
+    EXPECT_EQ(TemporaryFolder::Read(out), wanted > 0 ? host::AsTextFile(all) : "as it was");
   }
-  static bool Feed(RecordSink<PartInformation>& sink, void* self) {
-    auto& copying = *static_cast<Copying*>(self);
-    copying.sink = &sink;
-    return copying.reader.ReadAssemblyFile(Path(copying.from), Take, self) && copying.gives;
+  // Onto the file that is read, with one manager for both, which may be gone by then.
+  auto both = std::make_unique<CAssemblyFileMgr>(manager);
+  RecordReader<PartInformation> reader(*both, file.c_str());
+  RecordWriter<PartInformation> writer(*both, file.c_str());
+  both.reset();
+  for (PartInformation& part : reader) writer.Put(part);
+  EXPECT_EQ(reader.Next(), nullptr);
+  EXPECT_TRUE(!reader.HasFailed() && writer.Commit());
+  EXPECT_EQ(TemporaryFolder::Read(file), host::AsTextFile(header + rows));
+}
+
+TEST_F(ManagerTest, StreamsSayThatTheyFailed) {
+  const host::Boxes boxes;
+  DiagnosticLog log;
+  RecordReader<PartInformation> missing(manager, (folder / "missing.csv").c_str());
+  RecordReader<PartInformation> unsupported(manager, (folder / "a.doc").c_str());
+  RecordWriter<PartInformation> unwritable(manager, (folder / "no/such/folder.csv").c_str());
+  AnyRecordReader written(manager, RecordKind::JobProgress, "a.csv");
+  AnyRecordWriter read(manager, RecordKind::MaterialLibrary, (folder / "a.csv").c_str());
+  EXPECT_TRUE(missing.HasFailed() && unsupported.HasFailed() && written.HasFailed());
+  EXPECT_EQ(missing.Next(), nullptr);
+  EXPECT_EQ(unsupported.Next(), nullptr);
+  EXPECT_TRUE(unwritable.HasFailed() && read.HasFailed());
+  EXPECT_FALSE(unwritable.Put(PartInformation()) || unwritable.Commit());
+  EXPECT_EQ(log.Codes(), "file-not-opened unsupported-file-type file-not-written");
+  EXPECT_EQ(boxes.all, std::vector<std::string>{"File Format Error!"});
+}
+
+/// Counts what it is told, and ends the work at a place.
+struct Listener {
+  int calls = 0;
+  int last = 0;  // the call that cancels; 0: none
+  std::vector<std::string> told;
+
+  Listener() {
+    SetProgressHandler(
+        [](const FileProgress& progress, void* self) { return static_cast<Listener*>(self)->Take(progress); },
+        this);
+  }
+  ~Listener() { SetProgressHandler(nullptr, nullptr); }
+
+  bool Take(const FileProgress& progress) {
+    const bool isReading = progress.work == FileProgress::Work::Reading;
+    told.push_back((isReading ? "read " : "written ") + std::to_string(progress.done) + " of " +
+                   std::to_string(progress.total));
+    return ++calls != last;
   }
 };
 
-TEST_F(ManagerTest, CopiesRecordByRecordAsFarAsIsWanted) {
-  const std::string file = folder.Write("a.csv", "\nname,quantity\nA,1\nB,2\nC,3\n");
-  CAssemblyFileMgr reader(manager);
-  const std::string header = "[FMT_Name=Parts]\n\"PartName\",\"PartQuantity\",\n";
-  const struct {
-    int wanted;
-    bool gives;
-    std::string written;
-  } cases[] = {{9, true, "\"A\",\"1\"\n\"B\",\"2\"\n\"C\",\"3\"\n"},
-               {2, true, "\"A\",\"1\"\n\"B\",\"2\"\n"},
-               {1, true, "\"A\",\"1\"\n"},
-               {9, false, {}}};
-  for (const auto& c : cases) {
-    const std::string out = folder.Write("out.csv", "as it was");
-    Copying copying{reader, file, c.wanted, c.gives};
-    EXPECT_TRUE(manager.WriteAssemblyFile(Path(out), Copying::Feed, &copying));
-    EXPECT_EQ(TemporaryFolder::Read(out), c.gives ? host::AsTextFile(header + c.written) : "as it was");
-    EXPECT_EQ(reader.GetPartsCount() + manager.GetPartsCount(), 0);
-    EXPECT_EQ(reader.GetHeaderCount(), 2);
+TEST_F(ManagerTest, TellsProgressAndCanBeCancelled) {
+  constexpr int kBlock = 1 << 18;
+  std::string text = "\nname\n";
+  while (text.size() < 3 * kBlock) text += "a part with a long name, and its quantity\n";
+  const std::string file = folder.Write("a.csv", text);
+  const std::string size = std::to_string(text.size());
+  const auto rowsIn = [&](std::size_t bytes) {
+    return static_cast<int>(
+               std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(bytes), '\n')) -
+           2;
+  };
+  for (const int last : {0, 1, 2}) {
+    SCOPED_TRACE(last);
+    Listener listener;
+    listener.last = last;
+    DiagnosticLog log;
+    manager.ImportAssemblyFile(Path(file));
+    EXPECT_EQ(listener.told.front(), "read 262144 of " + size);
+    EXPECT_EQ(listener.told.back() == "read " + size + " of " + size, last == 0);
+    EXPECT_EQ(manager.GetPartsCount(), last == 0 ? rowsIn(text.size()) : last == 1 ? 0 : rowsIn(kBlock));
+    EXPECT_EQ(log.Codes().ends_with("cancelled"), last != 0);
   }
-  Copying onto{reader, file, 9, true};
-  EXPECT_TRUE(manager.WriteAssemblyFile(Path(file), Copying::Feed, &onto));
-  EXPECT_EQ(TemporaryFolder::Read(file), host::AsTextFile(header + cases[0].written));
-  // Without columns there is nothing to write, but the feed may still find that there is nothing to read.
-  manager.SetCurrentFormat("none");
-  Copying fruitless{reader, file, 9, false};
-  const std::string out = folder.Write("out.csv", "as it was");
-  EXPECT_TRUE(manager.WriteAssemblyFile(Path(out), Copying::Feed, &fruitless));
-  EXPECT_EQ(TemporaryFolder::Read(out), "as it was");
-  EXPECT_NE(fruitless.sink, nullptr);
-  EXPECT_TRUE(reader.ReadAssemblyFile(Path(file), nullptr, nullptr));
-  const host::Boxes boxes;
-  EXPECT_FALSE(reader.ReadAssemblyFile(Path(folder / "a.doc"), nullptr, nullptr));
-  EXPECT_EQ(boxes.all, std::vector<std::string>{"File Format Error!"});
+  for (const int last : {0, 1, 3}) {
+    const std::string out = folder.Write("out.csv", "as it was");
+    manager.ImportAssemblyFile(Path(file));
+    for (int index = 0; index < manager.GetPartsCount(); ++index)
+      manager.AddAndAttachPart(new PartInformation(*manager.GetPartInfoAtRank(index)));
+    Listener listener;
+    listener.last = last;
+    DiagnosticLog log;
+    EXPECT_TRUE(manager.ExportAssemblyFile(Path(out)));
+    EXPECT_TRUE(listener.told.back().starts_with("written ")) << listener.told.back();
+    EXPECT_EQ(TemporaryFolder::Read(out) == "as it was", last != 0);
+    EXPECT_EQ(log.Codes(), last != 0 ? "cancelled" : "");
+    manager = CAssemblyFileMgr();
+    manager.LoadFormatConfiguration((folder / "formats.xml").c_str());
+  }
 }
 
 TEST_F(ManagerTest, LeavesUnexportedRecordsToTheHost) {

@@ -30,6 +30,13 @@ case $format in
 esac >"$TMPDIR/exported"
 compare "only listed (left) or only exported (right)" <(listed_exports "$list") "$TMPDIR/exported"
 
+# The names of the C interface, each with the number of the interface that it came with, stay for ever.
+since=$here/../../module/exports-c.txt
+compare "a name of the C interface is only in exports-c.txt (left) or only exported (right)" \
+  <(cut -d' ' -f2 "$since" | LC_ALL=C sort) <(grep '^qva_' "$TMPDIR/exported")
+expect "the latest number in exports-c.txt" "$(cut -d' ' -f1 "$since" | sort -n | tail -n 1)" \
+  "$(sed -n 's/^#define QVA_ABI_VERSION //p' "$here/../../c/qvassembly.h")"
+
 if [ -n "$archive" ]; then
   compare "only listed (left) or only marked as public (right)" <(listed_exports "$list") <(public_in_elf "$archive")
   compare "only for Linux (left) or only for Windows (right)" \

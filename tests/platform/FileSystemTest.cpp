@@ -36,10 +36,6 @@ TEST(FileSystemTest, SaysWhyACallFailed) {
       {"a file as a folder", [&] { return !!files.Open(file + "/file", OpenMode::Read, reason); },
        "Not a directory"},
       {"removing nothing", [&] { return files.Remove(none, reason); }, "No such file or directory"},
-      {"removing no folder", [&] { return files.RemoveFolder(none, reason); }, "No such file or directory"},
-      {"removing a folder with content", [&] { return files.RemoveFolder(full, reason); },
-       "Directory not empty"},
-      {"folders below a file", [&] { return files.CreateFolders(file + "/a/b", reason); }, "Not a directory"},
       {"replacing by nothing", [&] { return files.Replace(none, file, reason); },
        "No such file or directory"},
       {"replacing a folder", [&] { return files.Replace(file, full, reason); }, "Is a directory"},
@@ -73,15 +69,14 @@ TEST(FileSystemTest, PassesEveryByteThrough) {
   EXPECT_EQ(read, bytes);
 }
 
-TEST(FileSystemTest, MakesAndRemovesFolders) {
+TEST(FileSystemTest, ReadsAFileOrItsStart) {
   const TemporaryFolder folder;
-  qv::FileSystem& files = PlatformFiles();
+  const std::string bytes(100'000, 'x'), path = folder.Write("a", bytes);
   std::string reason;
-  EXPECT_TRUE(files.CreateFolders(folder / "a/b/c", reason)) << reason;
-  EXPECT_TRUE(files.CreateFolders(folder / "a/b/c", reason)) << "again: " << reason;
-  EXPECT_FALSE(files.RemoveFolder(folder / "a/b", reason)) << "not empty";
-  EXPECT_TRUE(files.RemoveFolder(folder / "a/b/c", reason)) << reason;
-  EXPECT_FALSE(files.Exists(folder / "a/b/c"));
+  EXPECT_EQ(qv::ReadFile(path, reason), bytes);
+  EXPECT_EQ(qv::ReadFile(path, reason, 7), "xxxxxxx");
+  EXPECT_EQ(qv::ReadFile(folder / "none", reason), std::nullopt);
+  EXPECT_NE(reason, "");
 }
 
 TEST(FileSystemTest, KnowsTheRunningProgram) {

@@ -11,7 +11,7 @@ namespace {
 
 TEST(HandlersTest, EveryDiagnosticCodeHasANameOfItsOwn) {
   std::set<std::string> names;
-  const int last = static_cast<int>(DiagnosticCode::EndOfText);
+  const int last = static_cast<int>(DiagnosticCode::Cancelled);
   for (int code = 0; code <= last; ++code) {
     const std::string name = DiagnosticCodeName(static_cast<DiagnosticCode>(code));
     EXPECT_NE(name, "unknown") << code;
@@ -22,7 +22,7 @@ TEST(HandlersTest, EveryDiagnosticCodeHasANameOfItsOwn) {
 }
 
 TEST(HandlersDeathTest, AnInvalidParameterEndsTheProcess) {
-  EXPECT_DEATH(qv::InvalidParameter("a rank outside the list"), "");
+  EXPECT_DEATH(qv::InvalidParameter("an index outside the list"), "");
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace {
 
 std::string Letters(std::size_t length) {
   std::string text;
-  for (std::size_t rank = 0; rank < length; ++rank) text += static_cast<char>('a' + rank % 26);
+  for (std::size_t index = 0; index < length; ++index) text += static_cast<char>('a' + index % 26);
   return text;
 }
 
@@ -30,7 +30,6 @@ TEST(CStringTest, KeepsTextsOfAnyLength) {
     const std::string text = Letters(length);
     ExpectText(CString(text.c_str()), text);
     ExpectText(CString(std::string_view(text)), text);
-    ExpectText(CString((text + "more").c_str(), static_cast<int>(length)), text);
     CString assigned("something else that is long enough");
     assigned = text.c_str();
     ExpectText(assigned, text);
@@ -41,12 +40,9 @@ TEST(CStringTest, NullIsAnEmptyText) {
   const char* none = nullptr;
   CString text(none);
   ExpectText(text, "");
-  ExpectText(CString(none, 5), "");
-  ExpectText(CString("text", -1), "");
   text += none;
-  ExpectText(text + none, "");
   EXPECT_TRUE(text == none);
-  EXPECT_EQ(text.Compare(nullptr), 0);
+  text = "text";
   text = none;
   ExpectText(text, "");
 }
@@ -68,33 +64,32 @@ TEST(CStringTest, CopiesAndMovesLeaveTheOtherSideWhole) {
   }
 }
 
-TEST(CStringTest, LongCopiesShareTheirCharactersUntilOneChanges) {
-  const std::string text = Letters(100);
-  const CString source(text.c_str());
-  CString copy(source);
+TEST(CStringTest, LongCopiesShareTheirCharacters) {
+  const CString source(Letters(100).c_str());
+  const CString copy(source);
   EXPECT_EQ(copy.GetString(), source.GetString());
-  copy.SetAt(0, 'X');
-  EXPECT_NE(copy.GetString(), source.GetString());
-  ExpectText(copy, "X" + text.substr(1));
-  ExpectText(source, text);
 }
 
+// Texts that were appended to, as a buffer may have room for more then.
 TEST(CStringTest, EveryChangeStaysInItsOwnCopy) {
   using Change = void (*)(CString&);
   const std::vector<Change> changes = {
-      [](CString& text) { text.SetAt(1, '!'); }, [](CString& text) { text += "!"; },
-      [](CString& text) { text += '!'; },        [](CString& text) { text += text; },
-      [](CString& text) { text.MakeUpper(); },   [](CString& text) { text.Trim(); },
-      [](CString& text) { text.Empty(); },       [](CString& text) { text = text.GetString() + 3; },
+      [](CString& text) { text += "!"; },
+      [](CString& text) { text += text; },
+      [](CString& text) { text += Letters(200).c_str(); },
+      [](CString& text) { text = text.GetString() + 3; },
+      [](CString& text) { text = "another"; },
   };
-  for (const std::size_t length : {std::size_t{5}, std::size_t{14}, std::size_t{40}}) {
-    const std::string text = " " + Letters(length);
+  for (const std::size_t length : {5, 14, 15, 40, 4000}) {
     for (const Change change : changes) {
-      const CString source(text.c_str());
-      CString copy(source);
+      CString source(Letters(length).c_str());
+      source += "+";
+      CString copy(source), other(source);
       change(copy);
       EXPECT_FALSE(copy == source);
-      ExpectText(source, text);
+      change(other);
+      EXPECT_TRUE(other == copy);
+      ExpectText(source, Letters(length) + "+");
     }
   }
 }
@@ -102,11 +97,10 @@ TEST(CStringTest, EveryChangeStaysInItsOwnCopy) {
 TEST(CStringTest, AppendingBuildsTheWholeText) {
   CString text;
   std::string expected;
-  for (int round = 0; round < 500; ++round) {
+  for (int round = 0; round < 100; ++round) {
     const std::string piece = Letters(static_cast<std::size_t>(round) % 7);
     text += piece.c_str();
-    text += ';';
-    expected += piece + ';';
+    expected += piece;
     ASSERT_STREQ(text.GetString(), expected.c_str());
   }
   ExpectText(text, expected);
@@ -117,119 +111,32 @@ TEST(CStringTest, AppendingBuildsTheWholeText) {
   }
 }
 
-TEST(CStringTest, JoinsTexts) {
-  const CString a("left");
-  const CString b(" and a right part that is long");
-  ExpectText(a + b, "left and a right part that is long");
-  ExpectText(a + " side", "left side");
-  ExpectText("the " + a, "the left");
-  ExpectText(a + '!', "left!");
-}
-
-TEST(CStringTest, ComparesByByte) {
-  struct Case {
-    const char* a;
-    const char* b;
-    int order;
-  };
-  const std::vector<Case> cases = {
-      {"", "", 0},         {"", "a", -1},
-      {"a", "b", -1},      {"B", "a", -1},
-      {"a", "aa", -1},     {"\xe9", "z", 1},
-      {"same", "same", 0}, {"a text beyond the object", "a text beyond the objecT", 1},
-  };
-  const auto sign = [](int value) { return value < 0 ? -1 : value > 0 ? 1 : 0; };
-  for (const Case& c : cases) {
-    const CString a(c.a), b(c.b);
-    EXPECT_EQ(sign(a.Compare(c.b)), c.order) << c.a << " " << c.b;
-    EXPECT_EQ(a == b, c.order == 0);
-    EXPECT_EQ(a != c.b, c.order != 0);
-    EXPECT_EQ(c.a == b, c.order == 0);
-    EXPECT_EQ(a < b, c.order < 0);
-    EXPECT_EQ(a > c.b, c.order > 0);
-    EXPECT_EQ(c.a < b, c.order < 0);
-  }
-}
-
-TEST(CStringTest, ComparesWithoutCaseInAscii) {
-  EXPECT_EQ(CString("PartName").CompareNoCase("pARTnAME"), 0);
-  EXPECT_LT(CString("PartName").CompareNoCase("partnumber"), 0);
-  EXPECT_GT(CString("z").CompareNoCase("A"), 0);
-  EXPECT_NE(CString("\xe9").CompareNoCase("\xc9"), 0);
-  EXPECT_GT(CString("ab").CompareNoCase("A"), 0);
-}
-
-TEST(CStringTest, PartsAreDrawnToTheEndsOfTheText) {
-  const CString text("0123456789abcdefghij");
-  ExpectText(text.Left(3), "012");
-  ExpectText(text.Left(-1), "");
-  ExpectText(text.Left(99), text.GetString());
-  ExpectText(text.Right(2), "ij");
-  ExpectText(text.Right(99), text.GetString());
-  ExpectText(text.Mid(18), "ij");
-  ExpectText(text.Mid(2, 17), "23456789abcdefghi");
-  ExpectText(text.Mid(-5, 2), "01");
-  ExpectText(text.Mid(20, 1), "");
-  ExpectText(text.Mid(30), "");
-}
-
-TEST(CStringTest, FindsFromAPosition) {
-  const CString text("one;two;three");
-  EXPECT_EQ(text.Find(';'), 3);
-  EXPECT_EQ(text.Find(';', 4), 7);
-  EXPECT_EQ(text.Find(';', 8), -1);
-  EXPECT_EQ(text.Find("two"), 4);
-  EXPECT_EQ(text.Find("Two"), -1);
-  EXPECT_EQ(text.Find("e", 99), -1);
-  EXPECT_EQ(text.ReverseFind(';'), 7);
-  EXPECT_EQ(text.ReverseFind('x'), -1);
-}
-
-TEST(CStringTest, TrimsAndChangesCase) {
-  ExpectText(CString(" \t a b \r\n").Trim(), "a b");
-  ExpectText(CString("  x  ").TrimLeft(), "x  ");
-  ExpectText(CString("  x  ").TrimRight(), "  x");
-  ExpectText(CString(" \t ").Trim(), "");
-  ExpectText(CString("Thickness 2mm of \xe9toffe").MakeUpper(), "THICKNESS 2MM OF \xe9TOFFE");
-  ExpectText(CString("SHELF").MakeLower(), "shelf");
-}
-
-TEST(CStringTest, PositionsOutsideReadAsNulAndAreNotWritten) {
-  for (const char* given : {"abc", "a text that lies outside the object"}) {
-    CString text(given);
-    const int length = text.GetLength();
-    EXPECT_EQ(text[0], 'a');
-    for (const int position : {-1, length, length + 1}) {
-      EXPECT_EQ(text.GetAt(position), '\0');
-      text.SetAt(position, 'X');
-    }
-    ExpectText(text, given);
-  }
-}
-
-TEST(CStringTest, KeepsNulBytesInside) {
-  const std::string text("a\0b", 3);
-  const CString kept(text.data(), 3);
+TEST(CStringTest, ComparesByByteAndKeepsNulBytesInside) {
+  EXPECT_TRUE(CString("text") == "text");
+  EXPECT_TRUE("text" == CString("text"));
+  EXPECT_TRUE(CString("text") != "Text");
+  EXPECT_TRUE(CString("a text beyond the object") != CString("a text beyond the objecT"));
+  const CString kept(std::string_view("a\0b", 3));
   EXPECT_EQ(kept.GetLength(), 3);
-  EXPECT_EQ(kept[2], 'b');
+  EXPECT_EQ(kept.GetString()[2], 'b');
   EXPECT_FALSE(kept == CString("a"));
 }
 
 TEST(CStringTest, CopiesAreUsedByManyThreadsAtOnce) {
   const std::string text = Letters(64);
   const CString source(text.c_str());
-  const auto work = [&source, &text](char mark) {
+  const auto work = [&source, &text](const char* mark) {
     for (int round = 0; round < 20000; ++round) {
       CString copy(source);
       CString second = copy;
-      second.SetAt(round % 64, mark);
       copy += mark;
-      if (second[round % 64] != mark || copy.GetLength() != 65) ADD_FAILURE();
+      second = copy;
+      if (second.GetString()[64] != *mark || copy.GetLength() != 65) ADD_FAILURE();
       if (round % 1000 == 0) ExpectText(CString(source), text);
     }
   };
   std::vector<std::thread> threads;
-  for (char mark = '0'; mark < '4'; ++mark) threads.emplace_back(work, mark);
+  for (const char* mark : {"0", "1", "2", "3"}) threads.emplace_back(work, mark);
   for (std::thread& thread : threads) thread.join();
   ExpectText(source, text);
 }

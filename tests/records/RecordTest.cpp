@@ -1,35 +1,29 @@
-// Every field of every record, through the tables that know them all.
+// Every field of every record, through the tables that name them all.
 
-#include "cli/RecordFields.h"
 #include "engines/columns/ColumnTables.h"
+#include "engines/columns/RecordFields.h"
+#include "engines/columns/Words.h"
 #include "records/FixedText.h"
 #include "tests/support/FilledRecord.h"
+#include "text/Ascii.h"
 
 #include <QVAssemblyFile/PrtInfo.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
+#include <limits>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
+#include <utility>
 
 namespace qv {
 namespace {
 
 using Values = std::vector<std::string>;
-
-// A list is the number of its elements, followed by what they hold.
-Values Read(void* record, const RecordType& type) {
-  Values values;
-  for (const RecordField& field : type.fields) {
-    values.push_back(GetText(record, field));
-    if (field.type != FieldType::List) continue;
-    for (const AnyRecord& element : field.getList(record))
-      for (const std::string& value : Read(element.Pointer(), element.Type())) values.back() += " " + value;
-  }
-  return values;
-}
 
 // What a new record reads where it is not 0, false or empty.
 const std::map<std::string_view, std::string> kDefaults = {
@@ -72,10 +66,12 @@ TYPED_TEST(RecordTest, StartsWithItsDefaultsWhateverLayInItsStorage) {
 
 TYPED_TEST(RecordTest, EachFieldKeepsItsOwnValue) {
   TypeParam record;
-  Values expected = Read(&record, this->type_);
-  for (std::size_t rank = 0; rank < expected.size(); ++rank) {
-    expected[rank] = FillField(&record, this->type_.fields[rank], 2 * static_cast<int>(rank) + 1);
-    EXPECT_EQ(Read(&record, this->type_), expected) << this->type_.fields[rank].stem;
+  Values expected = ReadRecord(&record, this->type_);
+  for (std::size_t index = 0; index < expected.size(); ++index) {
+    const RecordField& field = this->type_.fields[index];
+    FillField(&record, field, 2 * static_cast<int>(index) + 1);
+    EXPECT_NE(std::exchange(expected[index], ReadField(&record, field)), expected[index]) << field.stem;
+    EXPECT_EQ(ReadRecord(&record, this->type_), expected) << field.stem;
   }
 }
 
@@ -89,8 +85,8 @@ TYPED_TEST(RecordTest, CopiesOutliveTheirSource) {
   assigned = itself;
   FillRecord(source.get(), this->type_, 90);
   source.reset();
-  EXPECT_EQ(Read(&copied, this->type_), written);
-  EXPECT_EQ(Read(&assigned, this->type_), written);
+  EXPECT_EQ(ReadRecord(&copied, this->type_), written);
+  EXPECT_EQ(ReadRecord(&assigned, this->type_), written);
 }
 
 TYPED_TEST(RecordTest, TextsAreCutAtTheirCapacity) {
@@ -98,10 +94,29 @@ TYPED_TEST(RecordTest, TextsAreCutAtTheirCapacity) {
     if (field.capacity == 0) continue;
     for (const std::size_t length : {std::size_t{0}, field.capacity, field.capacity + 1}) {
       TypeParam record;
-      field.set(&record, std::string(length, 'x'));
+      const std::string text(length, 'x');
+      field.set(&record, text);
       EXPECT_EQ(GetText(&record, field), std::string(std::min(length, field.capacity), 'x')) << field.stem;
     }
   }
+}
+
+template <class Record>
+void ExpectTextHasTheGettersSize(void (Record::*getter)(char*), void (Record::*setter)(const char*)) {
+  Record record;
+  (record.*setter)(std::string(300, 'x').c_str());
+  std::string buffer(Record::kTextSize + 1, '#');
+  (record.*getter)(buffer.data());
+  EXPECT_EQ(buffer, std::string(Record::kTextSize - 1, 'x') + std::string("\0#", 2));
+  EXPECT_EQ(Text(record, getter), std::string(Record::kTextSize - 1, 'x'));
+}
+
+TEST(TextTest, BringsABufferOfTheGettersSize) {
+  ExpectTextHasTheGettersSize(&PartInformation::GetPartName, &PartInformation::SetPartName);
+  ExpectTextHasTheGettersSize(&ToolInformation::GetToolName, &ToolInformation::SetToolName);
+  ExpectTextHasTheGettersSize(&MaterialInfomation::GetMatFile, &MaterialInfomation::SetMatFile);
+  ExpectTextHasTheGettersSize(&ShtInfo::GetSheetName, &ShtInfo::SetSheetName);
+  ExpectTextHasTheGettersSize(&PrtInfo::GetPartName, &PrtInfo::SetPartName);
 }
 
 TEST(FixedTextTest, KeepsToItsBuffersAndTheCallers) {
@@ -123,17 +138,6 @@ TEST(FixedTextTest, KeepsToItsBuffersAndTheCallers) {
   EXPECT_EQ(text.View(), "yyyyyyy");
 }
 
-TEST(PrtInfoTest, AListThatIsAskedForIsReplaced) {
-  PrtInfo record;
-  std::vector<UsedToolInfo> tools(2);
-  record.GetUsedToolInfo(tools);
-  std::vector<HoleInfo> holes(2);
-  record.GetHoleInfo(holes);
-  std::vector<BendInfo> bends(2);
-  record.GetBendInfo(bends);
-  EXPECT_EQ(tools.size() + holes.size() + bends.size(), 0U);
-}
-
 TEST(ToolInformationTest, PunchConditionsAreKeptWholeAndNeverNull) {
   ToolInformation tool;
   const std::string text(5000, 'p');
@@ -144,10 +148,100 @@ TEST(ToolInformationTest, PunchConditionsAreKeptWholeAndNeverNull) {
   EXPECT_EQ(tool.GetToolPunchConditionString(), text.substr(4970));
 }
 
-TEST(RecordTableTest, HoldsEveryFieldOfEveryRecord) {
+// What a format names must not depend on the order of the rows.
+TEST(RecordTableTest, HoldsEveryFieldOnceAndEveryKeywordOnceInEachDirection) {
   std::vector<std::size_t> counts;
-  for (const RecordType& type : RecordTypes()) counts.push_back(type.fields.size());
+  for (const RecordType& type : RecordTypes()) {
+    std::set<std::string> stems, read, written;
+    for (const RecordField& field : type.fields) {
+      EXPECT_TRUE(stems.emplace(field.stem).second) << field.stem;
+      for (const FieldColumn& column : field.columns) {
+        std::string keyword(column.keyword);
+        std::transform(keyword.begin(), keyword.end(), keyword.begin(), ToLower);
+        EXPECT_TRUE(!column.IsRead() || read.insert(keyword).second) << type.name << " " << keyword;
+        EXPECT_TRUE(!column.IsWritten() || written.insert(keyword).second) << type.name << " " << keyword;
+      }
+    }
+    counts.push_back(type.fields.size());
+  }
   EXPECT_EQ(counts, (std::vector<std::size_t>{43, 12, 114, 14, 30, 7, 10, 8}));
+}
+
+TEST(RecordTableTest, SaysWhatIsKnownOfAColumn) {
+  const auto field = [](RecordKind kind, const char* stem) { return FindField(RecordTypeOf(kind), stem); };
+  const RecordField& name = *field(RecordKind::Parts, "PartName");
+  EXPECT_EQ(name.capacity, PartInformation::kTextSize - 1);
+  EXPECT_EQ(name.columns[0].readAs, CellForm::Text);
+  EXPECT_EQ(field(RecordKind::Parts, "EstimateTime")->columns[0].writtenAs, CellForm::Duration);
+  EXPECT_EQ(field(RecordKind::PartPrograms, "PartSizeX")->columns[0].decimals, 3);
+  EXPECT_FALSE(field(RecordKind::PartPrograms, "PartSizeX")->IsRead());
+  EXPECT_EQ(field(RecordKind::PartPrograms, "HoleInfo")->elements->fields[1].capacity, 259U);
+  EXPECT_EQ(field(RecordKind::Tools, "ToolType")->columns[0].readWords, &kToolTypes);
+  const RecordField& thickness = *field(RecordKind::MaterialLibrary, "Thickness");
+  EXPECT_EQ(FindFieldOfColumn(RecordTypeOf(RecordKind::MaterialLibrary), "materialthickness"), &thickness);
+  EXPECT_EQ(FindFieldOfColumn(RecordTypeOf(RecordKind::Sheets), "thickness"), nullptr);
+}
+
+TEST(RecordTableTest, NumbersAreAsShortAsTheyCanBe) {
+  const auto text = [](const char* stem, FieldValue value) {
+    const AnyRecord record(RecordTypeOf(RecordKind::PartPrograms));
+    const RecordField& field = *FindField(record.Type(), stem);
+    field.set(record.Pointer(), value);
+    return GetText(record.Pointer(), field);
+  };
+  EXPECT_EQ(text("PartSizeX", 0.1f + 0.2f), "0.3");
+  EXPECT_EQ(text("PartSizeX", 16777216.0f), "16777216");
+  EXPECT_EQ(text("EstimateTime", 0.1 + 0.2), "0.30000000000000004");
+  EXPECT_EQ(text("EstimateTime", -std::numeric_limits<double>::infinity()), "-inf");
+}
+
+template <class Record>
+std::string Held(Record& record, const char* stem) {
+  return GetText(&record, *FindField(RecordTypeOf(KindTraits<Record>::kKind), stem));
+}
+
+// One pair of accessors of each shape, and those that are unlike the others; macros make the rest.
+TEST(AccessorTest, PairsReachTheFieldThatTheyAreNamedFor) {
+  PartInformation part;
+  part.SetFullPathName("a/b");
+  part.SetStackTableId(7);
+  part.SetPriority(8);
+  part.SetPartQuantity(9);
+  part.SetEstimateTime(2.5);
+  part.SetIsBinIDAvailable(true);
+  EXPECT_EQ(Held(part, "FullPathName"), Text(part, &PartInformation::GetFullPathNameA));
+  EXPECT_EQ(Held(part, "FullPathName"), "a/b");
+  EXPECT_EQ(Held(part, "StackTableId") + Held(part, "Priority") + Held(part, "PartQuantity"), "789");
+  EXPECT_EQ(part.StackTableId() * 100 + part.GetPriority() * 10 + part.GetPartQuantity(), 789);
+  EXPECT_EQ(Held(part, "EstimateTime"), "2.5");
+  EXPECT_EQ(part.GetEstimateTime(), 2.5);
+  EXPECT_EQ(Held(part, "IsBinIDAvailable"), "true");
+  EXPECT_TRUE(part.GetIsBinIDAvailable());
+
+  MaterialInfomation material;
+  material.SetMJTool("a tool");
+  material.SetInLeadInLength(1.5f);
+  EXPECT_EQ(Held(material, "MJTool"), material.GetMJTool().GetString());
+  EXPECT_EQ(Held(material, "MJTool"), "a tool");
+  EXPECT_EQ(Held(material, "InLeadInLength"), "1.5");
+  EXPECT_EQ(material.GetInLeadInLength(), 1.5f);
+
+  JobProgressInfo progress;
+  progress.SetJobName("a job");
+  EXPECT_EQ(Held(progress, "JobName"), progress.GetJobName().GetString());
+  EXPECT_EQ(Held(progress, "JobName"), "a job");
+}
+
+TEST(AccessorTest, ListsAreCopiedBothWays) {
+  PrtInfo program;
+  std::vector<BendInfo> bends(3);
+  std::strcpy(bends[2].BendType, "V");
+  program.SetBendInfo(bends);
+  bends.assign(1, {});
+  EXPECT_EQ(Held(program, "BendInfo") + Held(program, "HoleInfo"), "30");
+  program.GetBendInfo(bends);  // in place of what the list held
+  ASSERT_EQ(bends.size(), 3U);
+  EXPECT_STREQ(bends[2].BendType, "V");
 }
 
 }  // namespace

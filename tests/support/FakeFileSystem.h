@@ -80,17 +80,6 @@ class FakeFileSystem final : public qv::FileSystem {
 
   bool Exists(const std::string& path) override { return Contents.contains(path) || Folders.contains(path); }
 
-  bool CreateFolders(const std::string& path, std::string& reason) override {
-    if (Fails("create-folders " + path, reason)) return false;
-    Folders.insert(path);
-    return true;
-  }
-
-  bool RemoveFolder(const std::string& path, std::string& reason) override {
-    if (Fails("remove-folder " + path, reason)) return false;
-    return Folders.erase(path) > 0 || Refuse("No such file or directory", reason);
-  }
-
  private:
   class File final : public qv::OpenFile {
    public:

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "platform/FileSystem.h"
-#include "platform/SpreadsheetApplication.h"
+#include "platform/spreadsheet/SpreadsheetApplication.h"
 
 #include <algorithm>
 #include <cctype>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -40,6 +41,7 @@ class FakeSpreadsheet final {
 
   bool Installed = true;
   std::vector<std::string> NewSheets = {"Sheet1", "Sheet2", "Sheet3"};  ///< of a new workbook
+  std::string Refused = "\x1B";                                         ///< the text that no cell takes
   std::vector<std::string> Calls;  ///< "start", "open a.xls", "read 2 1", ...
   int Objects = 0;                 ///< applications, workbooks and sheets that are still held
   int Running = 0;                 ///< applications that were started and have not quit
@@ -107,8 +109,8 @@ class FakeSpreadsheet final {
 
   class FakeSheet final : public qv::Worksheet, Held {
    public:
-    FakeSheet(FakeSpreadsheet& fake, Book& book, std::size_t rank)
-        : Held(fake), book_(book), name_(book.sheets[rank].name) {}
+    FakeSheet(FakeSpreadsheet& fake, Book& book, std::size_t index)
+        : Held(fake), book_(book), name_(book.sheets[index].name) {}
 
     std::int32_t UsedRows() override {
       fake_.Step("used-rows");
@@ -118,18 +120,28 @@ class FakeSpreadsheet final {
       fake_.Step("used-columns");
       return Used([](const auto& place) { return place.second; });
     }
+    std::int32_t FirstUsedRow() override {
+      fake_.Step("first-used-row");
+      return Cells().empty() ? 1 : Cells().begin()->first.first;
+    }
     std::string ReadCell(std::int32_t row, std::int32_t column) override {
       fake_.Step("read " + At(row, column));
       const auto cell = Cells().find({row, column});
       return cell == Cells().end() ? std::string() : cell->second;
     }
-    void WriteCell(std::int32_t row, std::int32_t column, std::string_view text) override {
-      fake_.Step("write " + At(row, column));
-      Put(book_.sheets[Rank()], row, column, std::string(text));
+    void WriteCell(std::int32_t row, std::int32_t column, std::string_view text,
+                   std::optional<double> number) override {
+      fake_.Step((number ? "write-number " : "write ") + At(row, column));
+      if (text == fake_.Refused) throw qv::CellRefused(row, column, text, "it looks like a formula");
+      Put(book_.sheets[Index()], row, column, std::string(text));
+    }
+    void Flush() override { fake_.Step("flush"); }
+    void FormatAsText(std::int32_t column) override {
+      fake_.Calls.emplace_back("format-as-text " + std::to_string(column));
     }
     void Activate() override {
       fake_.Calls.emplace_back("activate " + name_);
-      book_.active = Rank();
+      book_.active = Index();
     }
 
    private:
@@ -137,12 +149,12 @@ class FakeSpreadsheet final {
       if (row < 1 || column < 1) throw qv::SpreadsheetError("there is no such cell");
       return std::to_string(row) + " " + std::to_string(column);
     }
-    std::size_t Rank() const {
-      std::size_t rank = 0;
-      while (book_.sheets[rank].name != name_) ++rank;
-      return rank;
+    std::size_t Index() const {
+      std::size_t index = 0;
+      while (book_.sheets[index].name != name_) ++index;
+      return index;
     }
-    std::map<std::pair<int, int>, std::string>& Cells() { return book_.sheets[Rank()].cells; }
+    std::map<std::pair<int, int>, std::string>& Cells() { return book_.sheets[Index()].cells; }
 
     template <class Coordinate>
     std::int32_t Used(Coordinate coordinate) {
@@ -167,19 +179,19 @@ class FakeSpreadsheet final {
     }
     std::unique_ptr<qv::Worksheet> FindSheet(const char* name) override {
       fake_.Step("find-sheet " + std::string(name));
-      for (std::size_t rank = 0; rank < book_.sheets.size(); ++rank)
-        if (AreEqualIgnoringCase(book_.sheets[rank].name, name))
-          return std::make_unique<FakeSheet>(fake_, book_, rank);
+      for (std::size_t index = 0; index < book_.sheets.size(); ++index)
+        if (AreEqualIgnoringCase(book_.sheets[index].name, name))
+          return std::make_unique<FakeSheet>(fake_, book_, index);
       return nullptr;
     }
-    // The new sheet stands before the active one and takes its place.
     std::unique_ptr<qv::Worksheet> AddSheet() override {
       fake_.Step("add-sheet");
       // Named as the application names them: "Sheet4" or, in another language, "Tabelle4".
       std::string name = book_.sheets.front().name;
       while (std::isdigit(static_cast<unsigned char>(name.back())) != 0) name.pop_back();
       name += std::to_string(book_.sheets.size() + 1);
-      book_.sheets.insert(book_.sheets.begin() + static_cast<std::ptrdiff_t>(book_.active), {name, {}});
+      book_.sheets.push_back({name, {}});
+      book_.active = book_.sheets.size() - 1;
       return std::make_unique<FakeSheet>(fake_, book_, book_.active);
     }
     void SaveAs(const std::string& path) override {

@@ -33,11 +33,7 @@ class Boxes {
   std::vector<std::string> all;
 };
 
-inline std::string NameOf(PartInformation* part) {
-  char name[256];
-  part->GetPartName(name);
-  return name;
-}
+inline std::string NameOf(PartInformation* part) { return Text(*part, &PartInformation::GetPartName); }
 
 /// The manager takes paths as char*, though it does not change them.
 inline char* Path(const std::string& path) { return const_cast<char*>(path.c_str()); }

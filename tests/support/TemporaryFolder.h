@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-/// A folder of a test's own, removed with everything in it.
+/// A folder of a test's own, removed with everything in it. Names of entries are UTF-8.
 class TemporaryFolder {
  public:
   TemporaryFolder() {
@@ -25,8 +25,11 @@ class TemporaryFolder {
   /// The path of an entry, which need not exist.
   std::string operator/(const std::string& name) const { return (path_ / name).string(); }
 
+  /// Makes the folders that a name such as "a/b.txt" needs.
   std::string Write(const std::string& name, std::string_view bytes) const {
-    std::ofstream(path_ / name, std::ios::binary) << bytes;
+    const std::filesystem::path path = path_ / std::u8string(name.begin(), name.end());
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << bytes;
     return *this / name;
   }
 
@@ -39,7 +42,8 @@ class TemporaryFolder {
   std::set<std::string> Names() const {
     std::set<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(path_)) {
-      names.insert(entry.path().filename().string());
+      const std::u8string name = entry.path().filename().u8string();
+      names.emplace(name.begin(), name.end());
     }
     return names;
   }

@@ -1,22 +1,51 @@
+#include "platform/windows/Handle.h"
 #include "support/DiagnosticLog.h"
 #include "support/Host.h"
-#include "tests/windows/HeldFile.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <string>
+#include <thread>
 
 namespace {
 
 using host::Path;
-using Sharing = HeldFile::Sharing;
-
 constexpr const char* kFormats = R"(<?xml version="1.0" encoding="UTF-8"?>
 <CSVOptionSetting Current="Parts"><OptionForm Name="Parts" Line="2" Delimiters="Semicolon" Qualifier="2" Part="Name">
 <PartName Order="0"/><PartQuantity Order="1"/></OptionForm></CSVOptionSetting>)";
 
 constexpr const char* kParts = "[FMT_Name=Parts]\r\nName;Quantity\r\nplate;4\r\nlid;1\r\n";
+
+enum class Sharing { Shared, Exclusive };
+
+/// A file that somebody has open while this lives: who it is does not matter to the system.
+class HeldFile {
+ public:
+  HeldFile(const std::string& path, Sharing sharing)
+      : file_(CreateFileA(path.c_str(), GENERIC_READ,
+                          sharing == Sharing::Shared ? FILE_SHARE_READ | FILE_SHARE_WRITE : 0, nullptr,
+                          OPEN_EXISTING, 0, nullptr)) {
+    EXPECT_TRUE(file_.IsOpen()) << path;
+  }
+
+  void LetGo() { file_.Close(); }
+
+ private:
+  qv::Handle file_;
+};
+
+/// Calls `work` while the file is held, which is not for long.
+template <class Work>
+void WhileHeldShortly(const std::string& path, Work work) {
+  HeldFile held(path, Sharing::Shared);
+  std::thread holder([&] {
+    Sleep(150);
+    held.LetGo();
+  });
+  work();
+  holder.join();
+}
 
 class DataFileTest : public testing::Test {
  protected:
@@ -25,8 +54,8 @@ class DataFileTest : public testing::Test {
   std::string Import(const std::string& path) {
     EXPECT_TRUE(manager_.ImportAssemblyFile(Path(path)));
     std::string parts;
-    for (int rank = 0; rank < manager_.GetPartsCount(); ++rank) {
-      PartInformation* part = manager_.GetPartInfoAtRank(rank);
+    for (int index = 0; index < manager_.GetPartsCount(); ++index) {
+      PartInformation* part = manager_.GetPartInfoAtRank(index);
       parts += host::NameOf(part) + "*" + std::to_string(part->GetPartQuantity()) + " ";
     }
     return parts;
@@ -79,15 +108,11 @@ TEST_F(DataFileTest, KeepsAFileThatAnotherProcessHoldsAndSaysSo) {
 
 TEST_F(DataFileTest, WaitsForAProcessThatLetsGoSoon) {
   const std::string path = folder_.Write("parts.txt", kParts);
-  {
-    const HeldFile held(path, Sharing::Shared, 150);
-    const DiagnosticLog log;
-    EXPECT_TRUE(Export(path));
-    EXPECT_EQ(log.Codes(), "");
-  }
+  const DiagnosticLog log;
+  WhileHeldShortly(path, [&] { EXPECT_TRUE(Export(path)); });
+  EXPECT_EQ(log.Codes(), "");
   EXPECT_EQ(Import(path), "bracket*7 ");
-  const HeldFile held(path, Sharing::Shared, 150);
-  manager_.SetCurrentFormatToFile("Other", path.c_str());
+  WhileHeldShortly(path, [&] { manager_.SetCurrentFormatToFile("Other", path.c_str()); });
   EXPECT_TRUE(TemporaryFolder::Read(path).starts_with("[FMT_Name=Other]\r\n"));
 }
 
@@ -96,17 +121,23 @@ TEST_F(DataFileTest, TakesTextAsTextFilesHereHoldIt) {
     const char* why;
     std::string text;
     const char* parts;
+    std::int64_t end = 0;  // the line in which the text is told to end
   } cases[] = {
       {"line ends of both kinds", "x\nName;Quantity\r\na;1\nb;2\r\n", "a*1 b*2 "},
       {"a last line without an end", "x\r\nName;Quantity\r\na;1", "a*1 "},
-      {"an end-of-file character ends the text", "x\r\nName;Quantity\r\na;1\r\n\x1A\r\nb;2\r\n", "a*1 "},
-      {"also within a line", "x\r\nName;Quantity\r\na;1\r\nb;2\x1A;3\r\nc;3\r\n", "a*1 b*2 "},
+      {"an end-of-file character ends the text", "x\r\nName;Quantity\r\na;1\r\n\x1A\r\nb;2\r\n", "a*1 ", 3},
+      {"also within a line", "x\r\nName;Quantity\r\na;1\r\nb;2\x1A;3\r\nc;3\r\n", "a*1 b*2 ", 4},
       {"and behind the last line", "x\r\nName;Quantity\r\na;1\r\n\x1A", "a*1 "},
       {"a carriage return alone is a character", "x\r\nName;Quantity\r\na\rb;1\r\n", "a\rb*1 "},
   };
   for (const auto& test : cases) {
     SCOPED_TRACE(test.why);
+    const DiagnosticLog log;
     EXPECT_EQ(Import(folder_.Write("parts.txt", test.text)), test.parts);
+    std::int64_t end = 0;
+    for (const Diagnostic& remark : log.Remarks)
+      if (remark.code == DiagnosticCode::EndOfText) end = remark.line;
+    EXPECT_EQ(end, test.end);
   }
 }
 
@@ -118,15 +149,15 @@ TEST_F(DataFileTest, RenamingKeepsWhatStandsBehindTheTextsEnd) {
 
 // The longest path that programs here are used to.
 TEST_F(DataFileTest, WorksAtPathsOf259Characters) {
-  constexpr std::size_t kLongest = 259;
+  constexpr std::size_t kMaxPath = 259;
   for (const std::size_t nameLength : {std::size_t{12}, std::size_t{100}}) {
     std::filesystem::path deep = folder_ / "deep";
-    while (deep.string().size() + 1 + nameLength + 51 < kLongest) deep /= std::string(50, 'd');
-    const std::size_t left = kLongest - deep.string().size() - 2 - nameLength;
+    while (deep.string().size() + 1 + nameLength + 51 < kMaxPath) deep /= std::string(50, 'd');
+    const std::size_t left = kMaxPath - deep.string().size() - 2 - nameLength;
     deep /= std::string(left, 'e');
     std::filesystem::create_directories("\\\\?\\" + deep.string());
     const std::string path = deep.string() + "\\" + std::string(nameLength - 4, 'f') + ".txt";
-    ASSERT_EQ(path.size(), kLongest);
+    ASSERT_EQ(path.size(), kMaxPath);
     SCOPED_TRACE(path);
 
     const DiagnosticLog log;

@@ -1,5 +1,5 @@
+#include "tests/cli/SpawnProgram.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/windows/ChildProcess.h"
 
 #include <gtest/gtest.h>
 
@@ -32,16 +32,11 @@ TEST(InstalledProgramTest, KeepsItsSettingsInTheFolderBesideIt) {
   const InstalledProgram installed;
   const std::string settings = "C:\\App\\bin\\PARM\\Setting.ini";
   std::ofstream(settings) << "[Host]\nLanguage=de\n[CsvXlsFormat]\nDefaultFormat=Laser\n";
-  {
-    ChildProcess program(L"C:\\App\\bin\\app.exe");
-    EXPECT_EQ(program.ReadLine(), settings);
-    EXPECT_EQ(program.ReadLine(), "Laser");
-    EXPECT_EQ(program.End(), 0U);
-  }
-  ChildProcess program(L"C:\\App\\bin\\app.exe Punch");
-  EXPECT_EQ(program.ReadLine(), settings);
-  EXPECT_EQ(program.ReadLine(), "Punch");
-  EXPECT_EQ(program.End(), 0U);
+  const auto run = [](std::vector<std::string> arguments) {
+    return SpawnProgram({"C:\\App\\bin\\app.exe", std::move(arguments), "C:\\", "", {}}).output;
+  };
+  EXPECT_EQ(run({}), settings + "\r\nLaser\r\n");
+  EXPECT_EQ(run({"Punch"}), settings + "\r\nPunch\r\n");
   const std::string text = TemporaryFolder::Read(settings);
   EXPECT_NE(text.find("Language=de"), std::string::npos);
   EXPECT_NE(text.find("DefaultFormat=Punch"), std::string::npos);

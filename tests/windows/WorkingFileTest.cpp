@@ -97,7 +97,7 @@ TEST(WorkingFileTest, RefusesAWriteProtectedFile) {
   EXPECT_EQ(folder.Names(), std::set<std::string>{"x.csv"});
 }
 
-TEST(WorkingFileTest, WritesADeviceAsItStands) {
+TEST(WorkingFileTest, WritesADeviceInPlace) {
   ReplacingFile file("NUL", WorkingPlace::BesideTarget);
   EXPECT_EQ(file.WorkingPath(), "NUL");
   EXPECT_TRUE(file.Open() && file.Write("x") && file.Commit()) << file.Reason();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "engines/CAssemblyFile.h"
-#include "engines/SkippedColumns.h"
+#include "engines/WrittenCells.h"
 #include "engines/columns/ColumnTables.h"
 #include "engines/columns/ResolvedColumns.h"
 
@@ -37,8 +37,8 @@ std::vector<Texts> RowsOf(const CAssemblyFile& engine, const Texts& keywords) {
 template <class Record>
 void Fill(Record& record, const Texts& keywords, const Texts& cells) {
   const auto columns = qv::ResolveForReading<Record>(keywords);
-  for (std::size_t rank = 0; rank < columns.size(); ++rank)
-    if (columns[rank] != nullptr) columns[rank]->read(record, cells[rank], nullptr);
+  for (std::size_t index = 0; index < columns.size(); ++index)
+    if (columns[index] != nullptr) columns[index]->read(record, cells[index], nullptr);
 }
 
 /// Adds a record that is filled with these cells.
@@ -55,14 +55,14 @@ inline void AddProgram(CAssemblyFile& engine, const char* name, const Texts& too
   PrtInfo& program = records.Begin();
   program.SetPartName(name);
   std::vector<UsedToolInfo> usedTools(tools.size());
-  for (std::size_t rank = 0; rank < tools.size(); ++rank) {
-    std::strcpy(usedTools[rank].ToolType, tools[rank].c_str());
-    usedTools[rank].ToolShape = static_cast<int>(rank);
+  for (std::size_t index = 0; index < tools.size(); ++index) {
+    std::strcpy(usedTools[index].ToolType, tools[index].c_str());
+    usedTools[index].ToolShape = static_cast<int>(index);
   }
   program.SetUsedToolInfo(usedTools);
   std::vector<BendInfo> bendList(bends.size());
-  for (std::size_t rank = 0; rank < bends.size(); ++rank)
-    std::strcpy(bendList[rank].BendAngle, bends[rank].c_str());
+  for (std::size_t index = 0; index < bends.size(); ++index)
+    std::strcpy(bendList[index].BendAngle, bends[index].c_str());
   program.SetBendInfo(bendList);
   records.Keep();
 }

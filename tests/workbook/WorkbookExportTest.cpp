@@ -1,4 +1,4 @@
-#include "engines/CXLSAssembly.h"
+#include "engines/workbook/CXLSAssembly.h"
 #include "support/CaseFile.h"
 #include "support/DiagnosticLog.h"
 #include "support/FakeFileSystem.h"
@@ -37,8 +37,8 @@ TEST(WorkbookExport, WritesOneSheet) {
     engine.Columns(isPart ? RecordKind::Parts : RecordKind::MaterialLibrary) =
         CellsOf(c.Setting("columns", ""));
     const std::vector<Texts> records = c.Rows("records");
-    for (std::size_t rank = 1; rank < records.size(); ++rank)
-      workbook::Add<PartInformation>(engine, records[0], records[rank]);
+    for (std::size_t index = 1; index < records.size(); ++index)
+      workbook::Add<PartInformation>(engine, records[0], records[index]);
     EXPECT_TRUE(engine.Export(kPath));
     EXPECT_EQ(FakeSpreadsheet::Load(kPath, "Sheet1"), c.Rows("sheet"));
     std::string remarks;
@@ -101,12 +101,61 @@ TEST(WorkbookExport, PutsTheListsOfPartProgramsOnSheetsOfTheirOwn) {
     EXPECT_EQ(sheets["HoleType"], (SheetRows{name, {"HoleType"}}));
     EXPECT_EQ(sheets["BendAngle"], (SheetRows{name, {"BendAngle"}, {"90"}, {"45"}, {"30"}}));
     EXPECT_EQ(FakeSpreadsheet::Load(kPath, book.sheets[book.active].name)[1][0], "PartName");
+    EXPECT_EQ(book.sheets.back().name, newSheets.front().substr(0, newSheets.front().size() - 1) + "4");
     EXPECT_EQ(fake.Objects + fake.Running, 0);
     if (newSheets.size() < 3) continue;
     for (const auto& [sheet, header] :
          {std::pair("Sheet2", "ToolShape"), {"Sheet3", "HoleType"}, {"Sheet4", "BendAngle"}})
       EXPECT_EQ(FakeSpreadsheet::Load(kPath, sheet)[1][0], header);
   }
+}
+
+TEST(WorkbookExport, NamesEveryCellThatIsRefusedAndKeepsTheOldFile) {
+  FakeFileSystem files;
+  files.Contents[kPath] = "old";
+  FakeSpreadsheet fake;
+  fake.Refused = "=>";
+  DiagnosticLog log;
+  CXLSAssembly engine;
+  engine.StartLine = 1;
+  engine.Columns(RecordKind::Parts) = {"PartName", "PartNumber"};
+  workbook::Add<PartInformation>(engine, {"PartName", "PartNumber"}, {"A", "=>"});
+  workbook::Add<PartInformation>(engine, {"PartName", "PartNumber"}, {"=>", "B"});
+  EXPECT_FALSE(engine.Export(kPath));
+  std::string told;
+  for (const Diagnostic& diagnostic : log.Remarks)
+    if (diagnostic.code == DiagnosticCode::SpreadsheetFailed)
+      told += std::to_string(diagnostic.line) + " " + diagnostic.column + " " + diagnostic.text + ": " +
+              diagnostic.message + "\n";
+  EXPECT_EQ(told,
+            "2 PartNumber =>: \"=>\" cannot be written: it looks like a formula\n"
+            "3 PartName =>: \"=>\" cannot be written: it looks like a formula\n"
+            "0  : cannot be written: the spreadsheet application refused 2 cells\n");
+  EXPECT_EQ(fake.CountCalls("write"), 6) << "the others are written all the same";
+  EXPECT_EQ(files.Contents, (std::map<std::string, std::string>{{kPath, "old"}}));
+}
+
+TEST(WorkbookExport, WritesTextsIntoCellsForTextsAndNumbersAsNumbers) {
+  FakeFileSystem files;
+  FakeSpreadsheet fake;
+  CXLSAssembly engine;
+  engine.StartLine = 2;
+  const Texts keywords = {"PartName", "PartQuantity", "NoSuchColumn", "C-Cut/Punch", "MaterialThickness"};
+  engine.Columns(RecordKind::Parts) = keywords;
+  for (const char* thickness : {"1.5", "1234567890.123456", "-0"})
+    workbook::Add<PartInformation>(engine, keywords, {"0012", "7", "", "Y", thickness});
+  EXPECT_TRUE(engine.Export(kPath));
+  for (const int column : {1, 3, 4})
+    EXPECT_EQ(fake.CountCalls("format-as-text " + std::to_string(column)), 1);
+  EXPECT_EQ(fake.CountCalls("format-as-text"), 3);
+  const auto isNumber = [&](int row, int column) {
+    return fake.CountCalls("write-number " + std::to_string(row) + " " + std::to_string(column)) == 1;
+  };
+  for (const int row : {3, 4, 5}) EXPECT_TRUE(isNumber(row, 2)) << row;
+  EXPECT_TRUE(isNumber(3, 5));
+  EXPECT_FALSE(isNumber(4, 5)) << "more digits than a sheet keeps";
+  EXPECT_FALSE(isNumber(5, 5)) << "a sheet keeps no sign of zero";
+  EXPECT_EQ(fake.CountCalls("write-number"), 4);
 }
 
 TEST(WorkbookExport, TakesTheFirstKindThatHasColumnsJobProgressBeforePartPrograms) {

@@ -1,4 +1,4 @@
-#include "engines/CXLSAssembly.h"
+#include "engines/workbook/CXLSAssembly.h"
 #include "support/CaseFile.h"
 #include "support/DiagnosticLog.h"
 #include "support/FakeFileSystem.h"
@@ -16,8 +16,8 @@ constexpr const char* kPath = "parts.xls";
 
 Texts HeadersOf(const CAssemblyFile& engine) {
   Texts headers;
-  for (std::size_t rank = 0; rank < engine.HeaderFields.Size(); ++rank)
-    headers.emplace_back(engine.HeaderFields[rank]);
+  for (std::size_t index = 0; index < engine.HeaderFields.Size(); ++index)
+    headers.emplace_back(engine.HeaderFields[index]);
   return headers;
 }
 
@@ -46,14 +46,15 @@ TEST(WorkbookImport, NamesTheWorksheetRow) {
   FakeFileSystem files;
   FakeSpreadsheet fake;
   DiagnosticLog log;
-  FakeSpreadsheet::Store(kPath, {{"a"}, {"b"}, {"Name", "Qty"}, {"A1", "5"}, {"A2", "x"}});
+  FakeSpreadsheet::Store(kPath, {{}, {"b"}, {"Name", "Qty"}, {"A1", "5"}, {"A2", "x"}, {"A3", "6"}});
   CXLSAssembly engine;
   engine.StartLine = 3;
   engine.Columns(RecordKind::Parts) = {"PartName", "PartQuantity"};
   engine.ImportParts(kPath);
-  ASSERT_EQ(log.Remarks.size(), 1u);
+  ASSERT_EQ(log.Remarks.size(), 2u);
   EXPECT_EQ(log.Remarks[0].line, 5);
   EXPECT_EQ(log.Remarks[0].column, "PartQuantity");
+  EXPECT_EQ(log.Remarks[1].line, 6);  // out of reach
 }
 
 TEST(WorkbookImport, StopsAfterTheHeadersWhenAskedTo) {

@@ -5,9 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <signal.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <fstream>
 #include <sstream>
 
 // Commands that write are killed before each of their calls of the file system, one after another, until they
@@ -41,14 +43,6 @@ class KillingFiles final : public FileSystem {
     return files_.Remove(path, reason);
   }
   bool Exists(const std::string& path) override { return files_.Exists(path); }
-  bool CreateFolders(const std::string& path, std::string& reason) override {
-    Count();
-    return files_.CreateFolders(path, reason);
-  }
-  bool RemoveFolder(const std::string& path, std::string& reason) override {
-    Count();
-    return files_.RemoveFolder(path, reason);
-  }
 
  private:
   FileSystem& files_ = PlatformFiles();
@@ -139,6 +133,35 @@ TEST_P(KilledRunTest, LeavesTheOldFileOrTheNewOne) {
   ASSERT_EQ(::chdir("/"), 0);
 }
 
+class InterruptedRunTest : public testing::TestWithParam<int> {};
+
+// The program itself, in the middle of a list that never ends.
+TEST_P(InterruptedRunTest, ClearsUpAndEndsByTheSignal) {
+  const TemporaryFolder folder;
+  folder.Write("out.csv", "old");
+  const std::string config = folder.Write("f.xml", kOneFormat);
+  const std::string pipe = folder / "in.csv", out = folder / "out.csv";
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  const std::set<std::string> names = folder.Names();
+  const pid_t child = ::fork();
+  if (child == 0) {
+    ::execl(QV_PROGRAM, QV_PROGRAM, "convert", "--kind", "parts", "--config", config.c_str(), pipe.c_str(),
+            out.c_str(), nullptr);
+    ::_exit(127);
+  }
+  std::ofstream list(pipe);
+  list << "name,qty\nA1,5\n" << std::flush;
+  while (folder.Names() == names) ::usleep(1000);  // until there is a working file
+  ::kill(child, GetParam());
+  list.close();  // a read that starts after the signal would wait for ever
+  int status = 0;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == GetParam()) << status;
+  EXPECT_EQ(folder.Names(), names);
+  EXPECT_EQ(TemporaryFolder::Read(out), "old");
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, InterruptedRunTest, testing::Values(SIGINT, SIGTERM, SIGHUP));
 INSTANTIATE_TEST_SUITE_P(Commands, KilledRunTest, testing::ValuesIn(RewritingCommands()),
                          [](const auto& test) { return test.param.name; });
 

@@ -1,6 +1,7 @@
 // Uses the GTK windows under an X server: widgets are found by their texts, mouse and keyboard go through
 // xdotool.
 
+#include "dialogs/gtk/TextListBox.h"
 #include "tests/dialogs/DialogDriver.h"
 
 #include <QVAssemblyFile/MessageBox.h>
@@ -10,8 +11,10 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cctype>
 #include <chrono>
 #include <cstdlib>
+#include <cstring>
 #include <functional>
 #include <future>
 #include <string>
@@ -24,6 +27,7 @@
 namespace {
 
 using namespace std::chrono_literals;
+using qv::RowPath;
 
 /// Runs `action` on the thread of the windows, while they wait for input, and hands back what it returns.
 template <class Action>
@@ -42,15 +46,6 @@ auto OnWindowThread(Action action) {
   return result.get();
 }
 
-/// Waits, on the driver's thread, until the windows have become as they should.
-bool WaitUntil(const std::function<bool()>& isSo) {
-  for (int attempt = 0; attempt < 500; ++attempt) {
-    if (OnWindowThread(isSo)) return true;
-    std::this_thread::sleep_for(10ms);
-  }
-  return false;
-}
-
 GtkWindow* FindWindowThat(const std::function<bool(GtkWindow*)>& matches) {
   GtkWindow* found = nullptr;
   GList* const windows = gtk_window_list_toplevels();
@@ -63,7 +58,7 @@ GtkWindow* FindWindowThat(const std::function<bool(GtkWindow*)>& matches) {
 GtkWindow* FindWindow(const std::string& title) {
   return FindWindowThat([&](GtkWindow* window) {
     const char* const text = gtk_window_get_title(window);
-    return text != nullptr && title == text && !GTK_IS_MESSAGE_DIALOG(window);
+    return text != nullptr && std::string(text).starts_with(title) && !GTK_IS_MESSAGE_DIALOG(window);
   });
 }
 
@@ -122,7 +117,12 @@ const char* const kTexts[] = {"Format Name",
                               "Show Header",
                               "OK",
                               "Cancel",
-                              "Refresh"};
+                              "Refresh",
+                              "",
+                              "",
+                              "Show Preview",
+                              "Match Items",
+                              "Apply"};
 
 bool Bears(GtkWidget* widget, const std::string& text) {
   if (GTK_IS_LABEL(widget))
@@ -134,18 +134,27 @@ bool Bears(GtkWidget* widget, const std::string& text) {
 }
 
 GtkWindow* WindowOf(Control control) {
-  const bool isInHeaderWindow = control == Control::Refresh || control == Control::Headers;
+  const bool isInHeaderWindow =
+      (control >= Control::Refresh && control <= Control::HeaderWindow) || control == Control::Match;
+  if (control >= Control::Apply && control <= Control::Suggestion) return FindWindow("Preview");
   return FindWindow(isInHeaderWindow ? "User Header Items" : "Option");
 }
 
 GtkWidget* Widget(Control control) {
   GtkWidget* const window = GTK_WIDGET(WindowOf(control));
-  if (control == Control::Headers)
+  if (control == Control::HeaderWindow) return window;
+  if (control == Control::Headers || control == Control::Preview)
     return Find(window, [](GtkWidget* widget) { return GTK_IS_TREE_VIEW(widget) != FALSE; });
+  if (control >= Control::Summary)
+    return Find(window, [control](GtkWidget* widget) {
+      static constexpr const char* kNames[] = {"summary", "suggestion", "name-hint"};
+      const char* const name = kNames[static_cast<int>(control) - static_cast<int>(Control::Summary)];
+      return GTK_IS_LABEL(widget) && std::string(gtk_widget_get_name(widget)) == name;
+    });
   const std::string text = kTexts[static_cast<int>(control)];
   GtkWidget* found = Find(window, [&](GtkWidget* widget) { return Bears(widget, text); });
-  if (found == nullptr && control == Control::ShowHeader)
-    found = Find(window, [](GtkWidget* widget) { return Bears(widget, "Hide Header"); });
+  if (found == nullptr && text.starts_with("Show "))
+    found = Find(window, [&](GtkWidget* widget) { return Bears(widget, "Hide" + text.substr(4)); });
   if (found != nullptr) return GTK_IS_LABEL(found) ? gtk_label_get_mnemonic_widget(GTK_LABEL(found)) : found;
   ADD_FAILURE() << "no control " << text;
   std::abort();
@@ -174,8 +183,27 @@ void Xdotool(const std::string& arguments) {
   EXPECT_EQ(std::system(("xdotool " + arguments).c_str()), 0) << arguments;
 }
 
+/// Types a text; quotation marks and the like are the shell's otherwise.
+void XdotoolType(const std::string& text) {
+  std::string quoted;
+  for (const char c : text) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  Xdotool("type --delay 2 -- '" + quoted + "'");
+}
+
 std::string IdOf(GtkWindow* window) {
   return std::to_string(gdk_x11_window_get_xid(gtk_widget_get_window(GTK_WIDGET(window))));
+}
+
+GtkTreeView* ListOf(Control control) { return GTK_TREE_VIEW(Widget(control)); }
+
+/// A key as xdotool names it: "Alt+Up", "Ctrl+Z".
+std::string KeySymbol(std::string key) {
+  static const std::pair<const char*, const char*> kNames[] = {
+      {"Enter", "Return"}, {"Space", "space"}, {"PageDown", "Next"}};
+  for (const auto& [name, symbol] : kNames)
+    if (key.ends_with(name)) return key.replace(key.size() - std::strlen(name), std::string::npos, symbol);
+  if (key.size() > 2 && key[key.size() - 2] == '+') key.back() = static_cast<char>(std::tolower(key.back()));
+  return key;
 }
 
 /// Lets the windows do everything that was asked of them so far.
@@ -198,68 +226,152 @@ bool IsWindowVisible(const char* title) {
   return window != nullptr && gtk_widget_get_mapped(GTK_WIDGET(window));
 }
 
+template <class Value>
+Value PropertyOf(gpointer object, const char* name) {
+  Value value{};
+  g_object_get(object, name, &value, nullptr);
+  return value;
+}
+
+SeenCell HeadOf(GtkTreeViewColumn* column) {
+  GtkWidget* const head = gtk_tree_view_column_get_widget(column);
+  return {gtk_label_get_text(GTK_LABEL(head)), gtk_widget_get_sensitive(head) == FALSE, false, false,
+          gtk_widget_get_has_tooltip(head) != FALSE};
+}
+
+// As the list sets its renderer before it draws the cell.
+SeenCell CellOf(GtkTreeView* list, GtkTreeViewColumn* column, int row) {
+  GtkTreeModel* const model = gtk_tree_view_get_model(list);
+  GtkTreeIter at;
+  gtk_tree_model_iter_nth_child(model, &at, nullptr, row);
+  gtk_tree_view_column_cell_set_cell_data(column, model, &at, FALSE, FALSE);
+  GList* const cells = gtk_cell_layout_get_cells(GTK_CELL_LAYOUT(column));
+  gpointer const cell = cells->data;
+  g_list_free(cells);
+  return {Taken(PropertyOf<char*>(cell, "text")), PropertyOf<gboolean>(cell, "sensitive") == FALSE,
+          PropertyOf<gboolean>(cell, "strikethrough") != FALSE,
+          PropertyOf<int>(cell, "weight") == PANGO_WEIGHT_BOLD,
+          PropertyOf<gboolean>(cell, "cell-background-set") != FALSE};
+}
+
+/// The text of the tool tip on the screen.
+std::string ShownTip() {
+  GtkWindow* const tip = FindWindowThat([](GtkWindow* window) {
+    return gtk_window_get_type_hint(window) == GDK_WINDOW_TYPE_HINT_TOOLTIP &&
+           gtk_widget_get_mapped(GTK_WIDGET(window)) != FALSE;
+  });
+  if (tip == nullptr) return {};
+  GtkWidget* const label =
+      Find(GTK_WIDGET(tip), [](GtkWidget* widget) { return GTK_IS_LABEL(widget) != FALSE; });
+  return gtk_label_get_text(GTK_LABEL(label));
+}
+
+/// The entry of the menu that is open; null while there is none.
+GtkWidget* FindDeleteEntry() {
+  GtkWidget* found = nullptr;
+  FindWindowThat([&](GtkWindow* window) {
+    if (gtk_widget_get_mapped(GTK_WIDGET(window)) != FALSE)
+      if (GtkWidget* const entry = Find(GTK_WIDGET(window), [](GtkWidget* widget) {
+            return GTK_IS_MENU_ITEM(widget) &&
+                   std::string(gtk_menu_item_get_label(GTK_MENU_ITEM(widget))) == "Delete _Format...";
+          }))
+        found = entry;
+    return false;
+  });
+  return found;
+}
+
 class GtkDriver final : public DialogDriver {
  public:
   void Click(Control control) override {
-    const auto [x, y] = OnWindowThread([&] {
-      GtkWidget* const widget = Widget(control);
-      return ScreenPoint(widget, gtk_widget_get_allocated_width(widget) / 2,
-                         gtk_widget_get_allocated_height(widget) / 2);
-    });
-    ClickAt(x, y, 1);
+    const auto [x, y] = Middle(control);
+    ClickAt(x, y, 1, 1);
   }
 
-  void Choose(Control control, int rank) override {
-    OnWindowThread([&] { gtk_combo_box_set_active(GTK_COMBO_BOX(Widget(control)), rank); });
+  void Choose(Control control, int index) override {
+    OnWindowThread([&] { gtk_combo_box_set_active(GTK_COMBO_BOX(Widget(control)), index); });
   }
 
   void Type(Control control, const std::string& text) override {
-    OnWindowThread([&] {
-      GtkEntry* const entry = EntryOf(control);
-      gtk_widget_grab_focus(GTK_WIDGET(entry));
-      gtk_entry_set_text(entry, text.c_str());
-    });
+    Focus(control);
+    const bool isList = OnWindowThread([control] { return GTK_IS_TREE_VIEW(Widget(control)) != FALSE; });
+    if (!isList) OnWindowThread([&] { gtk_editable_select_region(GTK_EDITABLE(EntryOf(control)), 0, -1); });
+    // Characters that the keyboard does not have come from an input method, as a whole.
+    const bool isOnKeyboard =
+        std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c <= '~'; });
+    if (text.empty())
+      Xdotool("key BackSpace");
+    else if (isOnKeyboard)
+      XdotoolType(text);
+    else
+      OnWindowThread([&] {
+        gtk_editable_delete_selection(GTK_EDITABLE(EntryOf(control)));
+        g_signal_emit_by_name(EntryOf(control), "insert-at-cursor", text.c_str());
+      });
+    Settle();
   }
 
-  void Select(Control list, const qv::Selection& ranks) override {
+  void Select(Control list, const qv::Selection& indexes) override {
     OnWindowThread([&] {
-      GtkTreeSelection* const selection = gtk_tree_view_get_selection(GTK_TREE_VIEW(Widget(list)));
+      GtkTreeSelection* const selection = gtk_tree_view_get_selection(ListOf(list));
       gtk_tree_selection_unselect_all(selection);
-      for (const std::size_t rank : ranks) {
-        GtkTreePath* const path = gtk_tree_path_new_from_indices(static_cast<int>(rank), -1);
-        gtk_tree_selection_select_path(selection, path);
-        gtk_tree_path_free(path);
-      }
+      for (const std::size_t index : indexes) gtk_tree_selection_select_path(selection, RowPath(index));
     });
   }
 
-  void DoubleClick(Control list, int rank) override {
-    OnWindowThread([&] {
-      GtkTreePath* const path = gtk_tree_path_new_from_indices(rank, -1);
-      gtk_tree_view_scroll_to_cell(GTK_TREE_VIEW(Widget(list)), path, nullptr, FALSE, 0, 0);
-      gtk_tree_path_free(path);
-    });
+  void DoubleClick(Control list, int index) override {
+    const RowPath path(static_cast<std::size_t>(index));
+    OnWindowThread([&] { gtk_tree_view_scroll_to_cell(ListOf(list), path, nullptr, FALSE, 0, 0); });
     Settle();
     const auto [x, y] = OnWindowThread([&] {
-      GtkTreeView* const view = GTK_TREE_VIEW(Widget(list));
-      GtkTreePath* const path = gtk_tree_path_new_from_indices(rank, -1);
+      GtkTreeView* const view = ListOf(list);
       GdkRectangle row{};
       gtk_tree_view_get_cell_area(view, path, gtk_tree_view_get_column(view, 0), &row);
-      gtk_tree_path_free(path);
       int left = 0, top = 0;
       gtk_tree_view_convert_bin_window_to_widget_coords(view, row.x, row.y, &left, &top);
       return ScreenPoint(GTK_WIDGET(view), left + 20, top + row.height / 2);
     });
-    ClickAt(x, y, 2);
+    ClickAt(x, y, 1, 2);
   }
 
-  void Press(Key key, Control focus) override {
-    const std::string window = OnWindowThread([focus] {
-      gtk_widget_grab_focus(Widget(focus));
-      return IdOf(FindWindow("Option"));
-    });
-    Xdotool("windowfocus --sync " + window + " key " + (key == Key::Enter ? "Return" : "Escape"));
-    EXPECT_TRUE(WaitUntil([] { return !IsWindowVisible("Option"); })) << "the key did not close the dialog";
+  void Drag(Control from, int entry, Control to, int place) override {
+    Select(from, {static_cast<std::size_t>(entry)});
+    const auto point = [](Control list, int row) {
+      return OnWindowThread([=] {
+        GtkTreeView* const view = ListOf(list);
+        GdkRectangle cell{};
+        const int rows = gtk_tree_model_iter_n_children(gtk_tree_view_get_model(view), nullptr);
+        gtk_tree_view_get_background_area(view, RowPath(static_cast<std::size_t>(row < 0 ? rows - 1 : row)),
+                                          gtk_tree_view_get_column(view, 0), &cell);
+        int left = 0, top = 0;
+        gtk_tree_view_convert_bin_window_to_widget_coords(view, cell.x, cell.y, &left, &top);
+        return ScreenPoint(GTK_WIDGET(view), left + 30, top + (row < 0 ? cell.height * 2 : cell.height / 5));
+      });
+    };
+    const auto [x, y] = point(from, entry);
+    const auto [toX, toY] = point(to, place);
+    const auto move = [](int left, int top) {
+      Xdotool("mousemove " + std::to_string(left) + " " + std::to_string(top));
+      std::this_thread::sleep_for(50ms);
+    };
+    move(x, y);
+    Xdotool("mousedown 1");
+    for (const int step : {10, 20, 30}) move(x + step, y + 2);
+    for (const int step : {6, 3, 0}) move(toX + step, toY);
+    Xdotool("mouseup 1");
+    std::this_thread::sleep_for(200ms);
+    Settle();
+  }
+
+  void Press(Control focus, const std::string& key) override {
+    Focus(focus);
+    Xdotool("key " + KeySymbol(key));
+    Settle();
+  }
+
+  void TurnWheel(Control control) override {
+    const auto [x, y] = Middle(control);
+    ClickAt(x, y, 5, 1);
   }
 
   void CloseHeaderWindow() override {
@@ -267,12 +379,27 @@ class GtkDriver final : public DialogDriver {
     Settle();
   }
 
-  std::string DismissMessage() override {
-    EXPECT_TRUE(WaitUntil([] { return FindMessage() != nullptr; }));
-    const std::string text = OnWindowThread([] {
+  void Rest() override {
+    std::this_thread::sleep_for(std::chrono::milliseconds(qv::kPause + 50));
+    Settle();
+  }
+
+  std::string DeleteFormat(bool isSure) override {
+    Press(Control::FormatName, "Menu");
+    EXPECT_TRUE(WaitUntil([] { return OnWindowThread(FindDeleteEntry) != nullptr; }));
+    const auto [x, y] = OnWindowThread([] { return ScreenPoint(FindDeleteEntry(), 10, 10); });
+    ClickAt(x, y, 1, 1);
+    return Answer(isSure ? GTK_RESPONSE_YES : GTK_RESPONSE_NO);
+  }
+
+  std::string DismissMessage() override { return Answer(GTK_RESPONSE_OK); }
+
+  static std::string Answer(int response) {
+    EXPECT_TRUE(WaitUntil([] { return OnWindowThread([] { return FindMessage() != nullptr; }); }));
+    const std::string text = OnWindowThread([response] {
       char* words = nullptr;
       g_object_get(FindMessage(), "text", &words, nullptr);
-      gtk_dialog_response(GTK_DIALOG(FindMessage()), GTK_RESPONSE_OK);
+      gtk_dialog_response(GTK_DIALOG(FindMessage()), response);
       return Taken(words);
     });
     Settle();
@@ -282,7 +409,9 @@ class GtkDriver final : public DialogDriver {
   std::string Text(Control control) override {
     return OnWindowThread([&] {
       GtkWidget* const widget = Widget(control);
+      if (GTK_IS_WINDOW(widget)) return std::string(gtk_window_get_title(GTK_WINDOW(widget)));
       if (GTK_IS_BUTTON(widget)) return LabelOf(widget);
+      if (GTK_IS_LABEL(widget)) return std::string(gtk_label_get_text(GTK_LABEL(widget)));
       if (!GTK_IS_COMBO_BOX(widget)) return std::string(gtk_entry_get_text(GTK_ENTRY(widget)));
       return Taken(gtk_combo_box_text_get_active_text(GTK_COMBO_BOX_TEXT(widget)));
     });
@@ -306,15 +435,51 @@ class GtkDriver final : public DialogDriver {
 
   qv::Selection Selected(Control list) override {
     return OnWindowThread([&] {
-      qv::Selection ranks;
+      qv::Selection indexes;
       gtk_tree_selection_selected_foreach(
-          gtk_tree_view_get_selection(GTK_TREE_VIEW(Widget(list))),
+          gtk_tree_view_get_selection(ListOf(list)),
           [](GtkTreeModel*, GtkTreePath* path, GtkTreeIter*, gpointer to) {
             static_cast<qv::Selection*>(to)->push_back(
                 static_cast<std::size_t>(gtk_tree_path_get_indices(path)[0]));
           },
-          &ranks);
-      return ranks;
+          &indexes);
+      return indexes;
+    });
+  }
+
+  qv::Selection Grey() override {
+    return OnWindowThread([&] {
+      qv::Selection grey;
+      GtkTreeModel* const model = ModelOf(Control::PlanItems);
+      for (int index = 0; index < gtk_tree_model_iter_n_children(model, nullptr); ++index) {
+        GtkTreeIter row;
+        gboolean isBlack = TRUE;
+        gtk_tree_model_iter_nth_child(model, &row, nullptr, index);
+        gtk_tree_model_get(model, &row, 1, &isBlack, -1);
+        if (isBlack == FALSE) grey.push_back(static_cast<std::size_t>(index));
+      }
+      return grey;
+    });
+  }
+
+  int Cursor(Control list) override {
+    return OnWindowThread([&] {
+      GtkTreePath* path = nullptr;
+      gtk_tree_view_get_cursor(ListOf(list), &path, nullptr);
+      const int index = path == nullptr ? -1 : gtk_tree_path_get_indices(path)[0];
+      gtk_tree_path_free(path);
+      return index;
+    });
+  }
+
+  bool IsInSight(Control list, int index) override {
+    return OnWindowThread([&] {
+      GtkTreeView* const view = ListOf(list);
+      GdkRectangle row{}, seen{};
+      gtk_tree_view_get_background_area(view, RowPath(static_cast<std::size_t>(index)),
+                                        gtk_tree_view_get_column(view, 0), &row);
+      gtk_tree_view_get_visible_rect(view, &seen);
+      return row.y >= 0 && row.y + row.height <= seen.height;
     });
   }
 
@@ -328,8 +493,44 @@ class GtkDriver final : public DialogDriver {
     return OnWindowThread([&] { return gtk_widget_is_visible(Widget(control)); });
   }
 
+  std::vector<SeenCell> PreviewRow(int row) override {
+    return OnWindowThread([row] {
+      GtkTreeView* const list = ListOf(Control::Preview);
+      std::vector<SeenCell> cells;
+      for (guint index = 0; index < gtk_tree_view_get_n_columns(list); ++index) {
+        GtkTreeViewColumn* const column = gtk_tree_view_get_column(list, static_cast<gint>(index));
+        cells.push_back(row < 0 ? HeadOf(column) : CellOf(list, column, row));
+      }
+      return cells;
+    });
+  }
+
+  std::string PreviewTip(int row, int column) override {
+    const auto [x, y] = OnWindowThread([=] {
+      GtkTreeView* const list = ListOf(Control::Preview);
+      GtkTreeViewColumn* const at = gtk_tree_view_get_column(list, column);
+      if (row < 0) return ScreenPoint(gtk_tree_view_column_get_button(at), 10, 10);
+      GdkRectangle cell{};
+      gtk_tree_view_get_cell_area(list, RowPath(static_cast<std::size_t>(row)), at, &cell);
+      int left = 0, top = 0;
+      gtk_tree_view_convert_bin_window_to_widget_coords(list, cell.x, cell.y, &left, &top);
+      return ScreenPoint(GTK_WIDGET(list), left + cell.width / 2, top + cell.height / 2);
+    });
+    // A tool tip comes when the mouse has come to rest.
+    Xdotool("mousemove 1 1");
+    std::this_thread::sleep_for(200ms);
+    Xdotool("mousemove " + std::to_string(x - 3) + " " + std::to_string(y) + " mousemove " +
+            std::to_string(x) + " " + std::to_string(y));
+    std::string tip;
+    WaitUntil([&] { return !(tip = OnWindowThread(ShownTip)).empty(); });
+    return tip;
+  }
+
   Frame DialogFrame() override {
     return OnWindowThread([] { return FrameOf(FindWindow("Option")); });
+  }
+  Frame PreviewFrame() override {
+    return OnWindowThread([] { return FrameOf(FindWindow("Preview")); });
   }
   Frame HeaderWindowFrame() override {
     return OnWindowThread([] { return FrameOf(FindWindow("User Header Items")); });
@@ -339,17 +540,38 @@ class GtkDriver final : public DialogDriver {
   }
 
  private:
-  static void ClickAt(int x, int y, int times) {
+  static std::pair<int, int> Middle(Control control) {
+    return OnWindowThread([control] {
+      GtkWidget* const widget = Widget(control);
+      return ScreenPoint(widget, gtk_widget_get_allocated_width(widget) / 2,
+                         gtk_widget_get_allocated_height(widget) / 2);
+    });
+  }
+
+  static void ClickAt(int x, int y, int button, int times) {
     // Away first, so that clicks on one place are not counted together.
     Xdotool("mousemove 1 1 click 2 mousemove " + std::to_string(x) + " " + std::to_string(y) +
-            " click --repeat " + std::to_string(times) + " --delay 20 1");
+            " click --repeat " + std::to_string(times) + " --delay 20 " + std::to_string(button));
+    Settle();
+  }
+
+  // Where the keyboard is already, it stays: what was typed into a list is still looked for.
+  static void Focus(Control control) {
+    const std::string window = OnWindowThread([control] {
+      GtkWidget* const widget = Widget(control);
+      const bool isName = GTK_IS_COMBO_BOX(widget) && gtk_combo_box_get_has_entry(GTK_COMBO_BOX(widget));
+      GtkWidget* const focus = isName ? GTK_WIDGET(EntryOf(control)) : widget;
+      if (!gtk_widget_has_focus(focus) || GTK_IS_ENTRY(widget)) gtk_widget_grab_focus(widget);
+      return gtk_window_is_active(WindowOf(control)) ? std::string() : IdOf(WindowOf(control));
+    });
+    if (!window.empty()) Xdotool("windowfocus --sync " + window);
     Settle();
   }
 };
 
 void UseDialog(const std::function<void(DialogDriver&)>& script) {
   GtkDriver driver;
-  if (!WaitUntil([] { return IsWindowVisible("Option"); })) {
+  if (!WaitUntil([&driver] { return driver.IsOpen(); })) {
     ADD_FAILURE() << "no dialog was shown";
     return;
   }

@@ -5,9 +5,7 @@
 
 #include <windows.h>
 
-#include <chrono>
 #include <string>
-#include <thread>
 
 inline std::wstring WideOf(const std::string& utf8) {
   std::wstring wide(utf8.size(), L'\0');
@@ -25,41 +23,83 @@ inline std::string Utf8Of(const std::wstring& wide) {
   return utf8;
 }
 
+/// As the window itself has it; a control's text is another matter where it is an edit.
+inline std::wstring CaptionOf(HWND window) {
+  wchar_t text[256]{};
+  InternalGetWindowText(window, text, 256);  // asks the system, not a thread that may be at work
+  return text;
+}
+
 inline std::wstring WindowText(HWND window) {
   wchar_t text[1024]{};
   SendMessageW(window, WM_GETTEXT, 1024, reinterpret_cast<LPARAM>(text));
   return text;
 }
 
-/// A dialog or message box of this process.
-inline HWND FindDialogWindow(const wchar_t* title) {
-  for (HWND window = nullptr; (window = FindWindowExW(nullptr, window, L"#32770", title)) != nullptr;) {
-    DWORD process = 0;
-    GetWindowThreadProcessId(window, &process);
-    if (process == GetCurrentProcessId()) return window;
-  }
-  return nullptr;
+/// A dialog or message box of this process whose title starts so.
+inline HWND FindDialogWindow(const std::wstring& title) {
+  struct Search {
+    const std::wstring& title;
+    HWND found = nullptr;
+  } search{title};
+  // Not one window after the other: a foreign one may end in between, and with it the walk.
+  EnumWindows(
+      [](HWND window, LPARAM given) -> BOOL {
+        Search& wanted = *reinterpret_cast<Search*>(given);
+        DWORD process = 0;
+        GetWindowThreadProcessId(window, &process);
+        wchar_t kind[16]{};
+        if (process != GetCurrentProcessId() || GetClassNameW(window, kind, 16) == 0) return TRUE;
+        const bool isFound = std::wstring(kind) == L"#32770" && CaptionOf(window).starts_with(wanted.title);
+        if (isFound) wanted.found = window;
+        return isFound ? FALSE : TRUE;
+      },
+      reinterpret_cast<LPARAM>(&search));
+  return search.found;
 }
 
 inline HWND OptionWindow() { return FindDialogWindow(L"Option"); }
 inline HWND HeaderWindow() { return FindDialogWindow(L"User Header Items"); }
 
-inline HWND WindowOf(Control control) {
-  static constexpr int kIds[] = {
-      IDC_FORMAT_NAME,  IDC_DEFAULT,        IDC_START_LINE, IDC_QUALIFIER,  IDC_TAB,       IDC_SEMICOLON,
-      IDC_COMMA,        IDC_SPACE,          IDC_OTHER,      IDC_OTHER_TEXT, IDC_NAME_ONLY, IDC_NAME_WITH_PATH,
-      IDC_TREAT_AS_ONE, IDC_PLAN,           IDC_SEQUENCE,   IDC_ADD,        IDC_DELETE,    IDC_UP,
-      IDC_DOWN,         IDC_TOGGLE_HEADERS, IDOK,           IDCANCEL,       IDC_REFRESH,   IDC_HEADERS};
-  const bool isInHeaderWindow = control == Control::Refresh || control == Control::Headers;
-  return GetDlgItem(isInHeaderWindow ? HeaderWindow() : OptionWindow(), kIds[static_cast<int>(control)]);
-}
+inline HWND PreviewWindow() { return FindDialogWindow(L"Preview"); }
 
-/// Waits until the windows have become as they should.
-template <class Condition>
-bool WaitUntil(Condition isSo) {
-  for (int attempt = 0; attempt < 1000; ++attempt) {
-    if (isSo()) return true;
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  }
-  return false;
+inline HWND WindowOf(Control control) {
+  static constexpr int kIds[] = {IDC_FORMAT_NAME,
+                                 IDC_DEFAULT,
+                                 IDC_START_LINE,
+                                 IDC_QUALIFIER,
+                                 IDC_TAB,
+                                 IDC_SEMICOLON,
+                                 IDC_COMMA,
+                                 IDC_SPACE,
+                                 IDC_OTHER,
+                                 IDC_OTHER_TEXT,
+                                 IDC_NAME_ONLY,
+                                 IDC_NAME_WITH_PATH,
+                                 IDC_TREAT_AS_ONE,
+                                 IDC_PLAN,
+                                 IDC_SEQUENCE,
+                                 IDC_ADD,
+                                 IDC_DELETE,
+                                 IDC_UP,
+                                 IDC_DOWN,
+                                 IDC_TOGGLE_HEADERS,
+                                 IDOK,
+                                 IDCANCEL,
+                                 IDC_REFRESH,
+                                 IDC_HEADERS,
+                                 0,
+                                 IDC_TOGGLE_PREVIEW,
+                                 IDC_MATCH,
+                                 IDC_APPLY,
+                                 IDC_PREVIEW,
+                                 IDC_SUMMARY,
+                                 IDC_SUGGESTION,
+                                 IDC_NAME_HINT};
+  if (control >= Control::Apply && control <= Control::Suggestion)
+    return GetDlgItem(PreviewWindow(), kIds[static_cast<int>(control)]);
+  if (control == Control::HeaderWindow) return HeaderWindow();
+  const bool isInHeaderWindow =
+      control == Control::Refresh || control == Control::Headers || control == Control::Match;
+  return GetDlgItem(isInHeaderWindow ? HeaderWindow() : OptionWindow(), kIds[static_cast<int>(control)]);
 }

@@ -1,8 +1,8 @@
 #include "manager/SettingsFile.h"
 
-#include "manager/CConfigFile.h"
 #include "platform/DynamicLibrary.h"
 #include "platform/FileSystem.h"
+#include "platform/ProfileFile.h"
 #include "tests/support/DiagnosticLog.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -24,6 +24,11 @@ fs::path ProgramFolder() { return fs::path(qv::ProgramPath()).parent_path(); }
 
 std::string SettingsBesideProgram() {
   return (ProgramFolder() / "PARM" / "Setting.ini").make_preferred().string();
+}
+
+std::string SettingsWithoutLibrary() {
+  const std::string usersOwn = qv::UserSettingsFolder();
+  return usersOwn.empty() ? SettingsBesideProgram() : usersOwn + "QVAssemblyFile/Setting.ini";
 }
 
 // The settings library stands beside the program while this lives.
@@ -56,7 +61,7 @@ int GetSetupFolder(std::string& folder) {
 
 bool HasNoSettings() {
   std::string folder;
-  return GetSetupFolder(folder) == 0 && folder.empty() && SettingsFilePath() == SettingsBesideProgram();
+  return GetSetupFolder(folder) == 0 && folder.empty() && SettingsFilePath() == SettingsWithoutLibrary();
 }
 
 // For a process of its own, as a library stays loaded. Exits with 0 when the library was found and of no use.
@@ -92,6 +97,7 @@ TEST(SettingsLibraryTest, NamesTheFolderOnceItIsThere) {
   EXPECT_EQ(SettingsFilePath(), "/setup/Setting.ini");
   setSetupFolder("/setup");
   EXPECT_EQ(SettingsFilePath(), "/setupSetting.ini") << "the folder is used as it is given";
+  setSetupFolder("");  // the library stays loaded
 
   std::array<char, 8> untouched{"x"};
   EXPECT_EQ(CConfigFile().GetValue("ANOTHER_SETTING", untouched.data()), 0);

@@ -1,6 +1,5 @@
 #include "platform/DynamicLibrary.h"
-
-#include <QVAssemblyFile/MessageBox.h>
+#include "platform/Handlers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,10 @@
-#include "engines/CXLSAssembly.h"
+#include "engines/workbook/CXLSAssembly.h"
 #include "support/CaseFile.h"
 #include "support/DiagnosticLog.h"
 #include "support/Host.h"
 #include "support/TemporaryFolder.h"
 #include "workbook/RecordRows.h"
+#include "workbook/RoundTrip.h"
 #include "workbook/automation/Server.h"
 
 #include <gtest/gtest.h>
@@ -62,7 +63,7 @@ Texts ExpectedConversation(const char* name) {
 }
 
 constexpr const char* kTwoParts =
-    "active 1\nsheet Other\ncell 1 1 t Wrong\nsheet Parts\n"
+    "<workbook>\nactive 1\nsheet Other\ncell 1 1 t Wrong\nsheet Parts\n"
     "cell 1 1 t Name\ncell 1 2 t Qty\ncell 2 1 t A1\ncell 2 2 n 5\ncell 3 1 t A2\ncell 3 2 n 6\n";
 
 void ConfigureParts(CAssemblyFile& engine) {
@@ -98,7 +99,8 @@ TEST_F(Automation, WritesByTheGivenMembers) {
 }
 
 TEST_F(Automation, ReadsTheFormatName) {
-  const std::string path = Folder().Write("a.xls", "active 0\nsheet A\ncell 1 1 t [FMT_Name=Form1]\n");
+  const std::string path =
+      Folder().Write("a.xls", "<workbook>\nactive 0\nsheet A\ncell 1 1 t [FMT_Name=Form1]\n");
   std::string name;
   CXLSAssembly().ReadFormatName(name, path.c_str());
   EXPECT_EQ(name, "Form1");
@@ -106,7 +108,7 @@ TEST_F(Automation, ReadsTheFormatName) {
 }
 
 TEST_F(Automation, TurnsValuesIntoTextByTheStandardConversion) {
-  std::string file = "active 0\nsheet A\ncell 1 1 t Text\n";
+  std::string file = "<workbook>\nactive 0\nsheet A\ncell 1 1 t Text\n";
   std::vector<Texts> expected;
   int row = 1;
   for (const auto& value : ReadTable("workbook/automation/values.table")) {
@@ -172,13 +174,55 @@ TEST_F(Automation, AsksABusyApplicationAgain) {
   }
 }
 
-TEST_F(Automation, TellsAFileThatCannotBeOpened) {
+// An application without formats takes a text for whatever it looks like, but not for a formula that is none.
+TEST_F(Automation, NamesTheCellThatIsRefused) {
+  const std::string path = Folder().Write("out.xls", "old");
+  TheServer().SetPlan("formats 0");
   DiagnosticLog log;
   CXLSAssembly engine;
   ConfigureParts(engine);
-  EXPECT_TRUE(engine.ImportParts((Folder() / "missing.xls").c_str()));
-  EXPECT_EQ(log.Codes(), "file-not-opened");
+  for (const char* name : {"A1", "=> see drawing", "A2"}) {
+    engine.StagedRecords.Of<PartInformation>().Begin().SetPartName(name);
+    engine.StagedRecords.Of<PartInformation>().Keep();
+  }
+  EXPECT_FALSE(engine.Export(path.c_str()));
+  EXPECT_EQ(log.Codes(), "formula-like spreadsheet-failed spreadsheet-failed");
+  EXPECT_EQ(log.Remarks[1].line, 3);
+  EXPECT_EQ(log.Remarks[1].column, "PartName");
+  EXPECT_EQ(log.Remarks[1].text, "=> see drawing");
+  EXPECT_EQ(TemporaryFolder::Read(path), "old");
+  const Texts lines = TheServer().Record();
+  EXPECT_NE(std::find(lines.begin(), lines.end(), "range put 1388 \"A2\""), lines.end());
   ExpectGoodEnd();
+}
+
+// An application that has no time must not be taken for one that has no such sheet.
+TEST_F(Automation, TellsAnApplicationThatStaysBusy) {
+  const std::string path = Folder().Write("out.xls", "old");
+  constexpr const char* kFindsSheet = "busy 9 times 50";
+  TheServer().SetPlan(kFindsSheet);
+  DiagnosticLog log;
+  CXLSAssembly engine;
+  ConfigurePrograms(engine);
+  EXPECT_FALSE(engine.Export(path.c_str()));
+  EXPECT_EQ(log.Codes(), "spreadsheet-failed");
+  EXPECT_NE(log.Remarks[0].message.find("is busy"), std::string::npos) << log.Remarks[0].message;
+  EXPECT_EQ(TemporaryFolder::Read(path), "old");
+  ExpectGoodEnd();
+}
+
+TEST_F(Automation, TellsAFileThatCannotBeOpened) {
+  const std::string names[] = {"missing.xls", "damaged.xls"};
+  Folder().Write(names[1], "\1\2\3");
+  for (const std::string& name : names) {
+    DiagnosticLog log;
+    CXLSAssembly engine;
+    ConfigureParts(engine);
+    EXPECT_TRUE(engine.ImportParts((Folder() / name).c_str()));
+    EXPECT_EQ(log.Codes(), "file-not-opened");
+    ExpectGoodEnd();
+  }
+  for (const std::string& line : TheServer().Record()) EXPECT_EQ(line.find("method 682"), std::string::npos);
 }
 
 TEST_F(Automation, IsMissedWhenItIsNotRegistered) {
@@ -192,6 +236,15 @@ TEST_F(Automation, IsMissedWhenItIsNotRegistered) {
   EXPECT_EQ(boxes.all, Texts{"Error"});
   EXPECT_EQ(log.Codes(), "no-spreadsheet no-spreadsheet");
   EXPECT_TRUE(Folder().Names().empty());
+}
+
+template <class Record>
+class AutomationRoundTrip : public Automation {};
+TYPED_TEST_SUITE(AutomationRoundTrip, workbook::KindsBothWays);
+
+TYPED_TEST(AutomationRoundTrip, GivesTheRecordsBack) {
+  workbook::ExpectRoundTrip<TypeParam>((this->Folder() / "out.xls").c_str(), 6);  // a call takes its time
+  this->ExpectGoodEnd();
 }
 
 }  // namespace

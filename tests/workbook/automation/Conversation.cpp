@@ -12,7 +12,9 @@ Plan Plan::Read(const std::filesystem::path& program) {
     file >> number;
     if (word == "fail") plan.fail = number;
     if (word == "busy") plan.busy = number;
+    if (word == "times") plan.times = number;
     if (word == "sheets") plan.sheets = number;
+    if (word == "formats") plan.formats = number;
   }
   return plan;
 }
@@ -23,8 +25,8 @@ Conversation::Conversation(const std::filesystem::path& program)
 }
 
 HRESULT Conversation::Call(const std::string& line) {
-  if (plan_.busy != 0 && calls_ + 1 == plan_.busy) {
-    plan_.busy = 0;
+  if (calls_ + 1 == plan_.busy && plan_.times > 0) {
+    --plan_.times;
     return RPC_E_CALL_REJECTED;
   }
   Write(line);

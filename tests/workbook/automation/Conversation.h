@@ -18,12 +18,14 @@ inline std::filesystem::path FileBeside(const std::filesystem::path& program, co
   return std::filesystem::path(program).replace_extension(extension);
 }
 
-/// The plan is words: "fail N" makes the n-th call fail, "busy N" makes it be rejected once, "sheets N" is
-/// how many sheets a new workbook has.
+/// The plan is words: "fail N" makes the n-th call fail, "busy N" makes it be rejected once, or "times N"
+/// often, "formats 0" lets cells have none, "sheets N" is how many sheets a new workbook has.
 struct Plan {
   long fail = 0;
   long busy = 0;
+  long times = 1;
   long sheets = 3;
+  long formats = 1;  // 0: cells have no formats
 
   static Plan Read(const std::filesystem::path& program);
 };

@@ -1,4 +1,4 @@
-#include "platform/windows/Automation.h"
+#include "platform/spreadsheet/excel/Automation.h"
 
 #include <gtest/gtest.h>
 
@@ -28,7 +28,7 @@ class Target final : public IDispatch {
                                    VARIANT* result, EXCEPINFO*, UINT*) override {
     if (member != 5) return DISP_E_MEMBERNOTFOUND;
     kind = called;
-    for (UINT rank = parameters->cArgs; rank-- > 0;) arguments.push_back(parameters->rgvarg[rank].lVal);
+    for (UINT index = parameters->cArgs; index-- > 0;) arguments.push_back(parameters->rgvarg[index].lVal);
     named.assign(parameters->rgdispidNamedArgs, parameters->rgdispidNamedArgs + parameters->cNamedArgs);
     if (result != nullptr) *result = qv::Argument(42L);
     return invokeResult;
@@ -63,7 +63,8 @@ TEST(InvokeByName, SaysInItsOwnWayWhatFailed) {
   EXPECT_STREQ(failure.text, "IDispatch::Invoke(\"Add\"=lx) failed w/err 0xlx");
   const std::wstring longName(300, L'x');
   EXPECT_EQ(qv::InvokeByName(DISPATCH_METHOD, nullptr, &target, longName.c_str(), {}, &failure), 1);
-  EXPECT_EQ(std::string(failure.text), ("IDispatch::GetIDsOfNames(\"" + std::string(300, 'x')).substr(0, 255));
+  EXPECT_EQ(std::string(failure.text),
+            ("IDispatch::GetIDsOfNames(\"" + std::string(300, 'x')).substr(0, 255));
 }
 
 TEST(InvokeByName, FailsAtOnceWithoutAnObject) {

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int kMostWaits = 500;
+constexpr int kMaxWaits = 500;
 constexpr DWORD kWaitMilliseconds = 10;
 
 std::filesystem::path ServerPath() {
@@ -53,7 +53,7 @@ void Server::SetPlan(const std::string& plan) {
 }
 
 std::vector<std::string> Server::Record() const {
-  for (int wait = 0; wait < kMostWaits; ++wait) {
+  for (int wait = 0; wait < kMaxWaits; ++wait) {
     const std::vector<std::string> lines = ReadLines(server::FileBeside(ServerPath(), ".log"));
     if (!lines.empty() && lines.back().starts_with("ended")) return lines;
     Sleep(kWaitMilliseconds);

@@ -8,20 +8,40 @@
 #include <charconv>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <sstream>
 
 namespace server {
 namespace {
 
-bool IsNumber(const std::string& text) {
-  double number = 0;
-  const char* const end = text.data() + text.size();
-  return !text.empty() && std::from_chars(text.data(), end, number).ptr == end;
-}
+// What the application makes of typed text, by the first pattern that fits. What exactly it makes of a date
+// does not matter here: it is the text no more.
+struct TypedMake {
+  const char* pattern;
+  char make;
+  const char* value;  // null: the text itself
+};
+
+constexpr TypedMake kTypedMakes[] = {
+    {R"([+-]?(\d+\.?\d*|\.\d+)([eE][+-]?\d+)?)", 'n', nullptr},
+    {R"([+-]?\d{1,3}(,\d{3})+(\.\d*)?)", 'n', "1000"},
+    {R"([+-]?\d+(\.\d*)?%)", 'n', "0.05"},
+    {R"(\d+ \d+/\d+)", 'n', "0.5"},
+    {R"([$]\d+(\.\d*)?)", 'c', "5"},
+    {R"(\(\d+\))", 'n', "-5"},
+    {R"(\d{1,4}[-/]\d{1,2}([-/]\d{1,4})?)", 'd', "45322"},
+    {R"(\d{1,2}:\d{1,2}(:\d{1,2})?( ?[AaPp][Mm]?)?)", 'd', "0.5"},
+    {"[Tt][Rr][Uu][Ee]", 'b', "true"},
+    {"[Ff][Aa][Ll][Ss][Ee]", 'b', "false"},
+    {"#N/A", 'e', "2042"},
+    {R"([=+-]+\d+([+-]\d+)*)", 'n', "2"},
+    {"[+-]\\w+", 'e', "2029"},
+};
 
 double NumberOf(const std::string& text) {
   double number = 0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
+  const char* const start = text.data() + (text.starts_with('+') ? 1 : 0);
+  std::from_chars(start, text.data() + text.size(), number);
   return number;
 }
 
@@ -38,11 +58,19 @@ std::pair<long, long> Bounds(const Sheet& sheet, Coordinate coordinate) {
 
 }  // namespace
 
-void Sheet::Type(long row, long column, const std::string& text) {
-  if (text.empty())
-    cells.erase({row, column});
-  else
-    cells[{row, column}] = {IsNumber(text) ? 'n' : 't', text};
+bool Sheet::Type(long row, long column, const std::string& text) {
+  CellValue& cell = cells[{row, column}] = {'t', text};
+  if (text.empty()) cells.erase({row, column});
+  if (text.empty() || textCells.contains({row, column}) || textCells.contains({0, column})) return true;
+  for (const TypedMake& typed : kTypedMakes)
+    if (std::regex_match(text, std::regex(typed.pattern))) {
+      cell = {typed.make, typed.value == nullptr ? text : typed.value};
+      return true;
+    }
+  if (text.front() == '\'') cell.text.erase(0, 1);
+  if (std::string_view("=+-@").find(text.front()) == std::string_view::npos) return true;
+  cells.erase({row, column});
+  return false;
 }
 
 void Sheet::Read(long row, long column, VARIANT& value) const {
@@ -92,9 +120,10 @@ std::size_t Book::Find(const std::string& name) const {
   return static_cast<std::size_t>(found - sheets.begin());
 }
 
-std::size_t Book::Add() {
+std::size_t Book::AddAfter(std::size_t index) {
   const std::string name = "Sheet" + std::to_string(sheets.size() + 1);
-  sheets.insert(sheets.begin() + static_cast<std::ptrdiff_t>(active), {name, {}});
+  active = index + 1;
+  sheets.insert(sheets.begin() + static_cast<std::ptrdiff_t>(active), {name, {}, {}});
   return active;
 }
 
@@ -122,7 +151,7 @@ bool Book::Load(const std::wstring& path) {
 
 bool Book::Save(const std::wstring& path) const {
   std::ofstream file{std::filesystem::path(path)};
-  file << "active " << active << '\n';
+  file << "<workbook>\nactive " << active << '\n';
   for (const Sheet& sheet : sheets) {
     file << "sheet " << sheet.name << '\n';
     for (const auto& [place, value] : sheet.cells)

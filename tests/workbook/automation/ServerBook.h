@@ -5,6 +5,7 @@
 #include <oaidl.h>
 
 #include <map>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -22,8 +23,12 @@ struct Sheet {
   std::string name;
   std::map<std::pair<long, long>, CellValue> cells;  // by row and column
 
-  /// Takes typed text as the application does: what looks like a number is one.
-  void Type(long row, long column, const std::string& text);
+  std::set<std::pair<long, long>> textCells;  // of the text format; row 0 stands for the column
+
+  /// Takes text as the application does, which is as if it had been typed: unless the cell is of the text
+  /// format, what looks like a number, a date or anything else is that. False when it takes it for a formula
+  /// that is none.
+  bool Type(long row, long column, const std::string& text);
   /// Into a variant that holds nothing.
   void Read(long row, long column, VARIANT& value) const;
   /// First and last row, or column, of the used range.
@@ -37,10 +42,11 @@ struct Book {
 
   /// Rank of the sheet of that name, in any case; the number of sheets when there is none.
   std::size_t Find(const std::string& name) const;
-  /// Puts a new sheet before the active one and makes it that. Returns its rank.
-  std::size_t Add();
+  /// Puts a new sheet after another and makes it the active one. Returns its index.
+  std::size_t AddAfter(std::size_t index);
 
-  // A workbook file is lines: "active RANK", "sheet NAME" and "cell ROW COLUMN MAKE TEXT".
+  // A workbook file is lines after one that is markup, as bytes of no kind of workbook would be refused:
+  // "active RANK", "sheet NAME" and "cell ROW COLUMN MAKE TEXT".
   bool Load(const std::wstring& path);
   bool Save(const std::wstring& path) const;
 };

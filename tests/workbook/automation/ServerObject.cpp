@@ -14,6 +14,7 @@ namespace {
 constexpr const char* kKindNames[] = {"application", "workbooks", "workbook", "sheets", "worksheet", "range"};
 
 constexpr DISPID kAdd = 181;
+constexpr DISPID kNumberFormat = 193;
 constexpr long kExcel97 = 56;
 
 using Arguments = std::vector<const VARIANT*>;  // in the order of their declaration
@@ -35,7 +36,7 @@ HRESULT AddBook(Object& object, const Arguments&, VARIANT* result) {
   Session& session = object.GetSession();
   session.book = {};
   for (long number = 1; number <= session.conversation.GetPlan().sheets; ++number)
-    session.book.sheets.push_back({"Sheet" + std::to_string(number), {}});
+    session.book.sheets.push_back({"Sheet" + std::to_string(number), {}, {}});
   return object.Give(result, Kind::Workbook);
 }
 
@@ -47,14 +48,22 @@ HRESULT SaveBook(Object& object, const Arguments& arguments, VARIANT*) {
 
 HRESULT FindSheet(Object& object, const Arguments& arguments, VARIANT* result) {
   const Book& book = object.GetSession().book;
-  const std::size_t rank = book.Find(TextOf(*arguments[0]));
-  if (rank == book.sheets.size()) return DISP_E_BADINDEX;
-  return object.Give(result, Kind::Worksheet, book.sheets[rank].name);
+  const std::size_t index = book.Find(TextOf(*arguments[0]));
+  if (index == book.sheets.size()) return DISP_E_BADINDEX;
+  return object.Give(result, Kind::Worksheet, book.sheets[index].name);
 }
 
-HRESULT AddSheet(Object& object, const Arguments&, VARIANT* result) {
+HRESULT FindSheetByIndex(Object& object, const Arguments& arguments, VARIANT* result) {
+  const Book& book = object.GetSession().book;
+  const auto index = static_cast<std::size_t>(arguments[0]->lVal - 1);
+  if (index >= book.sheets.size()) return DISP_E_BADINDEX;
+  return object.Give(result, Kind::Worksheet, book.sheets[index].name);
+}
+
+HRESULT AddSheet(Object& object, const Arguments& arguments, VARIANT* result) {
   Book& book = object.GetSession().book;
-  return object.Give(result, Kind::Worksheet, book.sheets[book.Add()].name);
+  const auto& after = static_cast<const Object&>(*arguments[1]->pdispVal);
+  return object.Give(result, Kind::Worksheet, book.sheets[book.AddAfter(book.Find(after.SheetName()))].name);
 }
 
 HRESULT GiveActive(Object& object, const Arguments&, VARIANT* result) {
@@ -66,7 +75,7 @@ HRESULT GiveUsed(Object& object, const Arguments&, VARIANT* result) {
   const auto [firstRow, lastRow] = object.GetSheet().UsedRows();
   const auto [firstColumn, lastColumn] = object.GetSheet().UsedColumns();
   return object.Give(result, Kind::Range, object.SheetName(),
-                     {lastRow - firstRow + 1, lastColumn - firstColumn + 1, 0, 0});
+                     {lastRow - firstRow + 1, lastColumn - firstColumn + 1, firstRow, firstColumn});
 }
 
 HRESULT GiveCell(Object& object, const Arguments& arguments, VARIANT* result) {
@@ -81,7 +90,17 @@ HRESULT ReadCell(Object& object, const Arguments&, VARIANT* result) {
 }
 
 HRESULT TypeCell(Object& object, const Arguments& arguments, VARIANT*) {
-  object.GetSheet().Type(object.GetArea().row, object.GetArea().column, TextOf(*arguments[0]));
+  const Area& area = object.GetArea();
+  return object.GetSheet().Type(area.row, area.column, TextOf(*arguments[0])) ? S_OK : E_FAIL;
+}
+
+HRESULT GiveColumn(Object& object, const Arguments& arguments, VARIANT* result) {
+  return object.Give(result, Kind::Range, object.SheetName(), {0, 1, 0, arguments[0]->lVal});
+}
+
+HRESULT FormatCells(Object& object, const Arguments& arguments, VARIANT*) {
+  if (TextOf(*arguments[0]) != "@") return E_INVALIDARG;
+  object.GetSheet().textCells.insert({object.GetArea().row, object.GetArea().column});
   return S_OK;
 }
 
@@ -93,8 +112,8 @@ HRESULT Give(Object& object, const Arguments&, VARIANT* result) {
   return object.Give(result, GivenKind, object.SheetName());
 }
 
-/// What a member must be given, a letter for each argument: s text, i number, b boolean, - left out, v
-/// anything. Two ways are set apart by a bar.
+/// What a member must be given, a letter for each argument: s text, i number, b boolean, o object, - left
+/// out. Two ways are set apart by a bar.
 struct Member {
   Kind object;
   DISPID id;
@@ -130,12 +149,23 @@ constexpr Member kMembers[] = {
     {Kind::Workbook, 277, kMethod, "-s-|b--", DoNothing},
     {Kind::Workbook, 284, kMethod, "si---------", SaveBook},
     {Kind::Sheets, 170, kGet, "s", FindSheet},
-    {Kind::Sheets, kAdd, kMethod, "----", AddSheet},
+    {Kind::Sheets, 170, kGet, "i", FindSheetByIndex},
+    {Kind::Sheets, 118, kGet, "",
+     [](Object& object, const Arguments&, VARIANT* result) {
+       SetLong(result, static_cast<long>(object.GetSession().book.sheets.size()));
+       return S_OK;
+     }},
+    {Kind::Sheets, kAdd, kMethod, "-o--", AddSheet},
     {Kind::Worksheet, 412, kGet, "", GiveUsed},
     {Kind::Worksheet, 238, kGet, "", Give<Kind::Range>},
     {Kind::Worksheet, 304, kMethod, "",
      [](Object& object, const Arguments&, VARIANT*) {
        object.GetSession().book.active = object.GetSession().book.Find(object.SheetName());
+       return S_OK;
+     }},
+    {Kind::Range, 257, kGet, "",
+     [](Object& object, const Arguments&, VARIANT* result) {
+       SetLong(result, object.GetArea().row);
        return S_OK;
      }},
     {Kind::Range, 258, kGet, "",
@@ -151,7 +181,10 @@ constexpr Member kMembers[] = {
        SetLong(result, object.GetArea().rows * object.GetArea().columns);
        return S_OK;
      }},
+    {Kind::Worksheet, 241, kGet, "", Give<Kind::Range>},
     {Kind::Range, 170, kGet, "ii", GiveCell},
+    {Kind::Range, 170, kGet, "i", GiveColumn},
+    {Kind::Range, kNumberFormat, kPut, "s", FormatCells},
     {Kind::Range, 6, kGet, "", ReadCell},
     {Kind::Range, 1388, kPut, "s", TypeCell},
 };
@@ -160,7 +193,11 @@ const char* CallName(WORD kind) { return kind == kGet ? "get" : kind == kPut ? "
 
 char LetterOf(const VARIANT& value) {
   if (value.vt == VT_ERROR && value.scode == DISP_E_PARAMNOTFOUND) return '-';
-  return value.vt == VT_BSTR ? 's' : value.vt == VT_I4 ? 'i' : value.vt == VT_BOOL ? 'b' : '?';
+  return value.vt == VT_BSTR       ? 's'
+         : value.vt == VT_I4       ? 'i'
+         : value.vt == VT_BOOL     ? 'b'
+         : value.vt == VT_DISPATCH ? 'o'
+                                   : '?';
 }
 
 std::string Shown(const VARIANT& value) {
@@ -171,6 +208,8 @@ std::string Shown(const VARIANT& value) {
       return '"' + TextOf(value) + '"';
     case 'i':
       return std::to_string(value.lVal);
+    case 'o':
+      return "<" + static_cast<const Object&>(*value.pdispVal).SheetName() + ">";
     case 'b':
       return value.boolVal == VARIANT_FALSE ? "false" : "true";
     default:
@@ -217,20 +256,24 @@ HRESULT Object::GetTypeInfoCount(UINT* count) {
 HRESULT Object::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID locale, DISPID* members) {
   const std::string name = qv::Narrow(names[0]);
   const std::string line = std::string(kKindNames[static_cast<int>(kind_)]) + " name \"" + name + "\"";
-  if (kind_ != Kind::Workbooks || name != "Add" || count != 1 || locale != LOCALE_USER_DEFAULT) {
+  const DISPID id = kind_ == Kind::Workbooks && name == "Add"        ? kAdd
+                    : kind_ == Kind::Range && name == "NumberFormat" ? kNumberFormat
+                                                                     : DISPID_UNKNOWN;
+  if (id == DISPID_UNKNOWN || count != 1 || locale != LOCALE_USER_DEFAULT) {
     session_->conversation.Violation(line);
     return DISP_E_UNKNOWNNAME;
   }
   const HRESULT result = session_->conversation.Call(line);
-  lookedUp_ = SUCCEEDED(result);
-  *members = kAdd;
-  return result;
+  const bool isThere = id == kAdd || session_->conversation.GetPlan().formats != 0;
+  lookedUp_ = SUCCEEDED(result) && isThere;
+  *members = id;
+  return isThere ? result : DISP_E_UNKNOWNNAME;
 }
 
 HRESULT Object::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* parameters, VARIANT* result,
                        EXCEPINFO*, UINT*) {
   Arguments arguments;
-  for (UINT rank = parameters->cArgs; rank-- > 0;) arguments.push_back(&parameters->rgvarg[rank]);
+  for (UINT index = parameters->cArgs; index-- > 0;) arguments.push_back(&parameters->rgvarg[index]);
   std::string line =
       std::string(kKindNames[static_cast<int>(kind_)]) + " " + CallName(kind) + " " + std::to_string(id);
   std::string letters;
@@ -243,7 +286,8 @@ HRESULT Object::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* parameter
   });
   const bool namesValue =
       parameters->cNamedArgs == 1 && parameters->rgdispidNamedArgs[0] == DISPID_PROPERTYPUT;
-  const bool mustBeLookedUp = kind_ == Kind::Workbooks && id == kAdd;
+  const bool mustBeLookedUp =
+      (kind_ == Kind::Workbooks && id == kAdd) || (kind_ == Kind::Range && id == kNumberFormat);
   if (member == std::end(kMembers) || namesValue != (kind == kPut) || mustBeLookedUp != lookedUp_) {
     session_->conversation.Violation(line);
     return DISP_E_MEMBERNOTFOUND;

@@ -1,4 +1,4 @@
-#include "platform/calc/CellText.h"
+#include "platform/spreadsheet/calc/CellText.h"
 
 #include "support/CaseFile.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/SpreadsheetApplication.h"
-#include "platform/posix/OfficeFolder.h"
+#include "platform/spreadsheet/SpreadsheetApplication.h"
+#include "platform/spreadsheet/calc/CalcPlugin.h"
 
 #include <gtest/gtest.h>
 

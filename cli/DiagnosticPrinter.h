@@ -1,0 +1,94 @@
+#pragma once
+
+#include "cli/Errors.h"
+#include "cli/TextCoding.h"
+#include "cli/terminal/Progress.h"
+
+#include <QVAssemblyFile/Diagnostics.h>
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace qv {
+
+/// Prints to standard error, as lines of text or of JSON, what the library reports while this lives and what
+/// the commands themselves have to say besides the data.
+class DiagnosticPrinter {
+ public:
+  DiagnosticPrinter(const Streams& streams, Progress& progress);
+  ~DiagnosticPrinter();
+  DiagnosticPrinter(const DiagnosticPrinter&) = delete;
+  DiagnosticPrinter& operator=(const DiagnosticPrinter&) = delete;
+
+  void UseJson() { isJson_ = true; }
+  bool IsJson() const { return isJson_; }
+  /// A warning keeps files from being written.
+  void UseStrictness() { isStrict_ = true; }
+  bool IsStrict() const { return isStrict_; }
+  /// Text has each warning, not only the first ones of each code and column.
+  void ShowAll() { showsAll_ = true; }
+  /// The encoding of what the library's diagnostics quote.
+  void UseCoding(const TextCoding& coding) { coding_ = coding; }
+
+  /// Called with every warning from now on; one for which it returns false is counted and not printed. May be
+  /// empty. Must not throw, as it is called through the library.
+  using Filter = std::function<bool(const Utf8Diagnostic& warning)>;
+  void SetFilter(Filter filter) { filter_ = std::move(filter); }
+
+  /// The data was not taken as it stood.
+  void Warn(const Utf8Diagnostic& diagnostic);
+  /// The work could not be done.
+  void Fail(const Utf8Diagnostic& diagnostic);
+  /// What may help, and is no warning.
+  void Advise(const Utf8Diagnostic& diagnostic) { Print(diagnostic); }
+  /// A plain sentence that is no warning, unless it was the last one already; nothing in JSON.
+  void Note(const std::string& sentence);
+
+  /// Prints how many warnings were left out since the last time, a line for each code and column.
+  void PrintOmitted();
+
+  /// Whether the run is strict and something was warned about, so that the file must not be written; that is
+  /// told.
+  bool ForbidsWriting(const std::string& file);
+
+  std::int64_t Warnings() const { return warnings_; }
+  bool HasFailed() const { return failed_; }
+  /// The last message box that the library wanted to show.
+  const std::string& MessageBox() const { return messageBox_; }
+
+  /// From now on the library's diagnostics of this code are dropped.
+  void Ignore(DiagnosticCode code) { ignored_ = code; }
+
+ private:
+  struct Kind {
+    std::string file, column, code;
+    std::int64_t count = 0;
+    bool operator==(const Utf8Diagnostic& warning) const {
+      return column == warning.column && code == warning.code && file == warning.file;
+    }
+  };
+
+  void Receive(const Diagnostic& diagnostic);
+  bool IsOmitted(const Utf8Diagnostic& warning);
+  void Print(const Utf8Diagnostic& diagnostic);
+
+  const Streams& streams_;
+  Progress& progress_;
+  TextCoding coding_;
+  bool isJson_ = false;
+  bool isStrict_ = false;
+  bool showsAll_ = false;
+  bool failed_ = false;
+  std::optional<DiagnosticCode> ignored_;
+  Filter filter_;
+  std::vector<Kind> kinds_;  // of warnings, in the order in which they came first
+  std::int64_t warnings_ = 0;
+  std::string messageBox_;
+  std::string note_;
+};
+
+}  // namespace qv

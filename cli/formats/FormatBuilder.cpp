@@ -1,0 +1,138 @@
+#include "cli/formats/FormatBuilder.h"
+
+#include "cli/Errors.h"
+#include "dialogs/model/FormatOptionModel.h"
+#include "format/FormatColumns.h"
+#include "format/FormatConfiguration.h"
+#include "platform/CodePage.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+#include <string_view>
+
+namespace qv {
+
+std::vector<std::string> SplitList(const std::string& list) {
+  std::vector<std::string> entries;
+  for (std::size_t start = 0; start < list.size();) {
+    const std::size_t comma = std::min(list.find(',', start), list.size());
+    entries.push_back(list.substr(start, comma - start));
+    start = comma + 1;
+  }
+  return entries;
+}
+
+namespace {
+
+constexpr std::array<std::string_view, kQualifierCount> kQualifiers = {"double", "single", "none"};
+
+template <class Names>
+std::size_t IndexOf(const Names& names, const std::string& name, const std::string& option) {
+  const auto found = std::find(names.begin(), names.end(), name);
+  if (found != names.end()) return static_cast<std::size_t>(found - names.begin());
+  std::string all;
+  for (const auto& known : names) all.append(all.empty() ? "" : ", ").append(known);
+  throw UsageError(option + ": there is no \"" + name + "\"; it is one of " + all);
+}
+
+std::string ItemName(const std::string& keyword) { return std::string(ItemNameOf(FromUtf8(keyword))); }
+
+// An item is an element of the format file, named after its keyword.
+void CheckKeyword(const std::string& keyword) {
+  if (FindXmlRefusal({ItemName(keyword), {}, {}}))
+    throw UsageError("\"" + keyword + "\" is no keyword that a format file can hold");
+}
+
+OptionControls ControlsFor(const FormatWishes& wishes) {
+  OptionControls controls;
+  controls.FormatName = FromUtf8(wishes.name);
+  controls.StartLine = wishes.startLine.value_or(2);
+  controls.Qualifier =
+      static_cast<int>(IndexOf(kQualifiers, wishes.qualifier.value_or("double"), "--qualifier"));
+  controls.Delimiters = {};
+  for (const std::string& name : SplitList(wishes.delimiters.value_or("Tab,Comma")))
+    controls.Delimiters[IndexOf(kDelimiterNames, name, "--delimiters")] = true;
+  if (!wishes.otherDelimiters.empty()) controls.Ticked(Delimiter::Other) = true;
+  if (controls.Ticked(Delimiter::Other) && wishes.otherDelimiters.empty())
+    throw UsageError("--delimiters Other needs --other with the characters");
+  controls.OtherDelimiters = FromUtf8(wishes.otherDelimiters);
+  constexpr std::array<std::string_view, 2> kPartKeys = {"Name", "Path"};
+  controls.PartName = static_cast<PartNameMode>(IndexOf(kPartKeys, wishes.partKey, "--part-key"));
+  controls.TreatAsOne = wishes.treatAsOne;
+  return controls;
+}
+
+std::vector<std::string> CheckedColumns(const std::string& list) {
+  std::vector<std::string> columns;
+  std::set<std::string> seen;
+  for (const std::string& column : SplitList(list)) {
+    CheckKeyword(column);
+    const std::string name = ItemName(column);
+    if (name != kIgnore && !seen.insert(name).second)
+      throw UsageError("--columns: \"" + column + "\" is there twice; only Ignore may be");
+    columns.push_back(name);
+  }
+  return columns;
+}
+
+FormatItem& ItemOf(OptionForm& form, const std::string& name) {
+  const auto found = std::find_if(form.Items.begin(), form.Items.end(),
+                                  [&](const FormatItem& item) { return item.Name == name; });
+  return found != form.Items.end() ? *found : form.Items.emplace_back(FormatItem{name, std::string(kAbsent)});
+}
+
+// The dialog never offers two of the keywords, so they go through it as ignored columns and get their place
+// afterwards.
+std::string SequenceEntry(const std::string& column) {
+  return std::string(IsShownName(column) ? KeywordOf(column) : kIgnore);
+}
+
+void PlaceHiddenColumns(OptionForm& form, const std::vector<std::string>& columns) {
+  std::string ignored;
+  for (std::size_t position = 0; position < columns.size(); ++position) {
+    if (columns[position] == kIgnore) ignored += std::to_string(position) + ",";
+    if (!IsShownName(columns[position])) ItemOf(form, columns[position]).Order = std::to_string(position);
+  }
+  ItemOf(form, std::string(kIgnore)).Order = ignored.empty() ? kAbsent : ignored;
+}
+
+void AddToSequence(FormatOptionModel& model, const std::string& entry) {
+  const auto& plan = model.Columns().PlanItems();
+  const auto found = std::find(plan.begin(), plan.end(), entry);
+  model.Add({static_cast<std::size_t>(found - plan.begin())});
+}
+
+void ApplySetting(OptionForm& form, const std::string& setting) {
+  const std::size_t equals = setting.find('=');
+  if (equals == std::string::npos || equals == 0)
+    throw UsageError("--set " + setting + ": this is not KEYWORD=ORDER");
+  const std::string keyword = setting.substr(0, equals);
+  CheckKeyword(keyword);
+  ItemOf(form, ItemName(keyword)).Order = FromUtf8(setting.substr(equals + 1));
+}
+
+}  // namespace
+
+OptionForm BuildFormat(const FormatWishes& wishes) {
+  const std::vector<std::string> columns = CheckedColumns(wishes.columns);
+  OptionForm start;
+  CompleteWithKeywords(start);
+  for (const std::string& column : columns) ItemOf(start, column);
+
+  FormatOptionModel model(FormatOptionFiles{});
+  model.ShowForm(start);
+  model.Controls() = ControlsFor(wishes);
+  std::string complaint;
+  if (!model.StoreForm(complaint)) throw UsageError(ToUtf8(complaint));
+  for (const std::string& column : columns) AddToSequence(model, SequenceEntry(column));
+  OptionForm form = model.Form();
+  PlaceHiddenColumns(form, columns);
+  for (const std::string& setting : wishes.settings) ApplySetting(form, setting);
+  CompleteWithKeywords(form);
+  // What XML cannot hold is found here, before any file is looked at.
+  if (const std::string why = WhyNotXml({"", {form}}); !why.empty()) throw UsageError(ToUtf8(why));
+  return form;
+}
+
+}  // namespace qv

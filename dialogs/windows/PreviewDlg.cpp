@@ -1,0 +1,198 @@
+#include "dialogs/windows/PreviewDlg.h"
+
+#include "platform/windows/WideText.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr COLORREF kRemarkColour = RGB(0xFF, 0xDD, 0x88);
+constexpr COLORREF kRemarkText = RGB(0, 0, 0);
+
+}  // namespace
+
+PreviewDlg::~PreviewDlg() {
+  if (IsWindow(Window()) != FALSE) DestroyWindow(Window());
+}
+
+HWND PreviewDlg::Heads() const { return reinterpret_cast<HWND>(SendMessageW(List(), LVM_GETHEADER, 0, 0)); }
+
+bool PreviewDlg::TakeMessage(MSG& message) {
+  if (message.message == WM_MOUSEMOVE && (message.hwnd == List() || message.hwnd == Heads()))
+    ShowTipAt(message.hwnd,
+              {static_cast<short>(LOWORD(message.lParam)), static_cast<short>(HIWORD(message.lParam))});
+  return TakeKeys(message);
+}
+
+void PreviewDlg::Opened() {
+  RECT inside{};
+  GetClientRect(Window(), &inside);
+  lastSize_ = {inside.right, inside.bottom};
+  SendMessageW(List(), LVM_SETEXTENDEDLISTVIEWSTYLE, 0,
+               LVS_EX_GRIDLINES | LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
+  bold_ = FontLike(List(), [](LOGFONTW& font) { font.lfWeight = FW_BOLD; });
+  struck_ = FontLike(List(), [](LOGFONTW& font) { font.lfStrikeOut = TRUE; });
+  listTip_ = AddToolTip(List(), L"");
+  headTip_ = AddToolTip(Heads(), L"");
+  // The heads tell the list alone that they are drawn.
+  SetWindowLongPtrW(List(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  listProcedure_ = reinterpret_cast<WNDPROC>(
+      SetWindowLongPtrW(List(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(ListProcedure)));
+}
+
+LRESULT CALLBACK PreviewDlg::ListProcedure(HWND list, UINT message, WPARAM wide, LPARAM value) {
+  const auto* const self = reinterpret_cast<PreviewDlg*>(GetWindowLongPtrW(list, GWLP_USERDATA));
+  if (message == WM_NOTIFY) {
+    auto& drawn = *reinterpret_cast<NMCUSTOMDRAW*>(value);
+    if (drawn.hdr.code == static_cast<UINT>(NM_CUSTOMDRAW)) return self->DrawHead(drawn);
+  }
+  return CallWindowProcW(self->listProcedure_, list, message, wide, value);
+}
+
+void PreviewDlg::Commanded(int control, int) {
+  if (control == IDC_APPLY) commands_.Run(qv::OptionCommand::ApplySuggestion);
+  if (control == IDCANCEL) commands_.Run(qv::OptionCommand::TogglePreview);
+}
+
+LRESULT PreviewDlg::Notified(NMHDR& notification) {
+  if (notification.idFrom != IDC_PREVIEW) return 0;
+  if (notification.code == static_cast<UINT>(LVN_GETDISPINFOW))
+    FillIn(reinterpret_cast<NMLVDISPINFOW&>(notification).item);
+  else if (notification.code == static_cast<UINT>(NM_CUSTOMDRAW))
+    return DrawCell(reinterpret_cast<NMLVCUSTOMDRAW&>(notification));
+  return 0;
+}
+
+void PreviewDlg::FillIn(LVITEMW& item) const {
+  const auto row = static_cast<std::size_t>(item.iItem);
+  if ((item.mask & LVIF_TEXT) == 0 || item.cchTextMax <= 0 || row >= preview_.rows.size()) return;
+  const std::wstring text = qv::Widen(preview_.TextAt(row, static_cast<std::size_t>(item.iSubItem)));
+  const std::size_t count = text.copy(item.pszText, static_cast<std::size_t>(item.cchTextMax) - 1);
+  item.pszText[count] = L'\0';
+}
+
+LRESULT PreviewDlg::DrawCell(NMLVCUSTOMDRAW& drawn) const {
+  const DWORD stage = drawn.nmcd.dwDrawStage;
+  if (stage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+  if (stage == CDDS_ITEMPREPAINT) return CDRF_NOTIFYSUBITEMDRAW;
+  const std::size_t row = drawn.nmcd.dwItemSpec;
+  if (stage != (CDDS_ITEMPREPAINT | CDDS_SUBITEM) || row >= preview_.rows.size()) return CDRF_DODEFAULT;
+  const auto column = static_cast<std::size_t>(drawn.iSubItem);
+  const bool hasRemark = !preview_.RemarkAt(row, column).empty();
+  drawn.clrTextBk = hasRemark ? kRemarkColour : GetSysColor(COLOR_WINDOW);
+  drawn.clrText = preview_.IsGrey(column) ? GetSysColor(COLOR_GRAYTEXT)
+                  : hasRemark             ? kRemarkText
+                                          : GetSysColor(COLOR_WINDOWTEXT);
+  using State = qv::Preview::RowState;
+  const State state = preview_.rows[row].state;
+  const HFONT own = reinterpret_cast<HFONT>(SendMessageW(List(), WM_GETFONT, 0, 0));
+  SelectObject(drawn.nmcd.hdc, state == State::Header    ? bold_.get()
+                               : state == State::LeftOut ? struck_.get()
+                                                         : own);
+  return CDRF_NEWFONT;
+}
+
+LRESULT PreviewDlg::DrawHead(NMCUSTOMDRAW& drawn) const {
+  if (drawn.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+  const std::size_t column = drawn.dwItemSpec;
+  if (drawn.dwDrawStage != CDDS_ITEMPREPAINT || column >= preview_.ShownColumns()) return CDRF_DODEFAULT;
+  const bool hasRemark = !preview_.HeadRemarkAt(column).empty();
+  SetTextColor(drawn.hdc, GetSysColor(preview_.IsGrey(column) ? COLOR_GRAYTEXT : COLOR_BTNTEXT));
+  const HFONT own = reinterpret_cast<HFONT>(SendMessageW(Heads(), WM_GETFONT, 0, 0));
+  SelectObject(drawn.hdc, hasRemark ? bold_.get() : own);
+  return CDRF_NEWFONT;
+}
+
+void PreviewDlg::Show(const qv::Preview& preview) {
+  preview_ = preview;
+  tipPlace_.reset();
+  ShowColumns();
+  SendMessageW(List(), LVM_SETITEMCOUNT, preview_.rows.size(), 0);
+  InvalidateRect(List(), nullptr, TRUE);
+  SetDlgItemTextW(Window(), IDC_SUMMARY, qv::Widen(preview_.summary).c_str());
+  SetDlgItemTextW(Window(), IDC_SUGGESTION, qv::Widen(preview_.suggestion).c_str());
+  ShowWindow(Control(IDC_APPLY), preview_.canApply ? SW_SHOW : SW_HIDE);
+}
+
+void PreviewDlg::ShowColumns() {
+  const std::size_t before = static_cast<std::size_t>(SendMessageW(Heads(), HDM_GETITEMCOUNT, 0, 0));
+  for (std::size_t column = before; column > preview_.ShownColumns(); --column)
+    SendMessageW(List(), LVM_DELETECOLUMN, column - 1, 0);
+  for (std::size_t column = 0; column < preview_.ShownColumns(); ++column) {
+    std::wstring head = qv::Widen(preview_.HeadAt(column));
+    LVCOLUMNW shown{};
+    shown.mask = LVCF_TEXT | LVCF_WIDTH;
+    shown.cx = WidthOf(column);
+    shown.pszText = head.data();
+    SendMessageW(List(), column < before ? LVM_SETCOLUMNW : LVM_INSERTCOLUMNW, column,
+                 reinterpret_cast<LPARAM>(&shown));
+  }
+}
+
+// As wide as its texts, but no wider than a line of them.
+int PreviewDlg::WidthOf(std::size_t column) const {
+  const auto measure = [this](const std::wstring& text) {
+    return static_cast<int>(
+        SendMessageW(List(), LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str())));
+  };
+  int width = measure(qv::Widen(preview_.HeadAt(column)));
+  for (std::size_t row = 0; row < preview_.rows.size(); ++row)
+    width = std::max(width, measure(qv::Widen(preview_.TextAt(row, column))));
+  return std::min(width, measure(std::wstring(30, L'm'))) + measure(L"mmm");
+}
+
+void PreviewDlg::ShowTipAt(HWND window, POINT point) {
+  Place place = {-1, -1};
+  if (window == List()) {
+    LVHITTESTINFO hit{};
+    hit.pt = point;
+    SendMessageW(window, LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+    place = {hit.iItem, hit.iItem < 0 ? -1 : hit.iSubItem};
+  } else {
+    HDHITTESTINFO hit{};
+    hit.pt = point;
+    SendMessageW(window, HDM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+    place = {-1, hit.iItem};
+  }
+  if (place == tipPlace_) return;
+  tipPlace_ = place;
+  const auto [row, column] = place;
+  std::string remark;
+  if (row < 0 && column >= 0) remark = preview_.HeadRemarkAt(static_cast<std::size_t>(column));
+  if (row >= 0) remark = preview_.RemarkAt(static_cast<std::size_t>(row), static_cast<std::size_t>(column));
+  ChangeToolTip(window == List() ? listTip_ : headTip_, window, qv::Widen(remark));
+}
+
+// What stands below the list keeps its height, and its distance from the lower and the right edge.
+void PreviewDlg::Resized() {
+  RECT inside{};
+  GetClientRect(Window(), &inside);
+  const int width = inside.right - lastSize_.cx, height = inside.bottom - lastSize_.cy;
+  const auto change = [this](int control, int byLeft, int byTop, int byWidth, int byHeight) {
+    RECT place{};
+    GetWindowRect(Control(control), &place);
+    MapWindowPoints(nullptr, Window(), reinterpret_cast<POINT*>(&place), 2);
+    MoveWindow(Control(control), place.left + byLeft, place.top + byTop, place.right - place.left + byWidth,
+               place.bottom - place.top + byHeight, TRUE);
+  };
+  if (lastSize_.cx == 0 || inside.right == 0) return;
+  change(IDC_PREVIEW, 0, 0, width, height);
+  change(IDC_SUMMARY, 0, height, width, 0);
+  change(IDC_SUGGESTION, 0, height, width, 0);
+  change(IDC_APPLY, width, height, 0, 0);
+  lastSize_ = {inside.right, inside.bottom};
+}
+
+void PreviewDlg::ShowBeside(HWND dialog) const {
+  RECT beside{}, own{};
+  GetWindowRect(dialog, &beside);
+  GetWindowRect(Window(), &own);
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(dialog, MONITOR_DEFAULTTONEAREST), &monitor);
+  const auto frame = [](const RECT& r) { return qv::WindowFrame{r.left, r.top, r.right, r.bottom}; };
+  const qv::WindowFrame place =
+      qv::PlaceBeside(frame(beside), own.right - own.left, own.bottom - own.top, frame(monitor.rcWork));
+  SetWindowPos(Window(), nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
+               SWP_NOZORDER | SWP_SHOWWINDOW);
+}
