@@ -10,6 +10,7 @@ Plan Plan::Read(const std::filesystem::path& program) {
   for (std::string word; file >> word;) {
     long number = 0;
     file >> number;
+    if (word == "client") plan.client = static_cast<unsigned long>(number);
     if (word == "fail") plan.fail = number;
     if (word == "busy") plan.busy = number;
     if (word == "times") plan.times = number;

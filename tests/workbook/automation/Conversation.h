@@ -19,13 +19,15 @@ inline std::filesystem::path FileBeside(const std::filesystem::path& program, co
 }
 
 /// The plan is words: "fail N" makes the n-th call fail, "busy N" makes it be rejected once, or "times N"
-/// often, "formats 0" lets cells have none, "sheets N" is how many sheets a new workbook has.
+/// often, "formats 0" lets cells have none, "sheets N" is how many sheets a new workbook has, "client N" is
+/// the test's process, with which the server ends.
 struct Plan {
   long fail = 0;
   long busy = 0;
   long times = 1;
   long sheets = 3;
   long formats = 1;  // 0: cells have no formats
+  unsigned long client = 0;
 
   static Plan Read(const std::filesystem::path& program);
 };

@@ -49,7 +49,8 @@ bool Server::IsAllowed() {
 }
 
 void Server::SetPlan(const std::string& plan) {
-  std::ofstream(server::FileBeside(ServerPath(), ".plan")) << plan;
+  std::ofstream(server::FileBeside(ServerPath(), ".plan"))
+      << "client " << GetCurrentProcessId() << ' ' << plan;
 }
 
 std::vector<std::string> Server::Record() const {

@@ -1,14 +1,14 @@
 // The tests' own spreadsheet application: started by COM as "Excel.Application", it keeps cells, insists on
-// every call being made as it must be, and records the conversation. It waits for a further client for a
-// while, as starting it anew takes long.
+// every call being made as it must be, and records the conversation. It serves one test program and ends with
+// it, never of itself: COM would wait for ever for a server that ends while it is being asked for an object.
 
 #include "workbook/automation/ServerObject.h"
 
 #include <objbase.h>
 
-namespace {
+#include <cstdint>
 
-constexpr UINT kIdleMilliseconds = 5000;
+namespace {
 
 std::filesystem::path ProgramPath() {
   wchar_t path[MAX_PATH];
@@ -16,9 +16,19 @@ std::filesystem::path ProgramPath() {
   return path;
 }
 
-UINT_PTR idleTimer = 0;
+void CALLBACK EndWithClient(void* mainThread, BOOLEAN) {
+  PostThreadMessageW(static_cast<DWORD>(reinterpret_cast<std::uintptr_t>(mainThread)), WM_QUIT, 0, 0);
+}
 
-void RestartIdleTimer() { idleTimer = SetTimer(nullptr, idleTimer, kIdleMilliseconds, nullptr); }
+/// Has the message loop of this thread end when the test program does.
+bool FollowClient() {
+  const HANDLE client = OpenProcess(SYNCHRONIZE, FALSE, server::Plan::Read(ProgramPath()).client);
+  HANDLE wait = nullptr;
+  return client != nullptr &&
+         RegisterWaitForSingleObject(&wait, client, EndWithClient,
+                                     reinterpret_cast<void*>(std::uintptr_t{GetCurrentThreadId()}), INFINITE,
+                                     WT_EXECUTEONLYONCE);
+}
 
 class Factory final : public IClassFactory {
  public:
@@ -33,7 +43,6 @@ class Factory final : public IClassFactory {
 
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** object) override {
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-    RestartIdleTimer();
     auto* const application =
         new server::Object(std::make_shared<server::Session>(ProgramPath()), server::Kind::Application);
     const HRESULT result = application->QueryInterface(id, object);
@@ -45,19 +54,15 @@ class Factory final : public IClassFactory {
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int) {
-  if (FAILED(CoInitialize(nullptr))) return 1;
+  MSG message;
+  PeekMessageW(&message, nullptr, WM_USER, WM_USER, PM_NOREMOVE);  // makes the queue that is posted to
+  if (!FollowClient() || FAILED(CoInitialize(nullptr))) return 1;
   Factory factory;
   DWORD registration = 0;
   if (FAILED(CoRegisterClassObject(server::kClass, &factory, CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE,
                                    &registration)))
     return 1;
-  RestartIdleTimer();
-  MSG message;
-  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-    const bool isIdle = message.message == WM_TIMER && message.hwnd == nullptr;
-    if (isIdle && server::Object::CountAll() == 0) break;
-    DispatchMessageW(&message);
-  }
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
   CoRevokeClassObject(registration);
   CoUninitialize();
   return 0;

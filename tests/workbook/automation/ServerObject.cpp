@@ -227,11 +227,9 @@ bool Fit(const std::string& letters, const std::string& ways) {
 Object::Object(std::shared_ptr<Session> session, Kind kind, std::string sheet, Area area)
     : session_(std::move(session)), kind_(kind), sheet_(std::move(sheet)), area_(area) {
   ++session_->objects;
-  ++all_;
 }
 
 Object::~Object() {
-  --all_;
   if (--session_->objects == 0) session_->conversation.End(session_->hasQuit);
 }
 

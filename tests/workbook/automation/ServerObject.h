@@ -51,9 +51,6 @@ class Object final : public IDispatch {
   /// A new object of the same application, as a result.
   HRESULT Give(VARIANT* result, Kind kind, std::string sheet = {}, Area area = {}) const;
 
-  /// How many objects there are, of all applications.
-  static long CountAll() { return all_; }
-
   Session& GetSession() const { return *session_; }
   Sheet& GetSheet() const { return session_->book.sheets[session_->book.Find(sheet_)]; }
   const std::string& SheetName() const { return sheet_; }
@@ -62,7 +59,6 @@ class Object final : public IDispatch {
  private:
   ~Object();
 
-  static inline long all_ = 0;
   std::shared_ptr<Session> session_;
   Kind kind_;
   std::string sheet_;
