@@ -12,19 +12,29 @@ using qv::RecordField;
 
 namespace {
 
-void CheckAbility(std::int32_t kind, bool canDo, const char* what) {
-  if (!canDo)
+/// The kind of that number, with which the host does what `canDo` tells of; `otherwise` is what is done with
+/// others.
+RecordKind KindFor(bool (*canDo)(RecordKind kind), std::int32_t number, const char* otherwise) {
+  const RecordKind kind = KindOf(number);
+  if (!canDo(kind))
     Fail(QVA_NOT_AVAILABLE,
-         "records of the kind " + std::string(TypeOf(kind).name) + " are only ever " + what);
+         "records of the kind " + std::string(qv::RecordTypeOf(kind).name) + " are only ever " + otherwise);
+  return kind;
 }
 
-// What opening a file that is of no supported type says in a message box is told as a status of its own.
+/// Opens a file. What that says in a message box of one that is of no supported type is told as a status of
+/// its own.
 template <class Stream>
-void CheckOpened(const Listening& listening, const qva_manager& manager, const Stream& stream) {
-  if (stream.HasFailed() && manager.failure == "File Format Error!")
+std::unique_ptr<Stream> Open(const Listening& listening, qva_manager& manager, RecordKind kind,
+                             const char* path) {
+  const std::string file = FromHost(path, "path");
+  manager.imported.clear();
+  auto stream = std::make_unique<Stream>(manager.manager, kind, file.c_str());
+  if (stream->HasFailed() && manager.failure == "File Format Error!")
     Fail(QVA_FILE_TYPE, "the file type is none of .txt, .csv and .xls; save it as one of these");
   listening.Check();
-  if (stream.HasFailed()) Fail(QVA_FILE_ERROR, "the file cannot be used");
+  if (stream->HasFailed()) Fail(QVA_FILE_ERROR, "the file cannot be used");
+  return stream;
 }
 
 void CheckRead(const Listening& listening, const qva_reader& reader) {
@@ -173,12 +183,8 @@ qva_status QVA_CALL qva_reader_open(qva_manager* manager, int32_t kind, const ch
   return Guarded([&] {
     Given(reader, "reader");
     const Listening listening(Given(manager, "manager"));
-    const RecordKind recordKind = KindOf(kind);
-    CheckAbility(kind, IsImported(recordKind), "written");
-    const std::string file = FromHost(path, "path");
-    manager->imported.clear();
-    auto opened = std::make_unique<AnyRecordReader>(manager->manager, recordKind, file.c_str());
-    CheckOpened(listening, *manager, *opened);
+    const RecordKind recordKind = KindFor(IsImported, kind, "written");
+    auto opened = Open<AnyRecordReader>(listening, *manager, recordKind, path);
     const qv::RecordType& type = qv::RecordTypeOf(recordKind);
     *reader = new qva_reader{*manager, type, std::move(opened), HeadersOf(manager->manager), {type, nullptr}};
   });
@@ -193,9 +199,7 @@ qva_status QVA_CALL qva_reader_header(qva_reader* reader, int32_t index, char* b
                                       int32_t* needed) {
   return Guarded([&] {
     const auto& headers = Given(reader, "reader").headers;
-    if (index < 0 || static_cast<std::size_t>(index) >= headers.size())
-      Fail(QVA_INVALID_ARGUMENT, "there is no header " + std::to_string(index));
-    return GiveText(headers[static_cast<std::size_t>(index)], buffer, size, needed);
+    return GiveText(headers[IndexIn(headers.size(), index, "there is no header ")], buffer, size, needed);
   });
 }
 
@@ -240,16 +244,12 @@ void QVA_CALL qva_reader_close(qva_reader* reader) {
 qva_status QVA_CALL qva_import(qva_manager* manager, int32_t kind, const char* path, int32_t* count) {
   return Guarded([&] {
     const Listening listening(Given(manager, "manager"));
-    const RecordKind recordKind = KindOf(kind);
-    CheckAbility(kind, IsImported(recordKind), "written");
+    const RecordKind recordKind = KindFor(IsImported, kind, "written");
     Given(count, "count") = 0;
-    const std::string file = FromHost(path, "path");
-    manager->imported.clear();
-    AnyRecordReader reader(manager->manager, recordKind, file.c_str());
-    CheckOpened(listening, *manager, reader);
+    const auto reader = Open<AnyRecordReader>(listening, *manager, recordKind, path);
     const qv::RecordType& type = qv::RecordTypeOf(recordKind);
     std::vector<std::unique_ptr<qva_record>> records;
-    while (void* const record = reader.Next()) {
+    while (void* const record = reader->Next()) {
       auto& kept = records.emplace_back(std::make_unique<qva_record>(type));
       CopyRecord(type, kept->object, record);
     }
@@ -262,9 +262,8 @@ qva_status QVA_CALL qva_import(qva_manager* manager, int32_t kind, const char* p
 qva_status QVA_CALL qva_import_record(qva_manager* manager, int32_t index, qva_record** record) {
   return Guarded([&] {
     const auto& records = Given(manager, "manager").imported;
-    if (index < 0 || static_cast<std::size_t>(index) >= records.size())
-      Fail(QVA_INVALID_ARGUMENT, "there is no record " + std::to_string(index));
-    Given(record, "record") = records[static_cast<std::size_t>(index)].get();
+    const std::size_t place = IndexIn(records.size(), index, "there is no record ");
+    Given(record, "record") = records[place].get();
   });
 }
 
@@ -273,12 +272,8 @@ qva_status QVA_CALL qva_writer_open(qva_manager* manager, int32_t kind, const ch
   return Guarded([&] {
     Given(writer, "writer");
     const Listening listening(Given(manager, "manager"));
-    const RecordKind recordKind = KindOf(kind);
-    CheckAbility(kind, IsExported(recordKind), "read");
-    const std::string file = FromHost(path, "path");
-    manager->imported.clear();
-    auto opened = std::make_unique<AnyRecordWriter>(manager->manager, recordKind, file.c_str());
-    CheckOpened(listening, *manager, *opened);
+    const RecordKind recordKind = KindFor(IsExported, kind, "read");
+    auto opened = Open<AnyRecordWriter>(listening, *manager, recordKind, path);
     *writer = new qva_writer{*manager, qv::RecordTypeOf(recordKind), std::move(opened)};
   });
 }

@@ -33,6 +33,17 @@ struct qva_record {
   std::map<std::pair<std::int32_t, std::int32_t>, std::unique_ptr<qva_record>> elements;
 };
 
+namespace qv::c {
+
+/// A function of the host's, and what it gets as its first argument.
+template <class Function>
+struct Callback {
+  Function function = nullptr;
+  void* context = nullptr;
+};
+
+}  // namespace qv::c
+
 struct qva_manager {
   /// One collected diagnostic, in UTF-8, its texts in the order of QVA_DIAGNOSTIC_FILE and the following.
   struct Row {
@@ -43,12 +54,9 @@ struct qva_manager {
   CAssemblyFileMgr manager;
   FormatList formats;  // the manager has the same
 
-  qva_diagnostic_callback onDiagnostic = nullptr;
-  void* diagnosticContext = nullptr;
-  qva_message_callback onMessage = nullptr;
-  void* messageContext = nullptr;
-  qva_progress_callback onProgress = nullptr;
-  void* progressContext = nullptr;
+  qv::c::Callback<qva_diagnostic_callback> onDiagnostic;
+  qv::c::Callback<qva_message_callback> onMessage;
+  qv::c::Callback<qva_progress_callback> onProgress;
 
   std::vector<Row> diagnostics;
   std::int64_t lostDiagnostics = 0;
@@ -123,6 +131,9 @@ qva_status GiveText(std::string_view utf8, char* buffer, std::int32_t size, std:
 
 /// UTF-8 as text of the system's code page. Fails for what that does not have; `what` names the text.
 std::string FromHost(const char* utf8, const std::string& what);
+
+/// An index into a list of so many entries. Fails for another with `absent` ("there is no format ") and it.
+std::size_t IndexIn(std::size_t count, std::int32_t index, std::string_view absent);
 
 const RecordType& TypeOf(std::int32_t type);
 std::int32_t NumberOf(const RecordType& type);

@@ -11,12 +11,7 @@ namespace {
 
 thread_local std::string lastError;
 
-struct StatusText {
-  qva_status status;
-  const char* text;
-};
-
-constexpr StatusText kStatusTexts[] = {
+constexpr std::pair<qva_status, const char*> kStatusTexts[] = {
     {QVA_OK, "done"},
     {QVA_END, "no more records"},
     {QVA_CANCELLED, "cancelled"},
@@ -52,20 +47,8 @@ std::int32_t AbilitiesOf(RecordKind kind) {
   return reads | writes | (reads != 0 && writes != 0 ? QVA_CAN_READ_WORKBOOK : 0);
 }
 
-std::int32_t TypeNumberOf(FieldType type) {
-  switch (type) {
-    case FieldType::Text:
-      return QVA_TEXT;
-    case FieldType::Int:
-      return QVA_INTEGER;
-    case FieldType::Bool:
-      return QVA_FLAG;
-    case FieldType::List:
-      return QVA_LIST;
-    default:
-      return QVA_NUMBER;
-  }
-}
+// In the order of FieldType.
+constexpr std::int32_t kTypeNumbers[] = {QVA_TEXT, QVA_INTEGER, QVA_NUMBER, QVA_NUMBER, QVA_FLAG, QVA_LIST};
 
 }  // namespace
 
@@ -116,10 +99,14 @@ std::string FromHost(const char* utf8, const std::string& what) {
   return converted;
 }
 
+std::size_t IndexIn(std::size_t count, std::int32_t index, std::string_view absent) {
+  if (index < 0 || static_cast<std::size_t>(index) >= count)
+    Fail(QVA_INVALID_ARGUMENT, std::string(absent) + std::to_string(index));
+  return static_cast<std::size_t>(index);
+}
+
 const RecordType& TypeOf(std::int32_t type) {
-  if (type < 0 || static_cast<std::size_t>(type) >= Types().size())
-    Fail(QVA_INVALID_ARGUMENT, "there is no record type " + std::to_string(type));
-  return *Types()[static_cast<std::size_t>(type)];
+  return *Types()[IndexIn(Types().size(), type, "there is no record type ")];
 }
 
 std::int32_t NumberOf(const RecordType& type) {
@@ -134,9 +121,7 @@ const RecordField& FieldOf(const RecordType& type, std::int32_t field) {
 }
 
 RecordKind KindOf(std::int32_t kind) {
-  if (kind < 0 || kind >= QVA_KIND_COUNT)
-    Fail(QVA_INVALID_ARGUMENT, "there is no kind " + std::to_string(kind));
-  return static_cast<RecordKind>(kind);
+  return static_cast<RecordKind>(IndexIn(QVA_KIND_COUNT, kind, "there is no kind "));
 }
 
 }  // namespace qv::c
@@ -144,8 +129,8 @@ RecordKind KindOf(std::int32_t kind) {
 using namespace qv::c;
 
 const char* QVA_CALL qva_status_text(qva_status status) {
-  for (const StatusText& row : kStatusTexts)
-    if (row.status == status) return row.text;
+  for (const auto& [known, text] : kStatusTexts)
+    if (known == status) return text;
   return "unknown status";
 }
 
@@ -198,7 +183,9 @@ qva_status QVA_CALL qva_field_keyword(int32_t type, int32_t field, char* buffer,
 }
 
 qva_status QVA_CALL qva_field_type(int32_t type, int32_t field, int32_t* field_type) {
-  return Guarded([&] { Given(field_type, "field_type") = TypeNumberOf(FieldOf(TypeOf(type), field).type); });
+  return Guarded([&] {
+    Given(field_type, "field_type") = kTypeNumbers[static_cast<int>(FieldOf(TypeOf(type), field).type)];
+  });
 }
 
 qva_status QVA_CALL qva_field_capacity(int32_t type, int32_t field, int32_t* capacity) {

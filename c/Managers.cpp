@@ -26,10 +26,10 @@ void Take(qva_manager& manager, const Diagnostic& diagnostic) {
       {qv::ToUtf8(diagnostic.file), qv::ToUtf8(diagnostic.column), DiagnosticCodeName(diagnostic.code),
        qv::ToUtf8(diagnostic.text), qv::ToUtf8(diagnostic.stored), qv::ToUtf8(diagnostic.message)}};
   if (isFailure && manager.failure.empty()) manager.failure = row.texts[0] + ": " + row.texts[5];
-  if (manager.onDiagnostic != nullptr) {
+  if (const auto [function, context] = manager.onDiagnostic; function != nullptr) {
     const auto& [file, column, code, text, stored, message] = row.texts;
-    manager.onDiagnostic(manager.diagnosticContext, file.c_str(), row.line, column.c_str(), code.c_str(),
-                         text.c_str(), stored.c_str(), message.c_str());
+    function(context, file.c_str(), row.line, column.c_str(), code.c_str(), text.c_str(), stored.c_str(),
+             message.c_str());
   } else if (manager.diagnostics.size() < kMaxDiagnostics) {
     manager.diagnostics.push_back(std::move(row));
   } else {
@@ -52,7 +52,7 @@ void OnMessage(const char* text, void* context) {
   try {
     const std::string utf8 = qv::ToUtf8(text);
     if (manager.failure.empty()) manager.failure = utf8;
-    if (manager.onMessage != nullptr) manager.onMessage(manager.messageContext, utf8.c_str());
+    if (const auto [function, given] = manager.onMessage; function != nullptr) function(given, utf8.c_str());
   } catch (...) {
     manager.failure.clear();
   }
@@ -60,17 +60,21 @@ void OnMessage(const char* text, void* context) {
 
 bool OnProgress(const FileProgress& progress, void* context) {
   auto& manager = *static_cast<qva_manager*>(context);
-  if (manager.onProgress == nullptr) return true;
-  if (manager.onProgress(manager.progressContext, progress.done, progress.total) == 0)
-    manager.isCancelled = true;
+  const auto [function, given] = manager.onProgress;
+  if (function == nullptr) return true;
+  if (function(given, progress.done, progress.total) == 0) manager.isCancelled = true;
   return !manager.isCancelled;
 }
 
-const OptionForm& FormOf(const qva_manager& manager, std::int32_t format) {
-  const auto& formats = manager.formats.Formats;
-  if (format < 0 || static_cast<std::size_t>(format) >= formats.size())
-    Fail(QVA_INVALID_ARGUMENT, "there is no format " + std::to_string(format));
-  return formats[static_cast<std::size_t>(format)];
+/// The format of the manager, which must be given.
+const OptionForm& FormOf(const qva_manager* manager, std::int32_t format) {
+  const auto& formats = Given(manager, "manager").formats.Formats;
+  return formats[IndexIn(formats.size(), format, "there is no format ")];
+}
+
+const qva_manager::Row& RowOf(const qva_manager* manager, std::int32_t index) {
+  const auto& rows = Given(manager, "manager").diagnostics;
+  return rows[IndexIn(rows.size(), index, "there is no diagnostic ")];
 }
 
 std::int32_t FindForm(const qva_manager& manager, const std::string& name) {
@@ -125,26 +129,17 @@ void QVA_CALL qva_manager_destroy(qva_manager* manager) { delete manager; }
 
 qva_status QVA_CALL qva_manager_on_diagnostic(qva_manager* manager, qva_diagnostic_callback callback,
                                               void* context) {
-  return Guarded([&] {
-    Given(manager, "manager").onDiagnostic = callback;
-    manager->diagnosticContext = context;
-  });
+  return Guarded([&] { Given(manager, "manager").onDiagnostic = {callback, context}; });
 }
 
 qva_status QVA_CALL qva_manager_on_message(qva_manager* manager, qva_message_callback callback,
                                            void* context) {
-  return Guarded([&] {
-    Given(manager, "manager").onMessage = callback;
-    manager->messageContext = context;
-  });
+  return Guarded([&] { Given(manager, "manager").onMessage = {callback, context}; });
 }
 
 qva_status QVA_CALL qva_manager_on_progress(qva_manager* manager, qva_progress_callback callback,
                                             void* context) {
-  return Guarded([&] {
-    Given(manager, "manager").onProgress = callback;
-    manager->progressContext = context;
-  });
+  return Guarded([&] { Given(manager, "manager").onProgress = {callback, context}; });
 }
 
 qva_status QVA_CALL qva_manager_decimal_comma(qva_manager* manager, int32_t when_read, int32_t when_written) {
@@ -159,17 +154,6 @@ qva_status QVA_CALL qva_diagnostics_count(qva_manager* manager, int32_t* count, 
   });
 }
 
-namespace {
-
-const qva_manager::Row& RowOf(qva_manager* manager, std::int32_t index) {
-  const auto& rows = Given(manager, "manager").diagnostics;
-  if (index < 0 || static_cast<std::size_t>(index) >= rows.size())
-    Fail(QVA_INVALID_ARGUMENT, "there is no diagnostic " + std::to_string(index));
-  return rows[static_cast<std::size_t>(index)];
-}
-
-}  // namespace
-
 qva_status QVA_CALL qva_diagnostic_line(qva_manager* manager, int32_t index, int64_t* line) {
   return Guarded([&] { Given(line, "line") = RowOf(manager, index).line; });
 }
@@ -178,9 +162,8 @@ qva_status QVA_CALL qva_diagnostic_text(qva_manager* manager, int32_t index, int
                                         int32_t size, int32_t* needed) {
   return Guarded([&] {
     const qva_manager::Row& row = RowOf(manager, index);
-    if (which < QVA_DIAGNOSTIC_FILE || which > QVA_DIAGNOSTIC_MESSAGE)
-      Fail(QVA_INVALID_ARGUMENT, "a diagnostic has no text " + std::to_string(which));
-    return GiveText(row.texts[which], buffer, size, needed);
+    const std::size_t text = IndexIn(std::size(row.texts), which, "a diagnostic has no text ");
+    return GiveText(row.texts[text], buffer, size, needed);
   });
 }
 
@@ -211,33 +194,28 @@ qva_status QVA_CALL qva_formats_find(qva_manager* manager, const char* name, int
 
 qva_status QVA_CALL qva_format_name(qva_manager* manager, int32_t format, char* buffer, int32_t size,
                                     int32_t* needed) {
-  return Guarded([&] {
-    return GiveText(qv::ToUtf8(FormOf(Given(manager, "manager"), format).Name), buffer, size, needed);
-  });
+  return Guarded([&] { return GiveText(qv::ToUtf8(FormOf(manager, format).Name), buffer, size, needed); });
 }
 
 qva_status QVA_CALL qva_format_start_line(qva_manager* manager, int32_t format, int32_t* line) {
-  return Guarded([&] { Given(line, "line") = FormOf(Given(manager, "manager"), format).StartLine; });
+  return Guarded([&] { Given(line, "line") = FormOf(manager, format).StartLine; });
 }
 
 qva_status QVA_CALL qva_format_is_part_name_only(qva_manager* manager, int32_t format, int32_t* flag) {
-  return Guarded([&] { Given(flag, "flag") = FormOf(Given(manager, "manager"), format).PartKey == "Name"; });
+  return Guarded([&] { Given(flag, "flag") = FormOf(manager, format).PartKey == "Name"; });
 }
 
 qva_status QVA_CALL qva_format_column_count(qva_manager* manager, int32_t format, int32_t* count) {
-  return Guarded([&] {
-    Given(count, "count") =
-        static_cast<int32_t>(qv::ColumnsOf(FormOf(Given(manager, "manager"), format)).size());
-  });
+  return Guarded(
+      [&] { Given(count, "count") = static_cast<int32_t>(qv::ColumnsOf(FormOf(manager, format)).size()); });
 }
 
 qva_status QVA_CALL qva_format_column(qva_manager* manager, int32_t format, int32_t column, char* buffer,
                                       int32_t size, int32_t* needed) {
   return Guarded([&] {
-    const auto columns = qv::ColumnsOf(FormOf(Given(manager, "manager"), format));
-    if (column < 0 || static_cast<std::size_t>(column) >= columns.size())
-      Fail(QVA_INVALID_ARGUMENT, "the format has no column " + std::to_string(column));
-    return GiveText(qv::ToUtf8(columns[static_cast<std::size_t>(column)].keyword), buffer, size, needed);
+    const auto columns = qv::ColumnsOf(FormOf(manager, format));
+    const std::size_t place = IndexIn(columns.size(), column, "the format has no column ");
+    return GiveText(qv::ToUtf8(columns[place].keyword), buffer, size, needed);
   });
 }
 
@@ -278,7 +256,8 @@ qva_status QVA_CALL qva_stored_format_set(qva_manager* manager, const char* path
 qva_status QVA_CALL qva_show_format_dialog(qva_manager* manager, const char* format_file, const char* format,
                                            const char* sample, void* parent) {
   return Guarded([&]() -> qva_status {
-    const bool takesMessages = Given(manager, "manager").onMessage != nullptr;  // else the dialog shows them
+    // Without a callback the dialog shows its messages itself.
+    const bool takesMessages = Given(manager, "manager").onMessage.function != nullptr;
     const Listening listening(*manager, takesMessages);
     const auto optional = [](const char* text, const char* what) {
       return text == nullptr ? std::string() : FromHost(text, what);

@@ -26,17 +26,17 @@ namespace {
 
 std::string NameOf(const RecordField& field) { return std::string(field.stem); }
 
-/// The field of the record when it is of one of the types.
-const RecordField& FieldOf(const qva_record& record, std::int32_t index,
+/// The field of the record, which must be given, when it is of one of the types.
+const RecordField& FieldOf(const qva_record* record, std::int32_t index,
                            std::initializer_list<FieldType> types) {
-  const RecordField& field = qv::c::FieldOf(*record.type, index);
+  const RecordField& field = qv::c::FieldOf(*Given(record, "record").type, index);
   if (std::find(types.begin(), types.end(), field.type) == types.end())
     Fail(QVA_INVALID_ARGUMENT, "the field " + NameOf(field) + " is of another type");
   return field;
 }
 
 template <class Value>
-Value Get(const qva_record& record, const RecordField& field) {
+Value Get(const qva_record* record, const RecordField& field) {
   return std::visit(
       [](const auto& value) -> Value {
         if constexpr (std::is_arithmetic_v<std::decay_t<decltype(value)>>)
@@ -44,14 +44,14 @@ Value Get(const qva_record& record, const RecordField& field) {
         else
           return Value{};
       },
-      field.get(record.object));
+      field.get(record->object));
 }
 
-void SetFloat(qva_record& record, const RecordField& field, double value) {
+void SetFloat(void* record, const RecordField& field, double value) {
   const auto narrow = static_cast<float>(value);
   if (std::isfinite(value) && !std::isfinite(narrow))
     Fail(QVA_TOO_LONG, "the field " + NameOf(field) + " cannot hold so large a number");
-  field.set(record.object, narrow);
+  field.set(record, narrow);
 }
 
 }  // namespace
@@ -84,98 +84,80 @@ qva_status QVA_CALL qva_record_type(const qva_record* record, int32_t* type) {
 qva_status QVA_CALL qva_record_get_text(const qva_record* record, int32_t field, char* buffer, int32_t size,
                                         int32_t* needed) {
   return Guarded([&] {
-    const qva_record& source = Given(record, "record");
-    const RecordField& text = FieldOf(source, field, {FieldType::Text});
-    return GiveText(qv::ToUtf8(std::get<std::string_view>(text.get(source.object))), buffer, size, needed);
+    const RecordField& text = FieldOf(record, field, {FieldType::Text});
+    return GiveText(qv::ToUtf8(text.text(record->object)), buffer, size, needed);
   });
 }
 
 qva_status QVA_CALL qva_record_get_integer(const qva_record* record, int32_t field, int32_t* value) {
-  return Guarded([&] {
-    const qva_record& source = Given(record, "record");
-    Given(value, "value") = Get<int32_t>(source, FieldOf(source, field, {FieldType::Int}));
-  });
+  return Guarded(
+      [&] { Given(value, "value") = Get<int32_t>(record, FieldOf(record, field, {FieldType::Int})); });
 }
 
 qva_status QVA_CALL qva_record_get_number(const qva_record* record, int32_t field, double* value) {
   return Guarded([&] {
-    const qva_record& source = Given(record, "record");
-    const RecordField& number = FieldOf(source, field, {FieldType::Float, FieldType::Double, FieldType::Int});
-    Given(value, "value") = Get<double>(source, number);
+    const RecordField& number = FieldOf(record, field, {FieldType::Float, FieldType::Double, FieldType::Int});
+    Given(value, "value") = Get<double>(record, number);
   });
 }
 
 qva_status QVA_CALL qva_record_get_flag(const qva_record* record, int32_t field, int32_t* value) {
-  return Guarded([&] {
-    const qva_record& source = Given(record, "record");
-    Given(value, "value") = Get<int32_t>(source, FieldOf(source, field, {FieldType::Bool}));
-  });
+  return Guarded(
+      [&] { Given(value, "value") = Get<int32_t>(record, FieldOf(record, field, {FieldType::Bool})); });
 }
 
 qva_status QVA_CALL qva_record_set_text(qva_record* record, int32_t field, const char* text) {
   return Guarded([&] {
-    qva_record& target = Given(record, "record");
-    const RecordField& field_ = FieldOf(target, field, {FieldType::Text});
+    const RecordField& field_ = FieldOf(record, field, {FieldType::Text});
     const std::string bytes = FromHost(text, NameOf(field_));
     if (field_.capacity != 0 && bytes.size() > field_.capacity)
       Fail(QVA_TOO_LONG, "the field " + NameOf(field_) + " holds " + std::to_string(field_.capacity) +
                              " bytes, and the text has " + std::to_string(bytes.size()));
-    field_.set(target.object, std::string_view(bytes));
+    field_.set(record->object, std::string_view(bytes));
   });
 }
 
 qva_status QVA_CALL qva_record_set_integer(qva_record* record, int32_t field, int32_t value) {
-  return Guarded([&] {
-    qva_record& target = Given(record, "record");
-    FieldOf(target, field, {FieldType::Int}).set(target.object, value);
-  });
+  return Guarded([&] { FieldOf(record, field, {FieldType::Int}).set(record->object, value); });
 }
 
 qva_status QVA_CALL qva_record_set_number(qva_record* record, int32_t field, double value) {
   return Guarded([&] {
-    qva_record& target = Given(record, "record");
-    const RecordField& number = FieldOf(target, field, {FieldType::Float, FieldType::Double});
+    const RecordField& number = FieldOf(record, field, {FieldType::Float, FieldType::Double});
     if (number.type == FieldType::Double)
-      number.set(target.object, value);
+      number.set(record->object, value);
     else
-      SetFloat(target, number, value);
+      SetFloat(record->object, number, value);
   });
 }
 
 qva_status QVA_CALL qva_record_set_flag(qva_record* record, int32_t field, int32_t value) {
-  return Guarded([&] {
-    qva_record& target = Given(record, "record");
-    FieldOf(target, field, {FieldType::Bool}).set(target.object, value != 0);
-  });
+  return Guarded([&] { FieldOf(record, field, {FieldType::Bool}).set(record->object, value != 0); });
 }
 
 qva_status QVA_CALL qva_record_list_size(const qva_record* record, int32_t field, int32_t* size) {
   return Guarded([&] {
-    const qva_record& source = Given(record, "record");
-    Given(size, "size") =
-        static_cast<int32_t>(FieldOf(source, field, {FieldType::List}).count(source.object));
+    const RecordField& list = FieldOf(record, field, {FieldType::List});
+    Given(size, "size") = static_cast<int32_t>(list.count(record->object));
   });
 }
 
 qva_status QVA_CALL qva_record_list_resize(qva_record* record, int32_t field, int32_t size) {
   return Guarded([&] {
-    qva_record& target = Given(record, "record");
-    const RecordField& list = FieldOf(target, field, {FieldType::List});
+    const RecordField& list = FieldOf(record, field, {FieldType::List});
     if (size < 0) Fail(QVA_INVALID_ARGUMENT, "a list cannot have " + std::to_string(size) + " elements");
-    list.resize(target.object, static_cast<std::size_t>(size));
-    target.elements.clear();
+    list.resize(record->object, static_cast<std::size_t>(size));
+    record->elements.clear();
   });
 }
 
 qva_status QVA_CALL qva_record_list_element(qva_record* record, int32_t field, int32_t index,
                                             qva_record** element) {
   return Guarded([&] {
-    qva_record& owner = Given(record, "record");
-    const RecordField& list = FieldOf(owner, field, {FieldType::List});
-    if (index < 0 || static_cast<std::size_t>(index) >= list.count(owner.object))
-      Fail(QVA_INVALID_ARGUMENT, "the list has no element " + std::to_string(index));
-    void* const object = list.element(owner.object, static_cast<std::size_t>(index));
-    auto& handle = owner.elements[{field, index}];
+    const RecordField& list = FieldOf(record, field, {FieldType::List});
+    const std::size_t place = IndexIn(list.count(record->object), index, "the list has no element ");
+    void* const object = list.element(record->object, place);
+    auto& handle = record->elements[{field, index}];
     if (handle == nullptr) handle = std::make_unique<qva_record>(*list.elements, object);
     Given(element, "element") = handle.get();
   });

@@ -47,8 +47,7 @@
 extern "C" {
 #endif
 
-/* ---- Status
- * ------------------------------------------------------------------------------------------------------ */
+/* ---- Status ---- */
 
 typedef int32_t qva_status;
 
@@ -139,8 +138,7 @@ QVA_API qva_status QVA_CALL qva_field_capacity(int32_t type, int32_t field, int3
 /* The record type of a list field's elements. */
 QVA_API qva_status QVA_CALL qva_field_elements(int32_t type, int32_t field, int32_t* element_type);
 
-/* ---- Records
- * ----------------------------------------------------------------------------------------------------- */
+/* ---- Records ---- */
 
 typedef struct qva_record qva_record;
 
@@ -176,8 +174,7 @@ QVA_API qva_status QVA_CALL qva_record_list_resize(qva_record* record, int32_t f
 QVA_API qva_status QVA_CALL qva_record_list_element(qva_record* record, int32_t field, int32_t index,
                                                     qva_record** element);
 
-/* ---- Manager
- * ----------------------------------------------------------------------------------------------------- */
+/* ---- Manager ---- */
 
 typedef struct qva_manager qva_manager;
 
@@ -231,8 +228,7 @@ QVA_API qva_status QVA_CALL qva_manager_on_progress(qva_manager* manager, qva_pr
 QVA_API qva_status QVA_CALL qva_manager_decimal_comma(qva_manager* manager, int32_t when_read,
                                                       int32_t when_written);
 
-/* ---- Formats
- * ----------------------------------------------------------------------------------------------------- */
+/* ---- Formats ---- */
 
 /* Loads a format file, whose current format becomes the manager's. QVA_FILE_ERROR when it is missing, not
  * well formed or no format file; the manager's formats then stay as they were. */
@@ -263,8 +259,7 @@ QVA_API qva_status QVA_CALL qva_stored_format_get(qva_manager* manager, const ch
 /* Makes a text file carry the name. The file is replaced as a whole or left as it is. */
 QVA_API qva_status QVA_CALL qva_stored_format_set(qva_manager* manager, const char* path, const char* name);
 
-/* ---- Reading
- * ----------------------------------------------------------------------------------------------------- */
+/* ---- Reading ---- */
 
 typedef struct qva_reader qva_reader;
 
@@ -304,8 +299,7 @@ QVA_API void QVA_CALL qva_reader_close(qva_reader* reader);
 QVA_API qva_status QVA_CALL qva_import(qva_manager* manager, int32_t kind, const char* path, int32_t* count);
 QVA_API qva_status QVA_CALL qva_import_record(qva_manager* manager, int32_t index, qva_record** record);
 
-/* ---- Writing
- * ----------------------------------------------------------------------------------------------------- */
+/* ---- Writing ---- */
 
 typedef struct qva_writer qva_writer;
 
@@ -323,8 +317,7 @@ QVA_API qva_status QVA_CALL qva_writer_commit(qva_writer* writer);
 /* Gives the file up: an existing one stays as it was. Null is ignored. */
 QVA_API void QVA_CALL qva_writer_abandon(qva_writer* writer);
 
-/* ---- Dialog
- * ------------------------------------------------------------------------------------------------------ */
+/* ---- Dialog ---- */
 
 /* Runs the format option dialog modally on the format file, and loads that when it ended with OK. `format`
  * names the format to show (null: the current one), `sample` a data file whose headers can be shown (null:

@@ -72,27 +72,35 @@ inline void Check(qva_status status) {
   if (status != QVA_OK) throw Error(status);
 }
 
-/// The text that `get(buffer, size, needed)` gives.
-template <class Get>
-std::string Text(Get get) {
+/// The text that the function gives for the arguments before its buffer.
+template <class Function, class... Arguments>
+std::string Text(Function get, Arguments... arguments) {
   std::string text(63, '\0');
   std::int32_t needed = 0;
-  qva_status status = get(&text[0], static_cast<std::int32_t>(text.size()) + 1, &needed);
+  qva_status status = get(arguments..., &text[0], static_cast<std::int32_t>(text.size()) + 1, &needed);
   if (status == QVA_SHORT_BUFFER) {
     text.resize(static_cast<std::size_t>(needed));
-    status = get(&text[0], needed + 1, &needed);
+    status = get(arguments..., &text[0], needed + 1, &needed);
   }
   Check(status);
   text.resize(static_cast<std::size_t>(needed));
   return text;
 }
 
-template <class Value, class Get>
-Value Number(Get get) {
+/// What the function puts where its last argument points.
+template <class Value, class Function, class... Arguments>
+Value Result(Function get, Arguments... arguments) {
   Value value{};
-  Check(get(&value));
+  Check(get(arguments..., &value));
   return value;
 }
+
+/// Gives a handle back.
+struct Release {
+  void operator()(qva_manager* manager) const noexcept { qva_manager_destroy(manager); }
+  void operator()(qva_reader* reader) const noexcept { qva_reader_close(reader); }
+  void operator()(qva_writer* writer) const noexcept { qva_writer_abandon(writer); }
+};
 
 }  // namespace detail
 
@@ -100,65 +108,42 @@ Value Number(Get get) {
 class Record {
  public:
   /// A fresh record of the kind.
-  explicit Record(Kind kind) : isOwner_(true) {
-    detail::Check(qva_record_create(static_cast<std::int32_t>(kind), &record_));
-  }
-  Record(Record&& other) noexcept
-      : record_(std::exchange(other.record_, nullptr)), isOwner_(std::exchange(other.isOwner_, false)) {}
-  Record& operator=(Record&& other) noexcept {
-    std::swap(record_, other.record_);
-    std::swap(isOwner_, other.isOwner_);
-    return *this;
-  }
-  ~Record() {
-    if (isOwner_) qva_record_destroy(record_);
-  }
+  explicit Record(Kind kind)
+      : Record(detail::Result<qva_record*>(qva_record_create, static_cast<std::int32_t>(kind)), true) {}
 
   /// A copy that outlives the reader or list of the original.
-  Record clone() const {
-    qva_record* copy = nullptr;
-    detail::Check(qva_record_clone(record_, &copy));
-    return Record(copy, true);
-  }
+  Record clone() const { return Record(detail::Result<qva_record*>(qva_record_clone, handle()), true); }
 
   /// The index of a field, for those who name it more than once.
   std::int32_t field(const char* name) const {
-    std::int32_t type = 0, index = 0;
-    detail::Check(qva_record_type(record_, &type));
-    detail::Check(qva_field_find(type, name, &index));
-    return index;
+    const auto type = detail::Result<std::int32_t>(qva_record_type, handle());
+    return detail::Result<std::int32_t>(qva_field_find, type, name);
   }
 
-  std::string text(std::int32_t field) const {
-    return detail::Text([&](char* buffer, std::int32_t size, std::int32_t* needed) {
-      return qva_record_get_text(record_, field, buffer, size, needed);
-    });
-  }
+  std::string text(std::int32_t field) const { return detail::Text(qva_record_get_text, handle(), field); }
   std::int32_t integer(std::int32_t field) const {
-    return detail::Number<std::int32_t>(
-        [&](std::int32_t* v) { return qva_record_get_integer(record_, field, v); });
+    return detail::Result<std::int32_t>(qva_record_get_integer, handle(), field);
   }
   double number(std::int32_t field) const {
-    return detail::Number<double>([&](double* v) { return qva_record_get_number(record_, field, v); });
+    return detail::Result<double>(qva_record_get_number, handle(), field);
   }
   bool flag(std::int32_t field) const {
-    return detail::Number<std::int32_t>(
-               [&](std::int32_t* v) { return qva_record_get_flag(record_, field, v); }) != 0;
+    return detail::Result<std::int32_t>(qva_record_get_flag, handle(), field) != 0;
   }
   std::string text(const char* name) const { return text(field(name)); }
   std::int32_t integer(const char* name) const { return integer(field(name)); }
   double number(const char* name) const { return number(field(name)); }
   bool flag(const char* name) const { return flag(field(name)); }
 
-  void set(std::int32_t field, const std::string& text) {
-    detail::Check(qva_record_set_text(record_, field, text.c_str()));
+  void set(std::int32_t field, const std::string& text) { set(field, text.c_str()); }
+  void set(std::int32_t field, const char* text) {
+    detail::Check(qva_record_set_text(handle(), field, text));
   }
-  void set(std::int32_t field, const char* text) { detail::Check(qva_record_set_text(record_, field, text)); }
   void set(std::int32_t field, std::int32_t value) {
-    detail::Check(qva_record_set_integer(record_, field, value));
+    detail::Check(qva_record_set_integer(handle(), field, value));
   }
-  void set(std::int32_t field, double value) { detail::Check(qva_record_set_number(record_, field, value)); }
-  void set(std::int32_t field, bool value) { detail::Check(qva_record_set_flag(record_, field, value)); }
+  void set(std::int32_t field, double value) { detail::Check(qva_record_set_number(handle(), field, value)); }
+  void set(std::int32_t field, bool value) { detail::Check(qva_record_set_flag(handle(), field, value)); }
   template <class Value>
   void set(const char* name, const Value& value) {
     set(field(name), value);
@@ -166,52 +151,47 @@ class Record {
 
   /// The list of a list field: its size, and its elements, which belong to this record.
   std::int32_t listSize(const char* name) const {
-    const std::int32_t index = field(name);
-    return detail::Number<std::int32_t>(
-        [&](std::int32_t* v) { return qva_record_list_size(record_, index, v); });
+    return detail::Result<std::int32_t>(qva_record_list_size, handle(), field(name));
   }
   void resizeList(const char* name, std::int32_t size) {
-    detail::Check(qva_record_list_resize(record_, field(name), size));
+    detail::Check(qva_record_list_resize(handle(), field(name), size));
   }
   Record element(const char* name, std::int32_t index) {
-    qva_record* element = nullptr;
-    detail::Check(qva_record_list_element(record_, field(name), index, &element));
-    return Record(element, false);
+    return Record(detail::Result<qva_record*>(qva_record_list_element, handle(), field(name), index), false);
   }
 
-  qva_record* handle() const noexcept { return record_; }
+  qva_record* handle() const noexcept { return record_.get(); }
 
  private:
-  friend class Reader;
-  friend class Manager;
-  Record(qva_record* record, bool isOwner) noexcept : record_(record), isOwner_(isOwner) {}
+  struct Destroy {
+    bool isOwner;
+    void operator()(qva_record* record) const noexcept {
+      if (isOwner) qva_record_destroy(record);
+    }
+  };
 
-  qva_record* record_ = nullptr;
-  bool isOwner_ = false;
+  friend class Reader;
+  Record(qva_record* record, bool isOwner) noexcept : record_(record, Destroy{isOwner}) {}
+
+  std::unique_ptr<qva_record, Destroy> record_;
 };
 
 /// Reads a file record by record; a range for `for`. A record is valid until the next one.
 class Reader {
  public:
-  Reader(Reader&& other) noexcept
-      : reader_(std::exchange(other.reader_, nullptr)), record_(std::move(other.record_)) {}
-  Reader& operator=(Reader&&) = delete;
-  ~Reader() { qva_reader_close(reader_); }
-
   std::vector<std::string> headers() const {
-    std::int32_t count = 0;
-    detail::Check(qva_reader_header_count(reader_, &count));
+    const auto count = detail::Result<std::int32_t>(qva_reader_header_count, handle());
     std::vector<std::string> headers;
     for (std::int32_t index = 0; index < count; ++index)
-      headers.push_back(detail::Text([&](char* buffer, std::int32_t size, std::int32_t* needed) {
-        return qva_reader_header(reader_, index, buffer, size, needed);
-      }));
+      headers.push_back(detail::Text(qva_reader_header, handle(), index));
     return headers;
   }
 
   /// Null when there are no more.
   Record* next() {
-    const qva_status status = qva_reader_next(reader_, &record_.record_);
+    qva_record* record = nullptr;
+    const qva_status status = qva_reader_next(handle(), &record);
+    record_.record_.reset(record);
     if (status == QVA_END) return nullptr;
     detail::Check(status);
     return &record_;
@@ -243,31 +223,27 @@ class Reader {
   Iterator begin() { return Iterator(*this); }
   End end() const { return {}; }
 
-  qva_reader* handle() const noexcept { return reader_; }
+  qva_reader* handle() const noexcept { return reader_.get(); }
 
  private:
   friend class Manager;
   explicit Reader(qva_reader* reader) noexcept : reader_(reader), record_(nullptr, false) {}
 
-  qva_reader* reader_;
+  std::unique_ptr<qva_reader, detail::Release> reader_;
   Record record_;
 };
 
 /// Writes a file record by record. Without commit() nothing is written, and an existing file stays.
 class Writer {
  public:
-  Writer(Writer&& other) noexcept : writer_(std::exchange(other.writer_, nullptr)) {}
-  Writer& operator=(Writer&&) = delete;
-  ~Writer() { qva_writer_abandon(writer_); }
-
-  void put(const Record& record) { detail::Check(qva_writer_put(writer_, record.handle())); }
-  void commit() { detail::Check(qva_writer_commit(std::exchange(writer_, nullptr))); }
+  void put(const Record& record) { detail::Check(qva_writer_put(writer_.get(), record.handle())); }
+  void commit() { detail::Check(qva_writer_commit(writer_.release())); }
 
  private:
   friend class Manager;
   explicit Writer(qva_writer* writer) noexcept : writer_(writer) {}
 
-  qva_writer* writer_;
+  std::unique_ptr<qva_writer, detail::Release> writer_;
 };
 
 /// Formats, and the files that are read and written with them.
@@ -275,66 +251,51 @@ class Manager {
  public:
   using OnProgress = std::function<bool(std::int64_t done, std::int64_t total)>;
 
-  Manager() {
-    qva_manager* manager = nullptr;
-    detail::Check(qva_manager_create(&manager));
-    manager_.reset(manager);
-  }
+  Manager() : manager_(detail::Result<qva_manager*>(qva_manager_create)) {}
 
-  void loadFormats(const std::string& path) { detail::Check(qva_formats_load(manager_.get(), path.c_str())); }
+  void loadFormats(const std::string& path) { detail::Check(qva_formats_load(handle(), path.c_str())); }
   std::vector<std::string> formats() const {
-    std::int32_t count = 0;
-    detail::Check(qva_formats_count(manager_.get(), &count));
+    const auto count = detail::Result<std::int32_t>(qva_formats_count, handle());
     std::vector<std::string> names;
     for (std::int32_t index = 0; index < count; ++index) names.push_back(NameOf(index));
     return names;
   }
   std::string currentFormat() const {
-    std::int32_t index = 0;
-    detail::Check(qva_format_current(manager_.get(), &index));
-    return NameOf(index);
+    return NameOf(detail::Result<std::int32_t>(qva_format_current, handle()));
   }
-  void selectFormat(const std::string& name) {
-    detail::Check(qva_format_select(manager_.get(), name.c_str()));
-  }
+  void selectFormat(const std::string& name) { detail::Check(qva_format_select(handle(), name.c_str())); }
 
   /// The name of a format that the file carries; empty where it carries none.
   std::string storedFormat(const std::string& path) const {
-    return detail::Text([&](char* buffer, std::int32_t size, std::int32_t* needed) {
-      return qva_stored_format_get(manager_.get(), path.c_str(), buffer, size, needed);
-    });
+    return detail::Text(qva_stored_format_get, handle(), path.c_str());
   }
   void storeFormat(const std::string& path, const std::string& name) {
-    detail::Check(qva_stored_format_set(manager_.get(), path.c_str(), name.c_str()));
+    detail::Check(qva_stored_format_set(handle(), path.c_str(), name.c_str()));
   }
 
   Reader read(const std::string& path, Kind kind) {
-    qva_reader* reader = nullptr;
-    detail::Check(qva_reader_open(manager_.get(), static_cast<std::int32_t>(kind), path.c_str(), &reader));
-    return Reader(reader);
+    return Reader(detail::Result<qva_reader*>(qva_reader_open, handle(), static_cast<std::int32_t>(kind),
+                                              path.c_str()));
   }
   Writer write(const std::string& path, Kind kind) {
-    qva_writer* writer = nullptr;
-    detail::Check(qva_writer_open(manager_.get(), static_cast<std::int32_t>(kind), path.c_str(), &writer));
-    return Writer(writer);
+    return Writer(detail::Result<qva_writer*>(qva_writer_open, handle(), static_cast<std::int32_t>(kind),
+                                              path.c_str()));
   }
 
   /// The remarks since the last call.
   std::vector<Diagnostic> takeDiagnostics() {
     std::int32_t count = 0;
-    detail::Check(qva_diagnostics_count(manager_.get(), &count, nullptr));
+    detail::Check(qva_diagnostics_count(handle(), &count, nullptr));
     std::vector<Diagnostic> diagnostics(static_cast<std::size_t>(count));
     for (std::int32_t index = 0; index < count; ++index) {
       Diagnostic& diagnostic = diagnostics[static_cast<std::size_t>(index)];
-      detail::Check(qva_diagnostic_line(manager_.get(), index, &diagnostic.line));
+      diagnostic.line = detail::Result<std::int64_t>(qva_diagnostic_line, handle(), index);
       std::string* const texts[] = {&diagnostic.file, &diagnostic.column, &diagnostic.code,
                                     &diagnostic.text, &diagnostic.stored, &diagnostic.message};
       for (std::int32_t which = QVA_DIAGNOSTIC_FILE; which <= QVA_DIAGNOSTIC_MESSAGE; ++which)
-        *texts[which] = detail::Text([&](char* buffer, std::int32_t size, std::int32_t* needed) {
-          return qva_diagnostic_text(manager_.get(), index, which, buffer, size, needed);
-        });
+        *texts[which] = detail::Text(qva_diagnostic_text, handle(), index, which);
     }
-    detail::Check(qva_diagnostics_clear(manager_.get()));
+    detail::Check(qva_diagnostics_clear(handle()));
     return diagnostics;
   }
 
@@ -342,32 +303,24 @@ class Manager {
   void onProgress(OnProgress onProgress) {
     onProgress_ = std::make_unique<OnProgress>(std::move(onProgress));
     const bool isSet = static_cast<bool>(*onProgress_);
-    detail::Check(qva_manager_on_progress(manager_.get(), isSet ? &Progress : nullptr, onProgress_.get()));
+    detail::Check(qva_manager_on_progress(handle(), isSet ? &Progress : nullptr, onProgress_.get()));
   }
 
   /// Numbers of text files that are read, and of those that are written, have a comma as the decimal sign.
   void decimalComma(bool whenRead, bool whenWritten) {
-    detail::Check(qva_manager_decimal_comma(manager_.get(), whenRead ? 1 : 0, whenWritten ? 1 : 0));
+    detail::Check(qva_manager_decimal_comma(handle(), whenRead ? 1 : 0, whenWritten ? 1 : 0));
   }
 
   qva_manager* handle() const noexcept { return manager_.get(); }
 
  private:
-  struct Destroy {
-    void operator()(qva_manager* manager) const noexcept { qva_manager_destroy(manager); }
-  };
-
   static std::int32_t QVA_CALL Progress(void* context, std::int64_t done, std::int64_t total) {
     return (*static_cast<OnProgress*>(context))(done, total) ? 1 : 0;
   }
 
-  std::string NameOf(std::int32_t format) const {
-    return detail::Text([&](char* buffer, std::int32_t size, std::int32_t* needed) {
-      return qva_format_name(manager_.get(), format, buffer, size, needed);
-    });
-  }
+  std::string NameOf(std::int32_t format) const { return detail::Text(qva_format_name, handle(), format); }
 
-  std::unique_ptr<qva_manager, Destroy> manager_;
+  std::unique_ptr<qva_manager, detail::Release> manager_;
   std::unique_ptr<OnProgress> onProgress_;
 };
 
