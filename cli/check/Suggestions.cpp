@@ -41,7 +41,6 @@ Parsed<double> WithComma(std::string_view text, bool isWhole) {
 /// Files that are no text of this kind at all, by how they start.
 struct FileShape {
   std::string_view start;
-  const char* code;
   const char* message;
 };
 
@@ -50,23 +49,21 @@ using namespace std::string_view_literals;
 constexpr const char* kWebPage = "this looks like a web page or XML; save the list as text or CSV";
 
 constexpr FileShape kShapes[] = {
-    {"\x1F\x8B"sv, "suggest-file-type", "this is a compressed file (gzip); unpack it first"},
-    {"7z\xBC\xAF"sv, "suggest-file-type", "this is an archive (7z); unpack it first"},
-    {"Rar!"sv, "suggest-file-type", "this is an archive (RAR); unpack it first"},
-    {"\x89PNG"sv, "suggest-file-type",
-     "this is a picture (PNG); save the list as text or CSV where it comes from"},
-    {"PK\x03\x04"sv, "suggest-file-type",
+    {"\x1F\x8B"sv, "this is a compressed file (gzip); unpack it first"},
+    {"7z\xBC\xAF"sv, "this is an archive (7z); unpack it first"},
+    {"Rar!"sv, "this is an archive (RAR); unpack it first"},
+    {"\x89PNG"sv, "this is a picture (PNG); save the list as text or CSV where it comes from"},
+    {"PK\x03\x04"sv,
      "this is a workbook or an archive under the name of a text file; save it as text or CSV where it comes "
      "from"},
-    {"\xD0\xCF\x11\xE0"sv, "suggest-file-type",
+    {"\xD0\xCF\x11\xE0"sv,
      "this is a workbook under the name of a text file; name it .xls, or save it as text or CSV"},
-    {"%PDF"sv, "suggest-file-type",
-     "this is a PDF document; save the list as text or CSV where it comes from"},
-    {"<?xml"sv, "suggest-file-type", kWebPage},
-    {"<!doctype"sv, "suggest-file-type", kWebPage},
-    {"<html"sv, "suggest-file-type", kWebPage},
-    {"<table"sv, "suggest-file-type", kWebPage},
-    {"{\\rtf"sv, "suggest-file-type", "this is a text with layout (RTF); save it as plain text"},
+    {"%PDF"sv, "this is a PDF document; save the list as text or CSV where it comes from"},
+    {"<?xml"sv, kWebPage},
+    {"<!doctype"sv, kWebPage},
+    {"<html"sv, kWebPage},
+    {"<table"sv, kWebPage},
+    {"{\\rtf"sv, "this is a text with layout (RTF); save it as plain text"},
 };
 
 std::string Choice(const std::vector<std::string>& encodings) {
@@ -117,246 +114,6 @@ struct ColumnLook {
   std::size_t filled = 0, numbers = 0, startingWithNumber = 0;
 };
 
-class Survey {
- public:
-  Survey(const DataFile& file, const DataStart& start, const TextCoding& coding)
-      : file_(file.path),
-        start_(start),
-        formats_(file.formats),
-        form_(file.form),
-        type_(RecordTypeOf(file.kind)),
-        coding_(coding),
-        hasDecimalComma_(file.hasDecimalComma),
-        columns_(ColumnsOf(file.form)) {}
-
-  std::vector<Utf8Diagnostic> Take(const RowFindings& findings) {
-    LookAtKeywords();
-    if (IsWorkbook(file_) || IsStream(file_)) return std::move(found_);
-    LookAtFormat();
-    LookAtFile(findings);
-    return std::move(found_);
-  }
-
- private:
-  void Add(std::int64_t line, std::string column, std::string code, std::string text, std::string message) {
-    found_.push_back({file_, line, std::move(column), std::move(code), std::move(text), std::move(message)});
-  }
-
-  void LookAtKeywords();
-  void LookAtFormat();
-  void LookAtFile(const RowFindings& findings);
-  void LookAtEncoding(const std::vector<std::string_view>& lines);
-  void LookAtHeader(const std::vector<std::string_view>& lines, std::size_t header, std::size_t width);
-  void LookAtOrder(const std::vector<std::string>& headers, std::size_t header);
-  bool LookAtMeanings(const std::vector<std::string>& headers, std::size_t header);
-  void LookAtCells(const std::vector<std::string>& headers, const std::vector<std::string_view>& rows,
-                   std::size_t header);
-  bool IsData(const std::vector<std::string>& headers, const std::vector<ColumnLook>& looks) const;
-  void AddMisplaced(std::size_t header, std::size_t column, const std::string& heading,
-                    const std::string& seeming);
-  void LookAtCommas(const std::vector<std::string_view>& rows,
-                    const std::map<std::string, TrailingTexts>& trailingTexts);
-  bool WantsNumber(std::size_t column) const;
-  bool WantsWhole(std::size_t column) const;
-  std::size_t Agreeing(std::string_view line) const;
-
-  const Utf8Path& file_;
-  const DataStart& start_;
-  const FormatFile& formats_;
-  const OptionForm& form_;
-  const RecordType& type_;
-  const TextCoding& coding_;
-  const bool hasDecimalComma_;
-  std::vector<FormatColumn> columns_;
-  std::string storedName_;  // of a format, in the file's first line
-  std::vector<Utf8Diagnostic> found_;
-};
-
-void Survey::LookAtKeywords() {
-  std::vector<std::string> keywords;
-  for (const FormatColumn& column : columns_)
-    if (column.keyword != kIgnore) keywords.push_back(column.keyword);
-  if (const std::string_view kind = GuessKind(type_, keywords); !kind.empty()) {
-    Add(0, "", "suggest-kind", form_.Name,
-        "the format \"" + ToUtf8(form_.Name) + "\" has the columns of another kind; --kind " +
-            std::string(kind) + "?");
-    return;
-  }
-  for (const auto& [keyword, meant] : GuessKeywords(type_, keywords))
-    Add(0, ToUtf8(keyword), "suggest-keyword", ToUtf8(keyword),
-        "column " + ToUtf8(keyword) + " is not a keyword; " + meant + "?");
-}
-
-void Survey::LookAtFormat() {
-  storedName_ = start_.FormatName(coding_);
-  if (!storedName_.empty() && storedName_ != form_.Name)
-    Add(1, "", "suggest-format", ToUtf8(storedName_),
-        "the file names the format \"" + ToUtf8(storedName_) + "\"" +
-            (formats_.Lookup(storedName_) != nullptr ? "" : ", which the configuration does not hold") +
-            "; it was read by \"" + ToUtf8(form_.Name) + "\"");
-  if (formats_.HasSavedFlag(form_) && !IsCsv(file_))
-    Add(0, "TreatAsOne", "suggest-treat-as-one", "1",
-        "the format \"" + ToUtf8(form_.Name) + "\" in " + formats_.Path() +
-            " says TreatAsOne=\"1\", which is read as off; to count consecutive delimiters as one, "
-            "put \"true\" there by hand");
-}
-
-void Survey::LookAtFile(const RowFindings& findings) {
-  const std::string& bytes = start_.Bytes();
-  if (auto shape = OtherShapeOf(start_)) {
-    found_.push_back(std::move(*shape));
-    return;
-  }
-  const std::vector<std::string_view> lines = LinesOf(bytes);
-  LookAtEncoding(lines);
-  const auto header = static_cast<std::size_t>(std::max(form_.StartLine, 1)) - 1;
-  const bool isRemarkedOn = !lines.empty() && header >= lines.size();
-  if (findings.rows == 0 && !isRemarkedOn)
-    Add(0, "", "suggest-rows", "",
-        bytes.empty() ? "the file is empty"
-                      : "the file has no row below line " + std::to_string(header + 1) +
-                            ", where the format expects the header row");
-  if (header + 1 >= lines.size()) return;
-  const std::vector<std::string_view> rows(lines.begin() + static_cast<std::ptrdiff_t>(header) + 1,
-                                           lines.end());
-  const bool isDirective =
-      (header == 0 && !storedName_.empty()) || StartsWithIgnoringCase(lines[header], "sep=");
-  const LayoutGuess guess = GuessLayout(
-      {lines[header + isDirective], rows, columns_.size(), findings.hasMisfits || columns_.empty()}, form_,
-      IsCsv(file_));
-  const std::size_t before = found_.size();
-  if (!guess.code.empty())
-    Add(0, "", guess.code, "", guess.message);
-  else
-    LookAtHeader(lines, header, UsualWidth(rows, LayoutOf(form_, IsCsv(file_))).fields);
-  if (guess.code.empty() && found_.size() == before)
-    LookAtCells(PlainFields(lines[header], LayoutOf(form_, IsCsv(file_))), rows, header);
-  if (guess.code.empty()) LookAtCommas(rows, findings.trailingTexts);
-}
-
-void Survey::LookAtEncoding(const std::vector<std::string_view>& lines) {
-  if (auto suggestion = EncodingSuggestion(file_, lines, coding_)) found_.push_back(std::move(*suggestion));
-}
-
-/// How many columns have their own keyword as heading in this line.
-std::size_t Survey::Agreeing(std::string_view line) const {
-  const auto headers = PlainFields(line, LayoutOf(form_, IsCsv(file_)));
-  std::size_t agreeing = 0;
-  for (std::size_t index = 0; index < std::min(headers.size(), columns_.size()); ++index)
-    agreeing +=
-        columns_[index].keyword != kIgnore && EqualsIgnoringCase(headers[index], columns_[index].keyword);
-  return agreeing;
-}
-
-void Survey::LookAtHeader(const std::vector<std::string_view>& lines, std::size_t header, std::size_t width) {
-  const auto wanted = static_cast<std::size_t>(std::count_if(
-      columns_.begin(), columns_.end(), [](const FormatColumn& c) { return c.keyword != kIgnore; }));
-  if (wanted < 2 || Agreeing(lines[header]) == wanted) return;
-  for (std::size_t index = 0; index < std::min(lines.size(), kHeaderSearch); ++index)
-    if (Agreeing(lines[index]) == wanted) {
-      Add(static_cast<std::int64_t>(index) + 1, "", "suggest-header-line", "",
-          "the header row is here, but the format expects it in line " + std::to_string(header + 1));
-      return;
-    }
-  if (header == 0 && !storedName_.empty())
-    Add(1, "", "suggest-header-line", "",
-        "the line that names the file's format is taken for the header row, as the format's start line is 1");
-  else if (const auto headers = PlainFields(lines[header], LayoutOf(form_, IsCsv(file_)));
-           headers.size() == width || headers.size() == columns_.size())
-    LookAtOrder(headers, header);  // one more or fewer may be a header that holds a delimiter
-}
-
-void Survey::LookAtOrder(const std::vector<std::string>& headers, std::size_t header) {
-  if (LookAtMeanings(headers, header)) return;
-  for (std::size_t index = 0; index < std::min(headers.size(), columns_.size()); ++index) {
-    const std::string& keyword = columns_[index].keyword;
-    if (keyword == kIgnore || EqualsIgnoringCase(headers[index], keyword)) continue;
-    const bool isOther = std::any_of(columns_.begin(), columns_.end(), [&](const FormatColumn& column) {
-      return column.keyword != kIgnore && EqualsIgnoringCase(column.keyword, headers[index]);
-    });
-    if (isOther) AddMisplaced(header, index, coding_.Decode(headers[index]), "");
-  }
-}
-
-void Survey::AddMisplaced(std::size_t header, std::size_t column, const std::string& heading,
-                          const std::string& seeming) {
-  const std::string keyword = ToUtf8(columns_[column].keyword);
-  Add(static_cast<std::int64_t>(header) + 1, keyword, "suggest-column-order", heading,
-      "column " + std::to_string(column + 1) + " is headed \"" + heading + "\"" + seeming +
-          "; the format reads it as " + keyword);
-}
-
-/// Headings that are everyday names of other columns of the format. As one word may mean anything, they must
-/// have changed places among themselves.
-bool Survey::LookAtMeanings(const std::vector<std::string>& headers, std::size_t header) {
-  const std::size_t size = std::min(headers.size(), columns_.size());
-  const Headings headings(type_);
-  std::map<std::size_t, std::size_t> places;  // of columns by their headings
-  std::set<std::size_t> taken;
-  for (std::size_t index = 0; index < size; ++index) {
-    const std::string meaning = headings.KeywordsFor({coding_.Decode(headers[index])}).front();
-    if (meaning == kIgnore || columns_[index].keyword == kIgnore) continue;
-    const auto own = std::find_if(columns_.begin(), columns_.end(), [&](const FormatColumn& column) {
-      return EqualsIgnoringCase(column.keyword, meaning);
-    });
-    const auto place = static_cast<std::size_t>(own - columns_.begin());
-    if (place >= size) continue;
-    if (!taken.insert(place).second) return false;
-    if (place != index) places.emplace(index, place);
-  }
-  if (places.empty() || std::any_of(places.begin(), places.end(),
-                                    [&](const auto& entry) { return !places.contains(entry.second); }))
-    return false;
-  for (const auto& [index, place] : places) {
-    const std::string heading = coding_.Decode(headers[index]), meaning = ToUtf8(columns_[place].keyword);
-    AddMisplaced(header, index, heading,
-                 EqualsIgnoringCase(heading, meaning) ? "" : ", which seems to be " + meaning);
-  }
-  return true;
-}
-
-bool Survey::WantsNumber(std::size_t column) const {
-  const RecordField* const field = FindFieldOfColumn(type_, columns_[column].keyword);
-  const auto isRead = [](const FieldColumn& c) {
-    return c.readAs == CellForm::Whole || c.readAs == CellForm::Real;
-  };
-  return field != nullptr && std::any_of(field->columns.begin(), field->columns.end(), isRead);
-}
-
-bool Survey::WantsWhole(std::size_t column) const {
-  const RecordField* const field = FindFieldOfColumn(type_, columns_[column].keyword);
-  return field != nullptr && field->type == FieldType::Int && WantsNumber(column);
-}
-
-/// Where all that has text after the number would be numbers with a decimal comma, and no other cell would be
-/// another number.
-void Survey::LookAtCommas(const std::vector<std::string_view>& rows,
-                          const std::map<std::string, TrailingTexts>& trailingTexts) {
-  if (hasDecimalComma_) return;
-  std::vector<std::size_t> better;
-  for (std::size_t index = 0; index < columns_.size(); ++index) {
-    const auto texts = trailingTexts.find(ToUtf8(columns_[index].keyword));
-    if (texts != trailingTexts.end() && (WantsWhole(index) ? texts->second.areWhole : texts->second.areReal))
-      better.push_back(index);
-  }
-  if (better.empty()) return;
-  for (const std::string_view row : rows) {
-    const auto fields = PlainFields(row, LayoutOf(form_, IsCsv(file_)));
-    for (std::size_t index = 0; index < std::min(fields.size(), columns_.size()); ++index) {
-      if (!WantsNumber(index) || ParseReal(fields[index]).fault != NumberFault::None) continue;
-      const Parsed<double> now = ParseReal(fields[index]), then = WithComma(fields[index], WantsWhole(index));
-      const bool isBetter = std::find(better.begin(), better.end(), index) != better.end();
-      if (then.fault != NumberFault::None || (!isBetter && then.value != now.value)) return;
-    }
-  }
-  for (const std::size_t index : better) {
-    const std::string column = ToUtf8(columns_[index].keyword);
-    Add(0, column, "suggest-decimal-comma", "",
-        "with --decimal-comma every cell with text after the number, " +
-            Counted(trailingTexts.at(column).count, "cell") + ", would be a number");
-  }
-}
-
 std::vector<ColumnLook> LooksOf(const std::vector<std::string_view>& rows, const SplitRules& layout,
                                 std::size_t columns) {
   std::vector<ColumnLook> looks(columns);
@@ -379,51 +136,270 @@ bool CountsColumns(const std::vector<std::string>& headers) {
   return true;
 }
 
-/// Whether a header row's cells in columns of numbers are like those of the rows, a number at least.
-bool Survey::IsData(const std::vector<std::string>& headers, const std::vector<ColumnLook>& looks) const {
-  bool hasNumber = false;
-  for (std::size_t index = 0; index < std::min(headers.size(), columns_.size()); ++index) {
-    const ColumnLook& look = looks[index];
-    if (!WantsNumber(index) || look.filled == 0) continue;
-    const NumberFault fault = ParseReal(headers[index]).fault;
-    const auto isUsual = [&](std::size_t count) { return 20 * count >= 19 * look.filled; };
-    hasNumber = hasNumber || (fault == NumberFault::None && isUsual(look.numbers));
-    const bool isLikeRows =
-        fault == NumberFault::TrailingText && isUsual(look.startingWithNumber - look.numbers);
-    if (fault != NumberFault::None && fault != NumberFault::Empty && !isLikeRows) return false;
-  }
-  return hasNumber && !CountsColumns(headers);
-}
+class Survey {
+ public:
+  Survey(const DataFile& file, const DataStart& start, const TextCoding& coding)
+      : file_(file),
+        start_(start),
+        coding_(coding),
+        type_(RecordTypeOf(file.kind)),
+        layout_(LayoutOf(file.form, IsCsv(file.path))),
+        columns_(ColumnsOf(file.form)),
+        header_(static_cast<std::size_t>(std::max(file.form.StartLine, 1)) - 1) {}
 
-/// What the cells say: a header row that is a row of data, and a column without numbers that wants them.
-void Survey::LookAtCells(const std::vector<std::string>& headers, const std::vector<std::string_view>& rows,
-                         std::size_t header) {
-  const auto looks = LooksOf(rows, LayoutOf(form_, IsCsv(file_)), columns_.size());
-  const auto line = static_cast<std::int64_t>(header) + 1;
-  if (IsData(headers, looks)) {
-    Add(line, "", "suggest-header-line", "",
-        "this line, which the format takes for the header row, looks like the rows below it; a row of data "
-        "here is not read, so put a header row above it");
-    return;
+  std::vector<Utf8Diagnostic> Take(const RowFindings& findings) {
+    LookAtKeywords();
+    if (IsWorkbook(file_.path) || IsStream(file_.path)) return std::move(found_);
+    LookAtFormat();
+    LookAtFile(findings);
+    return std::move(found_);
   }
-  const auto isMost = [&](const ColumnLook& look, std::size_t count) {
-    return look.filled >= 3 && 10 * count >= 9 * look.filled && 2 * look.filled >= rows.size();
-  };
-  std::size_t holder = 0;  // the first column that holds numbers and wants none
-  while (holder < columns_.size() && (columns_[holder].keyword == kIgnore || WantsNumber(holder) ||
-                                      !isMost(looks[holder], looks[holder].numbers)))
-    ++holder;
-  if (holder == columns_.size()) return;
-  for (std::size_t index = 0; index < columns_.size(); ++index) {
-    const std::string keyword = ToUtf8(columns_[index].keyword);
-    if (WantsNumber(index) && isMost(looks[index], looks[index].filled - looks[index].startingWithNumber))
-      Add(line, keyword, "suggest-column-order", "",
-          "column " + std::to_string(index + 1) + " is read as " + keyword +
-              " and holds no number in most rows, but column " + std::to_string(holder + 1) +
-              ", which is read as " + ToUtf8(columns_[holder].keyword) +
-              ", does; compare the format's columns with the header row");
+
+ private:
+  void Add(std::int64_t line, std::string column, std::string code, std::string text, std::string message) {
+    found_.push_back(
+        {file_.path, line, std::move(column), std::move(code), std::move(text), std::move(message)});
   }
-}
+
+  void LookAtKeywords() {
+    std::vector<std::string> keywords;
+    for (const FormatColumn& column : columns_)
+      if (column.keyword != kIgnore) keywords.push_back(column.keyword);
+    if (const std::string_view kind = GuessKind(type_, keywords); !kind.empty()) {
+      Add(0, "", "suggest-kind", file_.form.Name,
+          "the format \"" + ToUtf8(file_.form.Name) + "\" has the columns of another kind; --kind " +
+              std::string(kind) + "?");
+      return;
+    }
+    for (const auto& [keyword, meant] : GuessKeywords(type_, keywords))
+      Add(0, ToUtf8(keyword), "suggest-keyword", ToUtf8(keyword),
+          "column " + ToUtf8(keyword) + " is not a keyword; " + meant + "?");
+  }
+
+  void LookAtFormat() {
+    storedName_ = start_.FormatName(coding_);
+    if (!storedName_.empty() && storedName_ != file_.form.Name)
+      Add(1, "", "suggest-format", ToUtf8(storedName_),
+          "the file names the format \"" + ToUtf8(storedName_) + "\"" +
+              (file_.formats.Lookup(storedName_) != nullptr ? ""
+                                                            : ", which the configuration does not hold") +
+              "; it was read by \"" + ToUtf8(file_.form.Name) + "\"");
+    if (file_.formats.HasSavedFlag(file_.form) && !IsCsv(file_.path))
+      Add(0, "TreatAsOne", "suggest-treat-as-one", "1",
+          "the format \"" + ToUtf8(file_.form.Name) + "\" in " + file_.formats.Path() +
+              " says TreatAsOne=\"1\", which is read as off; to count consecutive delimiters as one, "
+              "put \"true\" there by hand");
+  }
+
+  void LookAtFile(const RowFindings& findings) {
+    const std::string& bytes = start_.Bytes();
+    if (auto shape = OtherShapeOf(start_)) {
+      found_.push_back(std::move(*shape));
+      return;
+    }
+    const std::vector<std::string_view> lines = LinesOf(bytes);
+    if (auto suggestion = EncodingSuggestion(file_.path, lines, coding_))
+      found_.push_back(std::move(*suggestion));
+    const bool isRemarkedOn = !lines.empty() && header_ >= lines.size();
+    if (findings.rows == 0 && !isRemarkedOn)
+      Add(0, "", "suggest-rows", "",
+          bytes.empty() ? "the file is empty"
+                        : "the file has no row below line " + std::to_string(header_ + 1) +
+                              ", where the format expects the header row");
+    if (header_ + 1 >= lines.size()) return;
+    const std::vector<std::string_view> rows(lines.begin() + static_cast<std::ptrdiff_t>(header_) + 1,
+                                             lines.end());
+    const bool isDirective =
+        (header_ == 0 && !storedName_.empty()) || StartsWithIgnoringCase(lines[header_], "sep=");
+    const LayoutGuess guess = GuessLayout(
+        {lines[header_ + isDirective], rows, columns_.size(), findings.hasMisfits || columns_.empty()},
+        file_.form, IsCsv(file_.path));
+    const std::size_t before = found_.size();
+    if (!guess.code.empty())
+      Add(0, "", guess.code, "", guess.message);
+    else
+      LookAtHeader(lines, UsualWidth(rows, layout_).fields);
+    if (guess.code.empty() && found_.size() == before)
+      LookAtCells(PlainFields(lines[header_], layout_), rows);
+    if (guess.code.empty()) LookAtCommas(rows, findings.trailingTexts);
+  }
+
+  /// How many columns have their own keyword as heading in this line.
+  std::size_t Agreeing(std::string_view line) const {
+    const auto headers = PlainFields(line, layout_);
+    std::size_t agreeing = 0;
+    for (std::size_t index = 0; index < std::min(headers.size(), columns_.size()); ++index)
+      agreeing +=
+          columns_[index].keyword != kIgnore && EqualsIgnoringCase(headers[index], columns_[index].keyword);
+    return agreeing;
+  }
+
+  void LookAtHeader(const std::vector<std::string_view>& lines, std::size_t width) {
+    const auto wanted = static_cast<std::size_t>(std::count_if(
+        columns_.begin(), columns_.end(), [](const FormatColumn& c) { return c.keyword != kIgnore; }));
+    if (wanted < 2 || Agreeing(lines[header_]) == wanted) return;
+    for (std::size_t index = 0; index < std::min(lines.size(), kHeaderSearch); ++index)
+      if (Agreeing(lines[index]) == wanted) {
+        Add(static_cast<std::int64_t>(index) + 1, "", "suggest-header-line", "",
+            "the header row is here, but the format expects it in line " + std::to_string(header_ + 1));
+        return;
+      }
+    if (header_ == 0 && !storedName_.empty())
+      Add(1, "", "suggest-header-line", "",
+          "the line that names the file's format is taken for the header row, as the format's start line is "
+          "1");
+    else if (const auto headers = PlainFields(lines[header_], layout_);
+             headers.size() == width || headers.size() == columns_.size())
+      LookAtOrder(headers);  // one more or fewer may be a header that holds a delimiter
+  }
+
+  void LookAtOrder(const std::vector<std::string>& headers) {
+    if (LookAtMeanings(headers)) return;
+    for (std::size_t index = 0; index < std::min(headers.size(), columns_.size()); ++index) {
+      const std::string& keyword = columns_[index].keyword;
+      if (keyword == kIgnore || EqualsIgnoringCase(headers[index], keyword)) continue;
+      const bool isOther = std::any_of(columns_.begin(), columns_.end(), [&](const FormatColumn& column) {
+        return column.keyword != kIgnore && EqualsIgnoringCase(column.keyword, headers[index]);
+      });
+      if (isOther) AddMisplaced(index, coding_.Decode(headers[index]), "");
+    }
+  }
+
+  void AddMisplaced(std::size_t column, const std::string& heading, const std::string& seeming) {
+    const std::string keyword = ToUtf8(columns_[column].keyword);
+    Add(static_cast<std::int64_t>(header_) + 1, keyword, "suggest-column-order", heading,
+        "column " + std::to_string(column + 1) + " is headed \"" + heading + "\"" + seeming +
+            "; the format reads it as " + keyword);
+  }
+
+  /// Headings that are everyday names of other columns of the format. As one word may mean anything, they
+  /// must have changed places among themselves.
+  bool LookAtMeanings(const std::vector<std::string>& headers) {
+    const std::size_t size = std::min(headers.size(), columns_.size());
+    const Headings headings(type_);
+    std::map<std::size_t, std::size_t> places;  // of columns by their headings
+    std::set<std::size_t> taken;
+    for (std::size_t index = 0; index < size; ++index) {
+      const std::string meaning = headings.KeywordsFor({coding_.Decode(headers[index])}).front();
+      if (meaning == kIgnore || columns_[index].keyword == kIgnore) continue;
+      const auto own = std::find_if(columns_.begin(), columns_.end(), [&](const FormatColumn& column) {
+        return EqualsIgnoringCase(column.keyword, meaning);
+      });
+      const auto place = static_cast<std::size_t>(own - columns_.begin());
+      if (place >= size) continue;
+      if (!taken.insert(place).second) return false;
+      if (place != index) places.emplace(index, place);
+    }
+    if (places.empty() || std::any_of(places.begin(), places.end(),
+                                      [&](const auto& entry) { return !places.contains(entry.second); }))
+      return false;
+    for (const auto& [index, place] : places) {
+      const std::string heading = coding_.Decode(headers[index]), meaning = ToUtf8(columns_[place].keyword);
+      AddMisplaced(index, heading,
+                   EqualsIgnoringCase(heading, meaning) ? "" : ", which seems to be " + meaning);
+    }
+    return true;
+  }
+
+  bool WantsNumber(std::size_t column) const {
+    const RecordField* const field = FindFieldOfColumn(type_, columns_[column].keyword);
+    const auto isRead = [](const FieldColumn& c) {
+      return c.readAs == CellForm::Whole || c.readAs == CellForm::Real;
+    };
+    return field != nullptr && std::any_of(field->columns.begin(), field->columns.end(), isRead);
+  }
+
+  bool WantsWhole(std::size_t column) const {
+    const RecordField* const field = FindFieldOfColumn(type_, columns_[column].keyword);
+    return field != nullptr && field->type == FieldType::Int && WantsNumber(column);
+  }
+
+  /// Where all that has text after the number would be numbers with a decimal comma, and no other cell would
+  /// be another number.
+  void LookAtCommas(const std::vector<std::string_view>& rows,
+                    const std::map<std::string, TrailingTexts>& trailingTexts) {
+    if (file_.hasDecimalComma) return;
+    std::vector<std::size_t> better;
+    for (std::size_t index = 0; index < columns_.size(); ++index) {
+      const auto texts = trailingTexts.find(ToUtf8(columns_[index].keyword));
+      if (texts != trailingTexts.end() &&
+          (WantsWhole(index) ? texts->second.areWhole : texts->second.areReal))
+        better.push_back(index);
+    }
+    if (better.empty()) return;
+    for (const std::string_view row : rows) {
+      const auto fields = PlainFields(row, layout_);
+      for (std::size_t index = 0; index < std::min(fields.size(), columns_.size()); ++index) {
+        if (!WantsNumber(index) || ParseReal(fields[index]).fault != NumberFault::None) continue;
+        const Parsed<double> now = ParseReal(fields[index]),
+                             then = WithComma(fields[index], WantsWhole(index));
+        const bool isBetter = std::find(better.begin(), better.end(), index) != better.end();
+        if (then.fault != NumberFault::None || (!isBetter && then.value != now.value)) return;
+      }
+    }
+    for (const std::size_t index : better) {
+      const std::string column = ToUtf8(columns_[index].keyword);
+      Add(0, column, "suggest-decimal-comma", "",
+          "with --decimal-comma every cell with text after the number, " +
+              Counted(trailingTexts.at(column).count, "cell") + ", would be a number");
+    }
+  }
+
+  /// Whether a header row's cells in columns of numbers are like those of the rows, a number at least.
+  bool IsData(const std::vector<std::string>& headers, const std::vector<ColumnLook>& looks) const {
+    bool hasNumber = false;
+    for (std::size_t index = 0; index < std::min(headers.size(), columns_.size()); ++index) {
+      const ColumnLook& look = looks[index];
+      if (!WantsNumber(index) || look.filled == 0) continue;
+      const NumberFault fault = ParseReal(headers[index]).fault;
+      const auto isUsual = [&](std::size_t count) { return 20 * count >= 19 * look.filled; };
+      hasNumber = hasNumber || (fault == NumberFault::None && isUsual(look.numbers));
+      const bool isLikeRows =
+          fault == NumberFault::TrailingText && isUsual(look.startingWithNumber - look.numbers);
+      if (fault != NumberFault::None && fault != NumberFault::Empty && !isLikeRows) return false;
+    }
+    return hasNumber && !CountsColumns(headers);
+  }
+
+  /// What the cells say: a header row that is a row of data, and a column without numbers that wants them.
+  void LookAtCells(const std::vector<std::string>& headers, const std::vector<std::string_view>& rows) {
+    const auto looks = LooksOf(rows, layout_, columns_.size());
+    const auto line = static_cast<std::int64_t>(header_) + 1;
+    if (IsData(headers, looks)) {
+      Add(line, "", "suggest-header-line", "",
+          "this line, which the format takes for the header row, looks like the rows below it; a row of data "
+          "here is not read, so put a header row above it");
+      return;
+    }
+    const auto isMost = [&](const ColumnLook& look, std::size_t count) {
+      return look.filled >= 3 && 10 * count >= 9 * look.filled && 2 * look.filled >= rows.size();
+    };
+    std::size_t holder = 0;  // the first column that holds numbers and wants none
+    while (holder < columns_.size() && (columns_[holder].keyword == kIgnore || WantsNumber(holder) ||
+                                        !isMost(looks[holder], looks[holder].numbers)))
+      ++holder;
+    if (holder == columns_.size()) return;
+    for (std::size_t index = 0; index < columns_.size(); ++index) {
+      const std::string keyword = ToUtf8(columns_[index].keyword);
+      if (WantsNumber(index) && isMost(looks[index], looks[index].filled - looks[index].startingWithNumber))
+        Add(line, keyword, "suggest-column-order", "",
+            "column " + std::to_string(index + 1) + " is read as " + keyword +
+                " and holds no number in most rows, but column " + std::to_string(holder + 1) +
+                ", which is read as " + ToUtf8(columns_[holder].keyword) +
+                ", does; compare the format's columns with the header row");
+    }
+  }
+
+  const DataFile& file_;
+  const DataStart& start_;
+  const TextCoding& coding_;
+  const RecordType& type_;
+  const SplitRules layout_;
+  const std::vector<FormatColumn> columns_;
+  const std::size_t header_;  // the header row's place among the lines
+  std::string storedName_;    // of a format, in the file's first line
+  std::vector<Utf8Diagnostic> found_;
+};
 
 }  // namespace
 
@@ -433,7 +409,7 @@ std::optional<Utf8Diagnostic> OtherShapeOf(const DataStart& start) {
     return Utf8Diagnostic{start.File(), 0, "", code, "", message};
   };
   for (const FileShape& shape : kShapes)
-    if (StartsWithIgnoringCase(bytes, shape.start)) return suggest(shape.code, shape.message);
+    if (StartsWithIgnoringCase(bytes, shape.start)) return suggest("suggest-file-type", shape.message);
   if (const std::string_view wide = WideEncodingOf(bytes); !wide.empty())
     return suggest("suggest-encoding",
                    "the file is " + std::string(wide) + "; save it as UTF-8 or in the system's code page");
