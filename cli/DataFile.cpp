@@ -15,7 +15,7 @@ CAssemblyFileMgr& WithFormat(CAssemblyFileMgr& manager, const DataFile& file) {
 
 /// The path for the library of a file that is written.
 std::string PathToWrite(const Session& session, const DataFile& file) {
-  if (session.diagnostics.IsStrict() && IsStream(file.path))
+  if (session.diagnostics.style.isStrict && IsStream(file.path))
     throw UsageError("--strict: what goes into a pipe cannot be held back; - with --type can");
   return PathFromUtf8(file.path);
 }

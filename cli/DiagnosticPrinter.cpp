@@ -67,8 +67,8 @@ std::string DecodedMessage(const Diagnostic& diagnostic, const TextCoding& codin
 
 }  // namespace
 
-DiagnosticPrinter::DiagnosticPrinter(const Streams& streams, Progress& progress)
-    : streams_(streams), progress_(progress) {
+DiagnosticPrinter::DiagnosticPrinter(const Streams& streams, Progress& progress, const TextCoding& coding)
+    : streams_(streams), progress_(progress), coding_(coding) {
   SetDiagnosticHandler([](const Diagnostic& diagnostic,
                           void* self) { static_cast<DiagnosticPrinter*>(self)->Receive(diagnostic); },
                        this);
@@ -85,7 +85,7 @@ DiagnosticPrinter::~DiagnosticPrinter() {
 void DiagnosticPrinter::Warn(const Utf8Diagnostic& diagnostic) {
   ++warnings_;
   if (filter_ && !filter_(diagnostic)) return;
-  if (isJson_ || showsAll_ || !IsOmitted(diagnostic)) Print(diagnostic);
+  if (style.isJson || style.showsAll || !IsOmitted(diagnostic)) Print(diagnostic);
 }
 
 bool DiagnosticPrinter::IsOmitted(const Utf8Diagnostic& warning) {
@@ -103,7 +103,7 @@ void DiagnosticPrinter::PrintOmitted() {
 }
 
 bool DiagnosticPrinter::ForbidsWriting(const std::string& file) {
-  if (!isStrict_ || warnings_ == 0) return false;
+  if (!style.isStrict || warnings_ == 0) return false;
   PrintOmitted();
   Print({file, 0, "", "not-written", "", "not written, as there is something to remark on (--strict)"});
   return true;
@@ -116,7 +116,7 @@ void DiagnosticPrinter::Fail(const Utf8Diagnostic& diagnostic) {
 }
 
 void DiagnosticPrinter::Note(const std::string& sentence) {
-  if (isJson_ || sentence == note_) return;
+  if (style.isJson || sentence == note_) return;
   note_ = sentence;
   progress_.Clear();
   streams_.out.flush();  // so that both streams are in order on a terminal
@@ -140,7 +140,7 @@ void DiagnosticPrinter::Print(const Utf8Diagnostic& diagnostic) {
   if (IsInterrupted()) return;  // whoever ended the program knows why it fails
   progress_.Clear();
   streams_.out.flush();
-  streams_.error << (isJson_ ? AsJson(diagnostic) : AsText(diagnostic, streams_.ColoursError()));
+  streams_.error << (style.isJson ? AsJson(diagnostic) : AsText(diagnostic, streams_.ColoursError()));
 }
 
 }  // namespace qv

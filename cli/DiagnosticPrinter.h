@@ -15,24 +15,24 @@
 
 namespace qv {
 
+/// How the user wants diagnostics.
+struct DiagnosticStyle {
+  bool isJson = false;
+  bool isStrict = false;  ///< a warning keeps files from being written
+  bool showsAll = false;  ///< text has each warning, not only the first ones of each code and column
+};
+
 /// Prints to standard error, as lines of text or of JSON, what the library reports while this lives and what
 /// the commands themselves have to say besides the data.
 class DiagnosticPrinter {
  public:
-  DiagnosticPrinter(const Streams& streams, Progress& progress);
+  /// `coding` is that of what the library's diagnostics quote.
+  DiagnosticPrinter(const Streams& streams, Progress& progress, const TextCoding& coding);
   ~DiagnosticPrinter();
   DiagnosticPrinter(const DiagnosticPrinter&) = delete;
   DiagnosticPrinter& operator=(const DiagnosticPrinter&) = delete;
 
-  void UseJson() { isJson_ = true; }
-  bool IsJson() const { return isJson_; }
-  /// A warning keeps files from being written.
-  void UseStrictness() { isStrict_ = true; }
-  bool IsStrict() const { return isStrict_; }
-  /// Text has each warning, not only the first ones of each code and column.
-  void ShowAll() { showsAll_ = true; }
-  /// The encoding of what the library's diagnostics quote.
-  void UseCoding(const TextCoding& coding) { coding_ = coding; }
+  DiagnosticStyle style;
 
   /// Called with every warning from now on; one for which it returns false is counted and not printed. May be
   /// empty. Must not throw, as it is called through the library.
@@ -78,10 +78,7 @@ class DiagnosticPrinter {
 
   const Streams& streams_;
   Progress& progress_;
-  TextCoding coding_;
-  bool isJson_ = false;
-  bool isStrict_ = false;
-  bool showsAll_ = false;
+  const TextCoding& coding_;
   bool failed_ = false;
   std::optional<DiagnosticCode> ignored_;
   Filter filter_;

@@ -1,9 +1,7 @@
 #include "cli/Program.h"
 
 #include "cli/Errors.h"
-#include "cli/Session.h"
-
-#include <CLI/CLI.hpp>
+#include "cli/commands/Commands.h"
 
 #include <algorithm>
 #include <ostream>
@@ -29,20 +27,15 @@ line is wrong; 3 a file could not be read or written.)";
 struct CommonOptions {
   std::string diagnostics = "text";
   std::string encoding;
-  bool strict = false;
-  bool allRemarks = false;
 };
 
-void AddCommonOptions(CLI::App& program, CommonOptions& options) {
-  program.add_option("--diagnostics", options.diagnostics, "how warnings are written: text or json")
-      ->check(CLI::IsMember({"text", "json"}))
-      ->type_name("FORM");
-  program
-      .add_option("--encoding", options.encoding,
-                  "encoding of the texts in data files (default: the system's code page)")
-      ->type_name("NAME");
-  program.add_flag("--strict", options.strict, "end with 1 when there was a warning, and write no file then");
-  program.add_flag("--all-remarks", options.allRemarks,
+void AddCommonOptions(CLI::App& program, CommonOptions& options, DiagnosticStyle& style) {
+  AddChoice(program, "--diagnostics", options.diagnostics, "FORM", {"text", "json"},
+            "how warnings are written: text or json");
+  AddOption(program, "--encoding", options.encoding, "NAME",
+            "encoding of the texts in data files (default: the system's code page)");
+  program.add_flag("--strict", style.isStrict, "end with 1 when there was a warning, and write no file then");
+  program.add_flag("--all-remarks", style.showsAll,
                    "print all remarks, not only the first ten of each code and column");
 }
 
@@ -138,19 +131,15 @@ std::string WhatIsWrong(const CLI::App& program, const CLI::ParseError& error) {
 int TellUsage(Session& session, const CLI::App& program, const std::string& what) {
   const std::string hint = "\nRun \"" + FullName(ReachedCommand(program)) + " --help\" for its options.";
   session.diagnostics.Fail({"", 0, "", "command-line", "", what});
-  if (!session.diagnostics.IsJson()) session.streams.error << hint.substr(1) << '\n';
+  if (!session.diagnostics.style.isJson) session.streams.error << hint.substr(1) << '\n';
   return kWrongUsage;
 }
 
 int RunCommand(Session& session, const CommonOptions& options) {
-  if (!options.encoding.empty()) {
-    session.coding = TextCoding(options.encoding);
-    session.diagnostics.UseCoding(session.coding);
-  }
-  if (options.allRemarks) session.diagnostics.ShowAll();
-  if (options.strict) session.diagnostics.UseStrictness();
+  if (!options.encoding.empty()) session.coding = TextCoding(options.encoding);
   const int code = session.command();
-  return code == kDone && options.strict && session.diagnostics.Warnings() > 0 ? kWarned : code;
+  const bool isWarned = session.diagnostics.style.isStrict && session.diagnostics.Warnings() > 0;
+  return code == kDone && isWarned ? kWarned : code;
 }
 
 int Run(CLI::App& program, const std::vector<std::string>& arguments, Session& session,
@@ -182,28 +171,6 @@ void Session::Write(std::string_view text) {
   if (!streams.out) throw ReportedFileError();  // as it is when the program ends
 }
 
-void AddKindOption(CLI::App& command, FileOptions& options, const std::string& kinds) {
-  command.add_option("--kind", options.kind, "what the file lists: " + kinds + " (required)")
-      ->type_name("KIND");
-}
-
-void AddConfigOption(CLI::App& command, std::optional<std::string>& config) {
-  command.add_option("--config", config, "the format file")->type_name("FILE");
-}
-
-void AddFormatOption(CLI::App& command, FileOptions& options) {
-  command
-      .add_option("--format", options.format,
-                  "the file's format (default: the one the file names, else the current one)")
-      ->type_name("NAME");
-}
-
-void AddTypeOption(CLI::App& command, std::optional<std::string>& type) {
-  command.add_option("--type", type, "csv or txt: what a file that is - holds")
-      ->check(CLI::IsMember({"csv", "txt"}))
-      ->type_name("TYPE");
-}
-
 void TakeStreams(Session& session, const std::optional<std::string>& type, std::string* read,
                  std::string* written) {
   const auto isStream = [](const std::string* file) { return file != nullptr && *file == "-"; };
@@ -212,30 +179,16 @@ void TakeStreams(Session& session, const std::optional<std::string>& type, std::
     return;
   }
   if (!type) throw UsageError("a file that is - needs --type csv or --type txt, which tells what it holds");
-  session.standardStreams.emplace(session.streams, session.diagnostics.IsStrict());
+  session.standardStreams.emplace(session.streams, session.diagnostics.style.isStrict);
   if (isStream(read)) *read = PathOfStream(StandardStream::Input, *type);
   if (!isStream(written)) return;
   *written = PathOfStream(StandardStream::Output, *type);
   if (session.streams.outIsTerminal) session.progress.Stop();
 }
 
-void AddDecimalCommaOption(CLI::App& command, bool& hasDecimalComma) {
-  command.add_flag("--decimal-comma", hasDecimalComma,
-                   "numbers that are read have a decimal comma: 1,5 or 1.234,5");
-}
-
-void AddToDecimalCommaOption(CLI::App& command, bool& hasDecimalComma) {
-  command.add_flag("--to-decimal-comma", hasDecimalComma, "numbers that are written get a decimal comma");
-}
-
-void AddFileArgument(CLI::App& command, FileOptions& options, const std::string& name,
-                     const std::string& what) {
-  command.add_option(name, options.file, what)->required()->type_name("");
-}
-
 int RunProgram(const std::vector<std::string>& arguments, const Streams& streams) {
   Session session(streams);
-  if (WantsJson(arguments)) session.diagnostics.UseJson();
+  session.diagnostics.style.isJson = WantsJson(arguments);
   CLI::App program("Reads and writes sheet-metal job data as tables.", "qvassembly");
   program.set_version_flag("--version", std::string("qvassembly ") + QVASSEMBLY_VERSION);
   program.footer(kProgramFooter);
@@ -243,7 +196,7 @@ int RunProgram(const std::vector<std::string>& arguments, const Streams& streams
   program.fallthrough();
   program.allow_windows_style_options(false);  // what starts with a slash is a path, on every platform
   CommonOptions options;
-  AddCommonOptions(program, options);
+  AddCommonOptions(program, options, session.diagnostics.style);
   AddCommands(program, session);
   PointToCommonOptions(program);
   const int code = Run(program, arguments, session, options);

@@ -2,11 +2,8 @@
 #include "cli/check/CheckReport.h"
 #include "cli/check/RejectedRows.h"
 #include "cli/check/Suggestions.h"
+#include "cli/commands/Commands.h"
 #include "platform/CodePage.h"
-
-#include <CLI/CLI.hpp>
-
-#include <memory>
 
 namespace qv {
 namespace {
@@ -53,7 +50,8 @@ int ReportOn(Session& session, const CheckOptions& options, CheckReport& report)
   return session.diagnostics.Warnings() == 0 ? kDone : kWarned;
 }
 
-int RunCheck(Session& session, const CheckOptions& options) {
+int RunCheck(Session& session, CheckOptions& options) {
+  TakeStreams(session, options.type, &options.file, nullptr);
   CheckReport report(session, options.file, options.kind, options.as == "json");
   try {
     return ReportOn(session, options, report);
@@ -66,27 +64,19 @@ int RunCheck(Session& session, const CheckOptions& options) {
 }  // namespace
 
 void AddCheckCommand(CLI::App& program, Session& session) {
-  CLI::App* const command =
-      program.add_subcommand("check", "Read a data file and print only what is wrong with it");
   const auto options = std::make_shared<CheckOptions>();
-  AddKindOption(*command, *options, KindNames(KindUse::Import));
-  AddConfigOption(*command, options->config);
-  AddFormatOption(*command, *options);
-  AddDecimalCommaOption(*command, options->hasDecimalComma);
-  command->add_option("--as", options->as, "text (remarks on standard error) or json (one document)")
-      ->check(CLI::IsMember({"text", "json"}))
-      ->type_name("FORM");
-  command->add_option("--rejects", options->rejects, "writes the rows that are left out, as they stand")
-      ->type_name("FILE");
-  AddTypeOption(*command, options->type);
-  AddFileArgument(*command, *options, "FILE", "the data file; - for standard input");
-  command->footer(kCheckFooter);
-  command->callback([&session, options] {
-    session.command = [&session, options] {
-      TakeStreams(session, options->type, &options->file, nullptr);
-      return RunCheck(session, *options);
-    };
-  });
+  CLI::App& command = AddCommand(program, session, "check",
+                                 "Read a data file and print only what is wrong with it", options, RunCheck);
+  AddKindOption(command, *options, KindUse::Import);
+  AddFormatOptions(command, *options);
+  AddDecimalCommaOption(command, options->hasDecimalComma);
+  AddChoice(command, "--as", options->as, "FORM", {"text", "json"},
+            "text (remarks on standard error) or json (one document)");
+  AddOption(command, "--rejects", options->rejects, "FILE",
+            "writes the rows that are left out, as they stand");
+  AddTypeOption(command, options->type);
+  AddArgument(command, "FILE", options->file, "the data file; - for standard input");
+  command.footer(kCheckFooter);
 }
 
 }  // namespace qv

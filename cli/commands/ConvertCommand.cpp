@@ -1,9 +1,6 @@
 #include "cli/DataFile.h"
+#include "cli/commands/Commands.h"
 #include "text/Utf8.h"
-
-#include <CLI/CLI.hpp>
-
-#include <memory>
 
 namespace qv {
 namespace {
@@ -70,8 +67,9 @@ class Recoder {
   const TextCoding to_;
 };
 
-int RunConvert(Session& session, const ConvertOptions& options) {
-  const FileOptions& in = options.in;
+int RunConvert(Session& session, ConvertOptions& options) {
+  FileOptions& in = options.in;
+  TakeStreams(session, in.type, &in.file, &options.out);
   const RecordKind kind = KindForUse(in.kind, KindUse::Convert);
   std::optional<Recoder> recoder;
   if (!options.toEncoding.empty()) recoder.emplace(session, in.file, options.toEncoding);
@@ -91,37 +89,23 @@ int RunConvert(Session& session, const ConvertOptions& options) {
 }  // namespace
 
 void AddConvertCommand(CLI::App& program, Session& session) {
-  CLI::App* const command =
-      program.add_subcommand("convert", "Write a data file's records in another format");
   const auto options = std::make_shared<ConvertOptions>();
-  AddKindOption(*command, options->in, KindNames(KindUse::Convert));
-  AddConfigOption(*command, options->in.config);
-  command
-      ->add_option("--from", options->in.format,
-                   "the format of IN (default: the one it names, else the current one)")
-      ->type_name("NAME");
-  command
-      ->add_option("--to", options->outFormat,
-                   "the format of OUT (default: the one it names if it is there, else the current one)")
-      ->type_name("NAME");
-  AddDecimalCommaOption(*command, options->in.hasDecimalComma);
-  AddToDecimalCommaOption(*command, options->toDecimalComma);
-  command
-      ->add_option("--to-encoding", options->toEncoding,
-                   "encoding of the texts in OUT (default: the bytes that IN has)")
-      ->type_name("NAME");
-  AddTypeOption(*command, options->in.type);
-  AddFileArgument(*command, options->in, "IN", "the data file that is read; - for standard input");
-  command->add_option("OUT", options->out, "the data file that is written; - for standard output")
-      ->required()
-      ->type_name("");
-  command->footer(kConvertFooter);
-  command->callback([&session, options] {
-    session.command = [&session, options] {
-      TakeStreams(session, options->in.type, &options->in.file, &options->out);
-      return RunConvert(session, *options);
-    };
-  });
+  CLI::App& command = AddCommand(program, session, "convert", "Write a data file's records in another format",
+                                 options, RunConvert);
+  AddKindOption(command, options->in, KindUse::Convert);
+  AddConfigOption(command, options->in.config);
+  AddOption(command, "--from", options->in.format, "NAME",
+            "the format of IN (default: the one it names, else the current one)");
+  AddOption(command, "--to", options->outFormat, "NAME",
+            "the format of OUT (default: the one it names if it is there, else the current one)");
+  AddDecimalCommaOption(command, options->in.hasDecimalComma);
+  AddToDecimalCommaOption(command, options->toDecimalComma);
+  AddOption(command, "--to-encoding", options->toEncoding, "NAME",
+            "encoding of the texts in OUT (default: the bytes that IN has)");
+  AddTypeOption(command, options->in.type);
+  AddArgument(command, "IN", options->in.file, "the data file that is read; - for standard input");
+  AddArgument(command, "OUT", options->out, "the data file that is written; - for standard output");
+  command.footer(kConvertFooter);
 }
 
 }  // namespace qv

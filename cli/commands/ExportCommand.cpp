@@ -1,12 +1,9 @@
 #include "cli/DataFile.h"
+#include "cli/commands/Commands.h"
 #include "cli/records/RecordJsonReader.h"
 #include "platform/CodePage.h"
 #include "platform/ConsoleProgram.h"
 #include "platform/FileSystem.h"
-
-#include <CLI/CLI.hpp>
-
-#include <memory>
 
 namespace qv {
 namespace {
@@ -35,11 +32,13 @@ std::unique_ptr<OpenFile> OpenRecords(const Utf8Path& path) {
 void TakeRecordsFromStream(Session& session, ExportOptions& options) {
   if (options.records != "-") return;
   if (!session.standardStreams)
-    session.standardStreams.emplace(session.streams, session.diagnostics.IsStrict());
+    session.standardStreams.emplace(session.streams, session.diagnostics.style.isStrict);
   options.records = PathOfStream(StandardStream::Input, "json");
 }
 
-int RunExport(Session& session, const ExportOptions& options) {
+int RunExport(Session& session, ExportOptions& options) {
+  TakeStreams(session, options.type, nullptr, &options.file);
+  TakeRecordsFromStream(session, options);
   const RecordKind kind = KindForUse(options.kind, KindUse::Export);
   const FormatFile formats(options.config, {options.records, options.file}, session.diagnostics);
   const OptionForm& form = formats.FindFor(options.format, options.file, session);
@@ -57,25 +56,18 @@ int RunExport(Session& session, const ExportOptions& options) {
 }  // namespace
 
 void AddExportCommand(CLI::App& program, Session& session) {
-  CLI::App* const command = program.add_subcommand("export", "Write records from JSON to a data file");
   const auto options = std::make_shared<ExportOptions>();
-  AddKindOption(*command, *options, KindNames(KindUse::Export));
-  AddConfigOption(*command, options->config);
-  AddFormatOption(*command, *options);
-  AddToDecimalCommaOption(*command, options->hasDecimalComma);
-  command->add_option("--records", options->records, "the JSON file with the records; - for standard input")
-      ->required()
-      ->type_name("RECORDS");
-  AddTypeOption(*command, options->type);
-  AddFileArgument(*command, *options, "OUT", "the data file that is written; - for standard output");
-  command->footer(kExportFooter);
-  command->callback([&session, options] {
-    session.command = [&session, options] {
-      TakeStreams(session, options->type, nullptr, &options->file);
-      TakeRecordsFromStream(session, *options);
-      return RunExport(session, *options);
-    };
-  });
+  CLI::App& command =
+      AddCommand(program, session, "export", "Write records from JSON to a data file", options, RunExport);
+  AddKindOption(command, *options, KindUse::Export);
+  AddFormatOptions(command, *options);
+  AddToDecimalCommaOption(command, options->hasDecimalComma);
+  AddOption(command, "--records", options->records, "RECORDS",
+            "the JSON file with the records; - for standard input")
+      ->required();
+  AddTypeOption(command, options->type);
+  AddArgument(command, "OUT", options->file, "the data file that is written; - for standard output");
+  command.footer(kExportFooter);
 }
 
 }  // namespace qv

@@ -1,13 +1,11 @@
 #include "cli/DataFile.h"
+#include "cli/commands/Commands.h"
 #include "cli/terminal/DisplayText.h"
 #include "platform/CodePage.h"
 #include "platform/ConsoleProgram.h"
 #include "platform/FileSystem.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
-#include <memory>
 
 namespace qv {
 namespace {
@@ -27,7 +25,7 @@ struct FormatNameOptions {
   std::string name;
 };
 
-int GetFormatName(Session& session, const FormatNameOptions& options) {
+int GetFormatName(Session& session, FormatNameOptions& options) {
   std::optional<FormatFile> formats;
   if (FormatFile::NamedFile(options.config))
     formats.emplace(options.config, std::vector<Utf8Path>(), session.diagnostics);
@@ -39,7 +37,7 @@ int GetFormatName(Session& session, const FormatNameOptions& options) {
   return kDone;
 }
 
-int SetFormatName(Session& session, const FormatNameOptions& options) {
+int SetFormatName(Session& session, FormatNameOptions& options) {
   const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' '; };
   if (options.name.empty() || std::any_of(options.name.begin(), options.name.end(), isControl))
     throw UsageError("a format name is a text without control characters");
@@ -64,21 +62,15 @@ void AddFormatNameCommand(CLI::App& program, Session& session) {
   command->fallthrough();
   command->footer(kFormatNameFooter);
   const auto options = std::make_shared<FormatNameOptions>();
-  CLI::App* const get = command->add_subcommand("get", "Print the name; ends with 1 where there is none");
-  get->add_option(
-         "--config", options->config,
-         "print only a name that this format file holds (default: the one that QVASSEMBLY_CONFIG names)")
-      ->type_name("FILE");
-  get->add_option("FILE", options->file, "the data file")->required()->type_name("");
-  get->callback([&session, options] {
-    session.command = [&session, options] { return GetFormatName(session, *options); };
-  });
-  CLI::App* const set = command->add_subcommand("set", "Write the name into the file's first line");
-  set->add_option("FILE", options->file, "the data file")->required()->type_name("");
-  set->add_option("NAME", options->name, "the name")->required()->type_name("");
-  set->callback([&session, options] {
-    session.command = [&session, options] { return SetFormatName(session, *options); };
-  });
+  CLI::App& get = AddCommand(*command, session, "get", "Print the name; ends with 1 where there is none",
+                             options, GetFormatName);
+  AddOption(get, "--config", options->config, "FILE",
+            "print only a name that this format file holds (default: the one that QVASSEMBLY_CONFIG names)");
+  AddArgument(get, "FILE", options->file, "the data file");
+  CLI::App& set = AddCommand(*command, session, "set", "Write the name into the file's first line", options,
+                             SetFormatName);
+  AddArgument(set, "FILE", options->file, "the data file");
+  AddArgument(set, "NAME", options->name, "the name");
 }
 
 }  // namespace qv

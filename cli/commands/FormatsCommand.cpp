@@ -1,19 +1,15 @@
 #include "cli/JsonWriter.h"
-#include "cli/Session.h"
+#include "cli/commands/Commands.h"
 #include "cli/formats/FormatBuilder.h"
 #include "cli/formats/FormatFile.h"
 #include "cli/formats/FormatFromHeaders.h"
-#include "cli/records/Kinds.h"
 #include "cli/terminal/DisplayText.h"
 #include "format/FormatColumns.h"
 #include "guess/KeywordGuess.h"
 #include "platform/CodePage.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <charconv>
-#include <memory>
 #include <span>
 
 namespace qv {
@@ -37,8 +33,6 @@ struct FormatsOptions {
   std::string kind;
   std::optional<std::string> headersFile;
 };
-
-using Action = int (*)(Session& session, const FormatsOptions& options);
 
 void WriteFormat(JsonWriter& json, const OptionForm& form) {
   json.BeginObject();
@@ -79,7 +73,7 @@ std::string FormatListJson(const FormatList& list) {
   return text + "\n";
 }
 
-int ListFormats(Session& session, const FormatsOptions& options) {
+int ListFormats(Session& session, FormatsOptions& options) {
   const FormatFile formats(options.config, {}, session.diagnostics);
   if (options.as == "json") {
     session.Write(FormatListJson(formats.List()));
@@ -134,14 +128,14 @@ std::string DescriptionOf(const OptionForm& form, bool hasSavedFlag) {
   return text;
 }
 
-int ShowFormat(Session& session, const FormatsOptions& options) {
+int ShowFormat(Session& session, FormatsOptions& options) {
   const FormatFile formats(options.config, {}, session.diagnostics);
   const OptionForm& form = formats.Find(options.wishes.name);
   session.Write(options.as == "json" ? FormatJson(form) : DescriptionOf(form, formats.HasSavedFlag(form)));
   return kDone;
 }
 
-int InitFormats(Session& session, const FormatsOptions& options) {
+int InitFormats(Session& session, FormatsOptions& options) {
   FormatFile formats(options.config, {}, session.diagnostics, FormatFile::Use::Create);
   if (formats.IsFile())
     throw FileError(
@@ -181,7 +175,7 @@ void PrintMapping(Session& session, const FormatWishes& wishes, const std::vecto
                   (index < columns.size() ? columns[index] : std::string(kIgnore)) + "\n");
 }
 
-int AddFormatCommand(Session& session, const FormatsOptions& options) {
+int AddFormatCommand(Session& session, FormatsOptions& options) {
   FormatWishes wishes = options.wishes;
   const std::span<const RecordType> kinds = KindsFor(options);
   std::vector<std::string> headings;
@@ -215,7 +209,7 @@ int EditFormats(Session& session, const FormatsOptions& options, Change change) 
   return kDone;
 }
 
-int RemoveFormat(Session& session, const FormatsOptions& options) {
+int RemoveFormat(Session& session, FormatsOptions& options) {
   return EditFormats(session, options, [&](FormatList& list, const std::string& name) {
     std::erase_if(list.Formats, [&](const OptionForm& form) { return form.Name == name; });
     if (list.CurrentFormat != name || list.Formats.empty()) return;
@@ -224,29 +218,17 @@ int RemoveFormat(Session& session, const FormatsOptions& options) {
   });
 }
 
-int UseFormat(Session& session, const FormatsOptions& options) {
+int UseFormat(Session& session, FormatsOptions& options) {
   return EditFormats(session, options,
                      [](FormatList& list, const std::string& name) { list.CurrentFormat = name; });
 }
 
-CLI::App* AddAction(CLI::App& formats, Session& session, const std::shared_ptr<FormatsOptions>& options,
-                    const std::string& name, const std::string& what, Action action) {
-  CLI::App* const command = formats.add_subcommand(name, what);
-  command->callback([&session, options, action] {
-    session.command = [&session, options, action] { return action(session, *options); };
-  });
-  AddConfigOption(*command, options->config);
-  return command;
-}
-
 void AddNameArgument(CLI::App& command, FormatsOptions& options) {
-  command.add_option("NAME", options.wishes.name, "the format")->required()->type_name("");
+  AddArgument(command, "NAME", options.wishes.name, "the format");
 }
 
 void AddAsOption(CLI::App& command, FormatsOptions& options) {
-  command.add_option("--as", options.as, "text or json")
-      ->check(CLI::IsMember({"text", "json"}))
-      ->type_name("FORM");
+  AddChoice(command, "--as", options.as, "FORM", {"text", "json"}, "text or json");
 }
 
 // Decimal, whatever it starts with: the parser would take 010 for eight.
@@ -260,15 +242,11 @@ int WholeNumber(const std::string& option, const std::string& text) {
 }
 
 void AddHeadersOptions(CLI::App& command, FormatsOptions& options) {
-  command
-      .add_option("--from-headers", options.headersFile,
-                  "a data file: takes from it what the options below do not say, and prints which column "
-                  "each heading becomes")
-      ->type_name("FILE");
-  command
-      .add_option("--kind", options.kind,
-                  "whose columns they are: " + KindNames(KindUse::Any) + " (required with --from-headers)")
-      ->type_name("KIND");
+  AddOption(command, "--from-headers", options.headersFile, "FILE",
+            "a data file: takes from it what the options below do not say, and prints which column "
+            "each heading becomes");
+  AddOption(command, "--kind", options.kind, "KIND",
+            "whose columns they are: " + KindNames(KindUse::Any) + " (required with --from-headers)");
 }
 
 void AddWishOptions(CLI::App& command, FormatWishes& wishes) {
@@ -278,23 +256,20 @@ void AddWishOptions(CLI::App& command, FormatWishes& wishes) {
           [&wishes](const std::string& text) { wishes.startLine = WholeNumber("--start-line", text); },
           "line of the header row (default: 2)")
       ->type_name("N");
-  command
-      .add_option("--delimiters", wishes.delimiters,
-                  "some of Tab,Semicolon,Comma,Space,Other (default: Tab,Comma)")
-      ->type_name("NAMES");
-  command.add_option("--other", wishes.otherDelimiters, "further delimiter characters")->type_name("CHARS");
-  command.add_option("--qualifier", wishes.qualifier, "double, single or none (default: double)")
-      ->type_name("WHICH");
+  AddOption(command, "--delimiters", wishes.delimiters, "NAMES",
+            "some of Tab,Semicolon,Comma,Space,Other (default: Tab,Comma)");
+  AddOption(command, "--other", wishes.otherDelimiters, "CHARS", "further delimiter characters");
+  AddOption(command, "--qualifier", wishes.qualifier, "WHICH", "double, single or none (default: double)");
   command.add_flag("--treat-as-one", wishes.treatAsOne, "consecutive delimiters count as one");
-  command.add_option("--part-key", wishes.partKey, "what identifies a part: Name or Path (default: Name)")
-      ->type_name("KEY");
-  command.add_option("--columns", wishes.columns, "the column keywords in their order, Ignore for others")
-      ->type_name("KEYWORDS");
-  command.add_option("--set", wishes.settings, "set one item's order text as it is; may be repeated")
+  AddOption(command, "--part-key", wishes.partKey, "KEY",
+            "what identifies a part: Name or Path (default: Name)");
+  AddOption(command, "--columns", wishes.columns, "KEYWORDS",
+            "the column keywords in their order, Ignore for others");
+  AddOption(command, "--set", wishes.settings, "KEYWORD=ORDER",
+            "set one item's order text as it is; may be repeated")
       ->expected(1)
       ->take_all()
-      ->allow_extra_args(false)  // with them, brackets would make a list of the text
-      ->type_name("KEYWORD=ORDER");
+      ->allow_extra_args(false);  // with them, brackets would make a list of the text
 }
 
 }  // namespace
@@ -306,20 +281,22 @@ void AddFormatsCommand(CLI::App& program, Session& session) {
   formats->footer(kFormatsFooter);
   const auto options = std::make_shared<FormatsOptions>();
   AddConfigOption(*formats, options->config);
-  const auto add = [&](const char* name, const char* what, Action action) {
-    return AddAction(*formats, session, options, name, what, action);
+  const auto add = [&](const char* name, const char* what, auto action) -> CLI::App& {
+    CLI::App& command = AddCommand(*formats, session, name, what, options, action);
+    AddConfigOption(command, options->config);
+    return command;
   };
-  AddAsOption(*add("list", "Print the names; a star marks the current format", ListFormats), *options);
-  CLI::App* const show = add("show", "Print one format with its columns", ShowFormat);
-  AddNameArgument(*show, *options);
-  AddAsOption(*show, *options);
+  AddAsOption(add("list", "Print the names; a star marks the current format", ListFormats), *options);
+  CLI::App& show = add("show", "Print one format with its columns", ShowFormat);
+  AddNameArgument(show, *options);
+  AddAsOption(show, *options);
   add("init", "Make a format file with the built-in format", InitFormats);
-  CLI::App* const addition = add("add", "Make or replace a format", AddFormatCommand);
-  AddNameArgument(*addition, *options);
-  AddHeadersOptions(*addition, *options);
-  AddWishOptions(*addition, options->wishes);
-  AddNameArgument(*add("remove", "Take a format out", RemoveFormat), *options);
-  AddNameArgument(*add("use", "Make a format the current one", UseFormat), *options);
+  CLI::App& addition = add("add", "Make or replace a format", AddFormatCommand);
+  AddNameArgument(addition, *options);
+  AddHeadersOptions(addition, *options);
+  AddWishOptions(addition, options->wishes);
+  AddNameArgument(add("remove", "Take a format out", RemoveFormat), *options);
+  AddNameArgument(add("use", "Make a format the current one", UseFormat), *options);
 }
 
 }  // namespace qv

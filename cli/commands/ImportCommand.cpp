@@ -1,14 +1,11 @@
 #include "cli/DataFile.h"
 #include "cli/check/Suggestions.h"
+#include "cli/commands/Commands.h"
 #include "cli/records/RecordJson.h"
 #include "cli/terminal/Table.h"
 #include "format/FormatColumns.h"
 #include "platform/CodePage.h"
 
-#include <CLI/CLI.hpp>
-
-#include <memory>
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -166,7 +163,8 @@ void TellOfEncoding(Session& session, const DataStart& start) {
   if (const auto suggestion = SureEncodingOf(start, session.coding)) session.diagnostics.Advise(*suggestion);
 }
 
-int RunImport(Session& session, const ImportOptions& options) {
+int RunImport(Session& session, ImportOptions& options) {
+  TakeStreams(session, options.type, &options.file, nullptr);
   const RecordKind kind = KindForUse(options.kind, KindUse::Import);
   const FormatFile formats(options.config, {options.file}, session.diagnostics);
   const DataStart start(options.file);
@@ -184,24 +182,17 @@ int RunImport(Session& session, const ImportOptions& options) {
 }  // namespace
 
 void AddImportCommand(CLI::App& program, Session& session) {
-  CLI::App* const command = program.add_subcommand("import", "Read a data file and print its records");
   const auto options = std::make_shared<ImportOptions>();
-  AddKindOption(*command, *options, KindNames(KindUse::Import));
-  AddConfigOption(*command, options->config);
-  AddFormatOption(*command, *options);
-  AddDecimalCommaOption(*command, options->hasDecimalComma);
-  command->add_option("--as", options->as, "table, json or jsonl (default: table on a terminal, else json)")
-      ->check(CLI::IsMember({"table", "json", "jsonl"}))
-      ->type_name("FORM");
-  AddTypeOption(*command, options->type);
-  AddFileArgument(*command, *options, "FILE", "the data file; - for standard input");
-  command->footer(kImportFooter);
-  command->callback([&session, options] {
-    session.command = [&session, options] {
-      TakeStreams(session, options->type, &options->file, nullptr);
-      return RunImport(session, *options);
-    };
-  });
+  CLI::App& command =
+      AddCommand(program, session, "import", "Read a data file and print its records", options, RunImport);
+  AddKindOption(command, *options, KindUse::Import);
+  AddFormatOptions(command, *options);
+  AddDecimalCommaOption(command, options->hasDecimalComma);
+  AddChoice(command, "--as", options->as, "FORM", {"table", "json", "jsonl"},
+            "table, json or jsonl (default: table on a terminal, else json)");
+  AddTypeOption(command, options->type);
+  AddArgument(command, "FILE", options->file, "the data file; - for standard input");
+  command.footer(kImportFooter);
 }
 
 }  // namespace qv

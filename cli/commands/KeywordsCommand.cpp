@@ -1,13 +1,9 @@
 #include "cli/JsonWriter.h"
-#include "cli/Session.h"
-#include "cli/records/Kinds.h"
+#include "cli/commands/Commands.h"
 #include "cli/terminal/Table.h"
 #include "engines/columns/Words.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
-#include <memory>
 
 namespace qv {
 namespace {
@@ -120,7 +116,7 @@ std::string KeywordsJson(const std::vector<KeywordRow>& rows) {
   return text + "\n";
 }
 
-int RunKeywords(Session& session, const KeywordsOptions& options) {
+int RunKeywords(Session& session, KeywordsOptions& options) {
   const std::vector<KeywordRow> rows = RowsOf(options);
   if (options.as == "json")
     session.Write(KeywordsJson(rows));
@@ -132,18 +128,14 @@ int RunKeywords(Session& session, const KeywordsOptions& options) {
 }  // namespace
 
 void AddKeywordsCommand(CLI::App& program, Session& session) {
-  CLI::App* const command =
-      program.add_subcommand("keywords", "Print the keywords of columns, and what their cells hold");
   const auto options = std::make_shared<KeywordsOptions>();
-  command->add_option("--kind", options->kind, "one of " + KindNames(KindUse::Any) + " (default: all)")
-      ->type_name("KIND");
-  command->add_option("--as", options->as, "table or json")
-      ->check(CLI::IsMember({"table", "json"}))
-      ->type_name("FORM");
-  command->footer(kKeywordsFooter);
-  command->callback([&session, options] {
-    session.command = [&session, options] { return RunKeywords(session, *options); };
-  });
+  CLI::App& command =
+      AddCommand(program, session, "keywords", "Print the keywords of columns, and what their cells hold",
+                 options, RunKeywords);
+  AddOption(command, "--kind", options->kind, "KIND",
+            "one of " + KindNames(KindUse::Any) + " (default: all)");
+  AddChoice(command, "--as", options->as, "FORM", {"table", "json"}, "table or json");
+  command.footer(kKeywordsFooter);
 }
 
 }  // namespace qv

@@ -1,4 +1,4 @@
-#include "cli/Session.h"
+#include "cli/commands/Commands.h"
 #include "cli/formats/FormatFile.h"
 #include "manager/FormatOptionDialog.h"
 #include "platform/ConsoleProgram.h"
@@ -6,10 +6,6 @@
 
 #include <QVAssemblyFile/CAssemblyFileMgr.h>
 #include <QVAssemblyFile/MessageBox.h>
-
-#include <CLI/CLI.hpp>
-
-#include <memory>
 
 namespace qv {
 namespace {
@@ -25,7 +21,7 @@ struct OptionsOptions {
   std::string format;
 };
 
-int RunOptions(Session& session, const OptionsOptions& options) {
+int RunOptions(Session& session, OptionsOptions& options) {
   std::vector<Utf8Path> samples;
   if (!options.sample.empty()) samples.push_back(options.sample);
   const FormatFile formats(options.config, samples, session.diagnostics, FormatFile::Use::Change);
@@ -47,18 +43,13 @@ int RunOptions(Session& session, const OptionsOptions& options) {
 }  // namespace
 
 void AddOptionsCommand(CLI::App& program, Session& session) {
-  CLI::App* const command =
-      program.add_subcommand("options", "Show the format option dialog, where there is one");
   const auto options = std::make_shared<OptionsOptions>();
-  AddConfigOption(*command, options->config);
-  command->add_option("--sample", options->sample, "a data file whose headers the dialog can show")
-      ->type_name("FILE");
-  command->add_option("--format", options->format, "the format to show (default: the current one)")
-      ->type_name("NAME");
-  command->footer(kOptionsFooter);
-  command->callback([&session, options] {
-    session.command = [&session, options] { return RunOptions(session, *options); };
-  });
+  CLI::App& command = AddCommand(program, session, "options",
+                                 "Show the format option dialog, where there is one", options, RunOptions);
+  AddConfigOption(command, options->config);
+  AddOption(command, "--sample", options->sample, "FILE", "a data file whose headers the dialog can show");
+  AddOption(command, "--format", options->format, "NAME", "the format to show (default: the current one)");
+  command.footer(kOptionsFooter);
 }
 
 }  // namespace qv
