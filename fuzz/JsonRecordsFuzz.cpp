@@ -1,5 +1,4 @@
 #include "cli/records/RecordJson.h"
-#include "cli/records/RecordJsonReader.h"
 #include "fuzz/ByteSource.h"
 #include "support/Trickle.h"
 
@@ -20,7 +19,6 @@ struct Outcome {
 
 Outcome Read(const qv::RecordType& type, const std::string& text, std::size_t step) {
   Trickle file(text, step);
-  qv::JsonSource source("r.json", file);
   const qv::TextCoding coding;
   Outcome outcome;
   const auto add = [&](const qv::Utf8Diagnostic& told) {
@@ -29,7 +27,7 @@ Outcome Read(const qv::RecordType& type, const std::string& text, std::size_t st
   };
   try {
     std::string written;
-    qv::ReadRecordsJson(source, type, coding, add, [&](const qv::AnyRecord& record) {
+    qv::ReadRecordsJson("r.json", file, type, coding, add, [&](const qv::AnyRecord& record) {
       qv::JsonWriter json(written);
       qv::WriteRecordJson(json, type, record.Pointer(), coding);
       written += '\n';

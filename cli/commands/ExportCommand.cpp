@@ -1,6 +1,6 @@
 #include "cli/DataFile.h"
 #include "cli/commands/Commands.h"
-#include "cli/records/RecordJsonReader.h"
+#include "cli/records/RecordJson.h"
 #include "platform/CodePage.h"
 #include "platform/ConsoleProgram.h"
 #include "platform/FileSystem.h"
@@ -43,10 +43,9 @@ int RunExport(Session& session, ExportOptions& options) {
   const FormatFile formats(options.config, {options.records, options.file}, session.diagnostics);
   const OptionForm& form = formats.FindFor(options.format, options.file, session);
   const std::unique_ptr<OpenFile> input = OpenRecords(options.records);
-  JsonSource source(options.records, *input);
   OutputFile target(session, {options.file, kind, formats, form, options.hasDecimalComma});
   ReadRecordsJson(
-      source, RecordTypeOf(kind), session.coding,
+      options.records, *input, RecordTypeOf(kind), session.coding,
       [&](const Utf8Diagnostic& warning) { session.diagnostics.Warn(warning); },
       [&](const AnyRecord& record) { target.Put(record.Pointer()); });
   target.Commit();

@@ -1,5 +1,4 @@
 #include "cli/records/RecordJson.h"
-#include "cli/records/RecordJsonReader.h"
 #include "support/CaseFile.h"
 #include "support/FilledRecord.h"
 #include "support/Trickle.h"
@@ -26,10 +25,9 @@ Outcome Read(const std::string& json, RecordKind kind = RecordKind::Parts, std::
              const TextCoding& coding = {}) {
   Outcome outcome;
   Trickle file(json, step);
-  JsonSource source("r.json", file);
   try {
     ReadRecordsJson(
-        source, RecordTypeOf(kind), coding,
+        "r.json", file, RecordTypeOf(kind), coding,
         [&](const Utf8Diagnostic& diagnostic) { outcome.warnings += Told(diagnostic) + ";"; },
         [&](AnyRecord record) { outcome.records.push_back(std::move(record)); });
   } catch (const FileError& error) {

@@ -1,5 +1,4 @@
 #include "cli/records/RecordJson.h"
-#include "cli/records/RecordJsonReader.h"
 #include "host/CInterface.h"
 #include "support/CaseFile.h"
 #include "support/DiagnosticLog.h"
@@ -125,10 +124,9 @@ std::vector<AnyRecord> RecordsOf(const TestCase& c, const qv::RecordType& type) 
   std::string text;
   for (const std::string& line : c.Lines("export")) text += line + "\n";
   Trickle file(text, text.size());
-  qv::JsonSource source(c.file, file);
   std::vector<AnyRecord> records;
   qv::ReadRecordsJson(
-      source, type, kUtf8, [](const qv::Utf8Diagnostic&) {},
+      c.file, file, type, kUtf8, [](const qv::Utf8Diagnostic&) {},
       [&](AnyRecord record) { records.push_back(std::move(record)); });
   return records;
 }
