@@ -5,8 +5,8 @@
 #include "text/Phrases.h"
 
 #include <algorithm>
+#include <compare>
 #include <map>
-#include <tuple>
 #include <utility>
 
 namespace qv {
@@ -45,8 +45,11 @@ constexpr std::size_t kSampleLines = 1000;
 constexpr std::size_t kHeaderSearch = 50;
 constexpr std::size_t kProposalLines = 200;
 
-bool IsBetween(std::string_view field, char qualifier) {
-  return field.size() > 1 && field.front() == qualifier && field.back() == qualifier;
+/// How many of the fields are between two single quotes.
+std::size_t CountQuoted(const std::vector<std::string>& fields) {
+  return static_cast<std::size_t>(std::count_if(fields.begin(), fields.end(), [](const std::string& field) {
+    return field.size() > 1 && field.front() == kSingleQuote && field.back() == kSingleQuote;
+  }));
 }
 
 class Sample {
@@ -80,22 +83,16 @@ class Sample {
            SplitsHeader(layout);
   }
 
-  /// Whether each field of every row is between two of the character.
-  bool IsWrapped(const SplitRules& layout, char qualifier) const {
+  bool IsQuoted(const SplitRules& layout) const {
     return std::all_of(rows_.begin(), rows_.end(), [&](std::string_view row) {
       const auto fields = PlainFields(row, layout);
-      return !fields.empty() && std::all_of(fields.begin(), fields.end(), [&](const std::string& field) {
-        return IsBetween(field, qualifier);
-      });
+      return !fields.empty() && CountQuoted(fields) == fields.size();
     });
   }
 
-  bool HasWrapped(const SplitRules& layout, char qualifier) const {
-    return std::any_of(rows_.begin(), rows_.end(), [&](std::string_view row) {
-      const auto fields = PlainFields(row, layout);
-      return std::any_of(fields.begin(), fields.end(),
-                         [&](const std::string& field) { return IsBetween(field, qualifier); });
-    });
+  bool HasQuoted(const SplitRules& layout) const {
+    return std::any_of(rows_.begin(), rows_.end(),
+                       [&](std::string_view row) { return CountQuoted(PlainFields(row, layout)) > 0; });
   }
 
   /// Whether the layout does not take the words of a text ("Plate 3") for fields: there are more than two
@@ -175,7 +172,7 @@ LayoutGuess GuessDelimiter(const Sample& sample, const SplitRules& now, bool isC
 }
 
 LayoutGuess GuessWrapping(const Sample& sample, const SplitRules& now) {
-  if (now.qualifier == kSingleQuote || !sample.IsWrapped(now, kSingleQuote)) return {};
+  if (now.qualifier == kSingleQuote || !sample.IsQuoted(now)) return {};
   return {"suggest-qualifier", "every field is between single quotes, which the format does not name",
           SplitRules{now.delimiters, kSingleQuote, now.treatAsOne}};
 }
@@ -187,8 +184,7 @@ LayoutGuess GuessQualifier(const Sample& sample, const SplitRules& now) {
     const SplitRules other{now.delimiters, qualifier, now.treatAsOne};
     if (qualifier == now.qualifier || !sample.IsBetter(other, now)) continue;
     // Without a qualifier, single quotes would become a part of the texts.
-    const bool isCertain =
-        qualifier == '\0' ? !sample.HasWrapped(other, kSingleQuote) : sample.Encloses(other, now);
+    const bool isCertain = qualifier == '\0' ? !sample.HasQuoted(other) : sample.Encloses(other, now);
     if (isCertain)
       return {"suggest-qualifier",
               Found(sample, now) + "; with " + name + " in the format there would be " +
@@ -224,63 +220,45 @@ std::size_t CountMeanings(const Headings& headings, const std::vector<std::strin
 struct Weight {
   std::size_t meanings = 0;  // headings that are of the kind
   std::size_t rows = 0;      // below the headings and of their number
-  std::size_t wrapped = 0;   // of these, with a field between the qualifiers
+  std::size_t quoted = 0;    // of these, with a field between single quotes that are the qualifier
   std::size_t fields = 0;
 
-  bool operator<(const Weight& other) const {
-    return std::tie(meanings, rows, wrapped, fields) <
-           std::tie(other.meanings, other.rows, other.wrapped, other.fields);
-  }
+  auto operator<=>(const Weight& other) const = default;
 };
 
-/// Looks for the header row that a layout gives: the line with the most headings of the kind, else the first
-/// one of the usual width that is all texts.
-class HeaderSearch {
- public:
-  HeaderSearch(const std::vector<std::string_view>& lines, const Headings& headings, const SplitRules& layout)
-      : layout_(layout), width_(UsualWidth(lines, layout).fields) {
-    for (std::size_t index = 0; index < std::min(lines.size(), kHeaderSearch); ++index)
-      LookAt(index, PlainFields(lines[index], layout), headings);
-    weight_.fields = fields_.size();
-    for (std::size_t index = line_ + 1; index < lines.size() && fields_.size() > 1; ++index) {
-      if (!Fills(lines[index], layout, fields_.size())) continue;
-      ++weight_.rows;
-      weight_.wrapped += HasWrapped(lines[index]);
-    }
-  }
+struct HeaderRow {
+  Weight weight;
+  std::size_t line = 0;
+  std::vector<std::string> fields;
+};
 
-  const Weight& Found() const { return weight_; }
-  std::size_t Line() const { return line_; }
-  const std::vector<std::string>& Fields() const { return fields_; }
-
- private:
-  void LookAt(std::size_t index, std::vector<std::string> fields, const Headings& headings) {
+/// The header row that a layout gives: the line with the most headings of the kind, else the first one of the
+/// usual width that is all texts.
+HeaderRow FindHeaderRow(const std::vector<std::string_view>& lines, const Headings& headings,
+                        const SplitRules& layout) {
+  const std::size_t width = UsualWidth(lines, layout).fields;
+  HeaderRow row;
+  bool isFound = false;  // a line of the usual width
+  for (std::size_t index = 0; index < std::min(lines.size(), kHeaderSearch); ++index) {
+    std::vector<std::string> fields = PlainFields(lines[index], layout);
     const std::size_t meanings = CountMeanings(headings, fields);
     const bool isFirst =
-        !isFound_ && fields.size() == width_ && std::none_of(fields.begin(), fields.end(), IsNumber);
-    if (meanings <= weight_.meanings && !(isFirst && weight_.meanings == 0)) return;
-    isFound_ = isFound_ || isFirst;
-    weight_.meanings = meanings;
-    line_ = index;
-    fields_ = std::move(fields);
+        !isFound && fields.size() == width && std::none_of(fields.begin(), fields.end(), IsNumber);
+    if (meanings <= row.weight.meanings && !(isFirst && row.weight.meanings == 0)) continue;
+    isFound = isFound || isFirst;
+    row = {{meanings}, index, std::move(fields)};
   }
-
-  bool HasWrapped(std::string_view line) const {
-    SplitRules plain = layout_;
-    plain.qualifier = '\0';
-    const auto fields = PlainFields(line, plain);
-    return layout_.qualifier == kSingleQuote &&
-           std::any_of(fields.begin(), fields.end(),
-                       [](const std::string& field) { return IsBetween(field, kSingleQuote); });
+  row.weight.fields = row.fields.size();
+  SplitRules plain = layout;
+  plain.qualifier = '\0';
+  for (std::size_t index = row.line + 1; index < lines.size() && row.fields.size() > 1; ++index) {
+    if (!Fills(lines[index], layout, row.fields.size())) continue;
+    ++row.weight.rows;
+    row.weight.quoted +=
+        layout.qualifier == kSingleQuote && CountQuoted(PlainFields(lines[index], plain)) > 0;
   }
-
-  const SplitRules& layout_;
-  const std::size_t width_;
-  Weight weight_;
-  bool isFound_ = false;  // a line of the usual width
-  std::size_t line_ = 0;
-  std::vector<std::string> fields_;
-};
+  return row;
+}
 
 }  // namespace
 
@@ -380,10 +358,10 @@ LayoutProposal ProposeLayout(const std::vector<std::string_view>& lines, const R
     if (candidate.treatAsOne || (candidate.delimiter == ' ' && best.fields > 0)) continue;
     for (const char qualifier : {'"', '\0', kSingleQuote}) {
       const SplitRules layout{std::string(1, candidate.delimiter), qualifier};
-      const HeaderSearch search(sample, headings, layout);
-      if (search.Fields().size() < 2 || !(best < search.Found())) continue;
-      best = search.Found();
-      proposal = {candidate.delimiter, qualifier, search.Line() + 1, search.Fields()};
+      HeaderRow row = FindHeaderRow(sample, headings, layout);
+      if (row.fields.size() < 2 || row.weight <= best) continue;
+      best = row.weight;
+      proposal = {candidate.delimiter, qualifier, row.line + 1, std::move(row.fields)};
     }
   }
   if (proposal.delimiter == '\0' && !lines.empty()) proposal.headings = PlainFields(lines.front(), {"", '"'});
