@@ -2,7 +2,7 @@
 
 #include "cli/Session.h"
 #include "cli/formats/FormatFile.h"
-#include "cli/records/Kinds.h"
+#include "engines/columns/RecordFields.h"
 
 #include <QVAssemblyFile/RecordStream.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/Session.h"
-#include "cli/records/Kinds.h"
+#include "engines/columns/RecordFields.h"
 
 #include <CLI/CLI.hpp>
 
@@ -11,6 +11,15 @@
 #include <vector>
 
 namespace qv {
+
+/// What is asked of a kind.
+enum class KindUse { Import, Export, Convert, Any };
+
+/// The kind by its name. Throws UsageError for an unknown name, and for a kind that cannot be used so.
+RecordKind KindForUse(const std::string& name, KindUse use);
+
+/// The names of all kinds that can be used so: "parts, tools, …".
+std::string KindNames(KindUse use);
 
 /// The options that most commands have.
 struct FileOptions {

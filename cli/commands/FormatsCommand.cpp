@@ -2,7 +2,6 @@
 #include "cli/commands/Commands.h"
 #include "cli/formats/FormatBuilder.h"
 #include "cli/formats/FormatFile.h"
-#include "cli/formats/FormatFromHeaders.h"
 #include "cli/terminal/DisplayText.h"
 #include "format/FormatColumns.h"
 #include "guess/KeywordGuess.h"

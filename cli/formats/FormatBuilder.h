@@ -1,5 +1,7 @@
 #pragma once
 
+#include "cli/DataStart.h"
+#include "engines/columns/RecordFields.h"
 #include "format/OptionForm.h"
 
 #include <optional>
@@ -8,6 +10,8 @@
 #include <vector>
 
 namespace qv {
+
+struct Session;
 
 /// What a user says of a format. All texts are UTF-8.
 struct FormatWishes {
@@ -25,6 +29,12 @@ struct FormatWishes {
 /// The format that the option dialog would store for the same choices, then with the orders that were set.
 /// Throws UsageError for what cannot be.
 OptionForm BuildFormat(const FormatWishes& wishes);
+
+/// Completes what a user says of a format by what the data file shows: delimiter, qualifier, header line, and
+/// as columns the keywords that its headings surely mean. What the user says wins. Returns the headings.
+/// Throws FileError when the file cannot be read or has no header row.
+std::vector<std::string> CompleteFromHeaders(FormatWishes& wishes, const Utf8Path& file,
+                                             const RecordType& type, Session& session);
 
 /// The entries of a list with commas between them.
 std::vector<std::string> SplitList(const std::string& list);
