@@ -29,17 +29,16 @@ bool IsFailure(DiagnosticCode code) {
 }
 
 std::string AsJson(const Utf8Diagnostic& diagnostic) {
-  std::string line;
-  JsonWriter json(line);
-  json.BeginObject();
-  json.Member("file", ShownPath(diagnostic.file));
-  json.Member("line", diagnostic.line);
-  json.Member("column", diagnostic.column);
-  json.Member("code", diagnostic.code);
-  json.Member("text", diagnostic.text);
-  json.Member("message", diagnostic.message);
-  json.EndObject();
-  return line + "\n";
+  return JsonLine([&](JsonWriter& json) {
+    json.BeginObject();
+    json.Member("file", ShownPath(diagnostic.file));
+    json.Member("line", diagnostic.line);
+    json.Member("column", diagnostic.column);
+    json.Member("code", diagnostic.code);
+    json.Member("text", diagnostic.text);
+    json.Member("message", diagnostic.message);
+    json.EndObject();
+  });
 }
 
 std::string AsText(const Utf8Diagnostic& diagnostic, bool isColoured) {

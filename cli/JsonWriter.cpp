@@ -3,8 +3,6 @@
 #include "text/Utf8.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 
 namespace qv {
 namespace {
@@ -60,9 +58,6 @@ void JsonWriter::Value(std::string_view text) {
   AppendText(out_, text);
 }
 
-void JsonWriter::Value(float number) { Real(number); }
-void JsonWriter::Value(double number) { Real(number); }
-
 void JsonWriter::Separate() {
   if (needsComma_) out_ += ',';
   needsComma_ = true;
@@ -82,20 +77,6 @@ void JsonWriter::End(char bracket) {
 void JsonWriter::Literal(std::string_view text) {
   Separate();
   out_ += text;
-}
-
-void JsonWriter::Integer(std::int64_t number) {
-  char text[24];
-  Literal({text, std::to_chars(text, text + sizeof text, number).ptr});
-}
-
-template <class Number>
-void JsonWriter::Real(Number number) {
-  if (!std::isfinite(number)) return Literal("null");
-  char text[64];
-  const std::string_view shortest(text, std::to_chars(text, text + sizeof text, number).ptr);
-  Literal(shortest);
-  if (shortest.find_first_of(".e") == std::string_view::npos) out_ += ".0";
 }
 
 std::string JsonText(std::string_view utf8) {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "text/Numbers.h"
+
+#include <cmath>
 #include <concepts>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -31,11 +33,15 @@ class JsonWriter {
   void Value(std::string_view text);
   void Value(const char* text) { Value(std::string_view(text)); }
   void Value(bool flag) { Literal(flag ? "true" : "false"); }
-  void Value(std::integral auto number) { Integer(static_cast<std::int64_t>(number)); }
+  void Value(std::integral auto number) { Literal(std::to_string(number)); }
   /// In the shortest form that reads back as the same number, with a point or an exponent to show that it is
   /// no whole one by nature. JSON has no infinities: they and NaN become null.
-  void Value(float number);
-  void Value(double number);
+  void Value(std::floating_point auto number) {
+    if (!std::isfinite(number)) return Literal("null");
+    std::string shortest;
+    AppendShortest(shortest, number);
+    Literal(shortest.find_first_of(".e") == std::string::npos ? shortest + ".0" : shortest);
+  }
 
   void Member(std::string_view key, const auto& value) { Key(key).Value(value); }
 
@@ -44,13 +50,18 @@ class JsonWriter {
   void Begin(char bracket);
   void End(char bracket);
   void Literal(std::string_view text);
-  void Integer(std::int64_t number);
-  template <class Number>
-  void Real(Number number);
 
   std::string& out_;
   bool needsComma_ = false;
 };
+
+/// A line of the JSON that `write` puts into its writer.
+std::string JsonLine(auto write) {
+  std::string line;
+  JsonWriter json(line);
+  write(json);
+  return line + "\n";
+}
 
 /// UTF-8 as a JSON text, in its quotes.
 std::string JsonText(std::string_view utf8);

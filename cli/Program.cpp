@@ -195,6 +195,11 @@ RecordKind KindForUse(const std::string& name, KindUse use) {
   throw UsageError("--kind " + name + ": there is no such kind" + choice);
 }
 
+std::span<const RecordType> KindsFor(const std::string& name) {
+  if (name.empty()) return RecordTypes();
+  return {&RecordTypeOf(KindForUse(name, KindUse::Any)), 1};
+}
+
 void Session::Write(std::string_view text) {
   if (streams.outIsTerminal) progress.Stop();
   streams.out.write(text.data(), static_cast<std::streamsize>(text.size()));
@@ -209,7 +214,7 @@ void TakeStreams(Session& session, const std::optional<std::string>& type, std::
     return;
   }
   if (!type) throw UsageError("a file that is - needs --type csv or --type txt, which tells what it holds");
-  session.standardStreams.emplace(session.streams, session.diagnostics.style.isStrict);
+  session.standardStreams = WithStandardStreams(session.streams, session.diagnostics.style.isStrict);
   if (isStream(read)) *read = PathOfStream(StandardStream::Input, *type);
   if (!isStream(written)) return;
   *written = PathOfStream(StandardStream::Output, *type);

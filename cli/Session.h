@@ -7,6 +7,7 @@
 #include "platform/spreadsheet/SpreadsheetApplication.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -22,7 +23,7 @@ struct Session {
   Progress progress;
   DiagnosticPrinter diagnostics;
   SharedSpreadsheet spreadsheet;
-  std::optional<StandardStreams> standardStreams;  ///< where the command reads or writes one as a file
+  std::unique_ptr<FileSystem> standardStreams;  ///< where the command reads or writes one as a file
 
   /// The command that the command line asks for; set while it is parsed. Returns an exit code.
   std::function<int()> command;

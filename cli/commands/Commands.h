@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,9 @@ RecordKind KindForUse(const std::string& name, KindUse use);
 
 /// The names of all kinds that can be used so: "parts, tools, …".
 std::string KindNames(KindUse use);
+
+/// The kind of that name, or all kinds where none is named.
+std::span<const RecordType> KindsFor(const std::string& name);
 
 /// The options that most commands have.
 struct FileOptions {

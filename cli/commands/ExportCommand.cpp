@@ -32,7 +32,7 @@ std::unique_ptr<OpenFile> OpenRecords(const Utf8Path& path) {
 void TakeRecordsFromStream(Session& session, ExportOptions& options) {
   if (options.records != "-") return;
   if (!session.standardStreams)
-    session.standardStreams.emplace(session.streams, session.diagnostics.style.isStrict);
+    session.standardStreams = WithStandardStreams(session.streams, session.diagnostics.style.isStrict);
   options.records = PathOfStream(StandardStream::Input, "json");
 }
 

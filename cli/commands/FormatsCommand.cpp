@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <span>
 
 namespace qv {
 namespace {
@@ -53,29 +52,19 @@ void WriteFormat(JsonWriter& json, const OptionForm& form) {
   json.EndObject();
 }
 
-std::string FormatJson(const OptionForm& form) {
-  std::string text;
-  JsonWriter json(text);
-  WriteFormat(json, form);
-  return text + "\n";
-}
-
-std::string FormatListJson(const FormatList& list) {
-  std::string text;
-  JsonWriter json(text);
+void WriteFormatList(JsonWriter& json, const FormatList& list) {
   json.BeginObject();
   json.Member("Current", ToUtf8(list.CurrentFormat));
   json.Key("Formats").BeginArray();
   for (const OptionForm& form : list.Formats) WriteFormat(json, form);
   json.EndArray();
   json.EndObject();
-  return text + "\n";
 }
 
 int ListFormats(Session& session, FormatsOptions& options) {
   const FormatFile formats(options.config, {}, session.diagnostics);
   if (options.as == "json") {
-    session.Write(FormatListJson(formats.List()));
+    session.Write(JsonLine([&](JsonWriter& json) { WriteFormatList(json, formats.List()); }));
     return kDone;
   }
   for (const OptionForm& form : formats.List().Formats) {
@@ -130,7 +119,8 @@ std::string DescriptionOf(const OptionForm& form, bool hasSavedFlag) {
 int ShowFormat(Session& session, FormatsOptions& options) {
   const FormatFile formats(options.config, {}, session.diagnostics);
   const OptionForm& form = formats.Find(options.wishes.name);
-  session.Write(options.as == "json" ? FormatJson(form) : DescriptionOf(form, formats.HasSavedFlag(form)));
+  session.Write(options.as == "json" ? JsonLine([&](JsonWriter& json) { WriteFormat(json, form); })
+                                     : DescriptionOf(form, formats.HasSavedFlag(form)));
   return kDone;
 }
 
@@ -141,13 +131,6 @@ int InitFormats(Session& session, FormatsOptions& options) {
         {formats.Path(), 0, "", "file-not-written", "", "the file is there already; it is left as it is"});
   formats.Save(session.diagnostics);
   return kDone;
-}
-
-/// The kinds whose columns a format may have: the one that was named, else all.
-std::span<const RecordType> KindsFor(const FormatsOptions& options) {
-  if (!options.kind.empty()) return {&RecordTypeOf(KindForUse(options.kind, KindUse::Any)), 1};
-  if (options.headersFile) KindForUse("", KindUse::Any);
-  return RecordTypes();
 }
 
 void WarnOfUnknownColumns(Session& session, const FormatFile& formats, const FormatWishes& wishes,
@@ -176,7 +159,9 @@ void PrintMapping(Session& session, const FormatWishes& wishes, const std::vecto
 
 int AddFormatCommand(Session& session, FormatsOptions& options) {
   FormatWishes wishes = options.wishes;
-  const std::span<const RecordType> kinds = KindsFor(options);
+  if (options.headersFile)
+    KindForUse(options.kind, KindUse::Any);  // without a kind, no heading means a column
+  const std::span<const RecordType> kinds = KindsFor(options.kind);
   std::vector<std::string> headings;
   if (options.headersFile) headings = CompleteFromHeaders(wishes, *options.headersFile, kinds[0], session);
   const OptionForm form = BuildFormat(wishes);

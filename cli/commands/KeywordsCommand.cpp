@@ -22,31 +22,16 @@ struct KeywordsOptions {
   std::string as = "table";
 };
 
-struct KeywordRow {
-  std::string_view kind;
-  KindColumn known;
-};
-
-std::vector<KeywordRow> RowsOf(const KeywordsOptions& options) {
-  std::vector<KeywordRow> rows;
-  const std::string wanted =
-      options.kind.empty() ? "" : std::string(RecordTypeOf(KindForUse(options.kind, KindUse::Any)).name);
-  for (const RecordType& type : RecordTypes()) {
-    if (!wanted.empty() && type.name != wanted) continue;
-    for (const KindColumn& known : AllColumns(type)) rows.push_back({type.name, known});
-  }
-  return rows;
+std::string NameOf(CellForm form, const char* duration) {
+  const char* const names[] = {"-", "text", "whole", "number", "word", duration};
+  return names[static_cast<std::size_t>(form)];
 }
 
-std::string ReadAs(const FieldColumn& column) {
-  constexpr const char* kNames[] = {"-", "text", "whole", "number", "word", "duration"};
-  return kNames[static_cast<std::size_t>(column.readAs)];
-}
+std::string ReadAs(const FieldColumn& column) { return NameOf(column.readAs, "duration"); }
 
 std::string WrittenAs(const FieldColumn& column) {
   if (column.writtenAs == CellForm::Real) return std::to_string(column.decimals) + " decimals";
-  constexpr const char* kNames[] = {"-", "text", "whole", "number", "word", "hours:minutes:seconds"};
-  return kNames[static_cast<std::size_t>(column.writtenAs)];
+  return NameOf(column.writtenAs, "hours:minutes:seconds");
 }
 
 std::string LengthOf(const KindColumn& known) {
@@ -72,17 +57,19 @@ std::string ShownWords(const FieldColumn& column) {
   return shown;
 }
 
-void PrintKeywords(Session& session, const std::vector<KeywordRow>& rows, bool hasKinds) {
+void PrintKeywords(Session& session, std::span<const RecordType> kinds) {
   std::vector<TableColumn> columns = {{"keyword"}, {"read as"}, {"written as"}, {"length", true}, {"words"}};
+  const bool hasKinds = kinds.size() > 1;
   if (hasKinds) columns.insert(columns.begin(), {"kind"});
   std::vector<Table::Row> lines;
-  for (const auto& [kind, known] : rows) {
-    const FieldColumn& column = *known.column;
-    Table::Row line = {std::string(column.keyword), ReadAs(column), WrittenAs(column), LengthOf(known),
-                       ShownWords(column)};
-    if (hasKinds) line.insert(line.begin(), std::string(kind));
-    lines.push_back(std::move(line));
-  }
+  for (const RecordType& kind : kinds)
+    for (const KindColumn& known : AllColumns(kind)) {
+      const FieldColumn& column = *known.column;
+      Table::Row line = {std::string(column.keyword), ReadAs(column), WrittenAs(column), LengthOf(known),
+                         ShownWords(column)};
+      if (hasKinds) line.insert(line.begin(), std::string(kind.name));
+      lines.push_back(std::move(line));
+    }
   const Table table(std::move(columns), lines, 0);
   session.Write(table.Header(session.streams.ColoursOut()));
   for (const Table::Row& line : lines) session.Write(table.Line(line));
@@ -95,33 +82,33 @@ void WriteWords(JsonWriter& json, std::string_view key, const WordTable* table) 
   json.EndArray();
 }
 
-std::string KeywordsJson(const std::vector<KeywordRow>& rows) {
-  std::string text;
-  JsonWriter json(text);
-  json.BeginArray();
-  for (const auto& [kind, known] : rows) {
-    json.BreakLine();
-    json.BeginObject();
-    json.Member("kind", kind);
-    json.Member("keyword", known.column->keyword);
-    json.Member("field", known.field->stem);
-    json.Member("readAs", known.column->IsRead() ? ReadAs(*known.column) : "");
-    json.Member("writtenAs", known.column->IsWritten() ? WrittenAs(*known.column) : "");
-    if (!LengthOf(known).empty()) json.Member("length", known.field->capacity);
-    WriteWords(json, "wordsRead", known.column->readWords);
-    WriteWords(json, "wordsWritten", known.column->writtenWords);
-    json.EndObject();
-  }
-  json.EndArray();
-  return text + "\n";
+void WriteKeyword(JsonWriter& json, const RecordType& kind, const KindColumn& known) {
+  const FieldColumn& column = *known.column;
+  json.BreakLine();
+  json.BeginObject();
+  json.Member("kind", kind.name);
+  json.Member("keyword", column.keyword);
+  json.Member("field", known.field->stem);
+  json.Member("readAs", column.IsRead() ? ReadAs(column) : "");
+  json.Member("writtenAs", column.IsWritten() ? WrittenAs(column) : "");
+  if (!LengthOf(known).empty()) json.Member("length", known.field->capacity);
+  WriteWords(json, "wordsRead", column.readWords);
+  WriteWords(json, "wordsWritten", column.writtenWords);
+  json.EndObject();
 }
 
 int RunKeywords(Session& session, KeywordsOptions& options) {
-  const std::vector<KeywordRow> rows = RowsOf(options);
-  if (options.as == "json")
-    session.Write(KeywordsJson(rows));
-  else
-    PrintKeywords(session, rows, options.kind.empty());
+  const std::span<const RecordType> kinds = KindsFor(options.kind);
+  if (options.as != "json") {
+    PrintKeywords(session, kinds);
+    return kDone;
+  }
+  session.Write(JsonLine([&](JsonWriter& json) {
+    json.BeginArray();
+    for (const RecordType& kind : kinds)
+      for (const KindColumn& known : AllColumns(kind)) WriteKeyword(json, kind, known);
+    json.EndArray();
+  }));
   return kDone;
 }
 

@@ -151,14 +151,11 @@ class JsonSource {
 
 /// An object that is being read into a record, or into an element of a record's list.
 struct OpenRecord {
-  OpenRecord(const RecordType& ofType, void* record)
-      : type(&ofType), pointer(record), seen(ofType.fields.size()) {}
-
   const RecordType* type;
   void* pointer;
-  std::vector<bool> seen;              // the fields whose keys were there
-  std::size_t next = 0;                // the field most likely to come next
-  const RecordField* field = nullptr;  // whose value comes next
+  std::vector<bool> seen = std::vector<bool>(type->fields.size());  // the fields whose keys were there
+  std::size_t next = 0;                                             // the field most likely to come next
+  const RecordField* field = nullptr;                               // whose value comes next
 };
 
 /// Builds records from what the parser meets, without a document in between: a records file may be of any
@@ -320,7 +317,7 @@ class RecordsBuilder final : public rapidjson::BaseReaderHandler<rapidjson::UTF8
 
   void BeginRecord() {
     record_.emplace(type_);
-    open_.emplace_back(type_, record_->Pointer());
+    open_.push_back({&type_, record_->Pointer()});
     levels_.push_back(Level::Record);
   }
   void BeginElement() {
@@ -328,7 +325,7 @@ class RecordsBuilder final : public rapidjson::BaseReaderHandler<rapidjson::UTF8
     void* const record = Open().pointer;
     const std::size_t index = list.count(record);
     list.resize(record, index + 1);
-    open_.emplace_back(*list.elements, list.element(record, index));
+    open_.push_back({list.elements, list.element(record, index)});
     levels_.push_back(Level::Element);
   }
 

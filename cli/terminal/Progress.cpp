@@ -50,10 +50,6 @@ void Progress::ShowAt(Clock::time_point now, const FileProgress& progress) {
   work_ = std::move(work);
   if (now < nextDraw_) return;
   nextDraw_ = now + kPace;
-  Draw(progress);
-}
-
-void Progress::Draw(const FileProgress& progress) {
   streams_.error << "\r\x1b[K" << work_ << "  " << Amount(progress) << std::flush;
   isShown_ = true;
 }

@@ -33,8 +33,6 @@ class Progress {
   void Clear();
 
  private:
-  void Draw(const FileProgress& progress);
-
   const Streams& streams_;
   std::string work_;  // "reading parts.csv"
   Clock::time_point nextDraw_;
