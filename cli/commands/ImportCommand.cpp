@@ -2,9 +2,12 @@
 #include "cli/check/Suggestions.h"
 #include "cli/commands/Commands.h"
 #include "cli/records/RecordJson.h"
+#include "cli/terminal/DisplayText.h"
 #include "cli/terminal/Table.h"
 #include "format/FormatColumns.h"
+#include "manager/FileStart.h"
 #include "platform/CodePage.h"
+#include "platform/ConsoleProgram.h"
 
 #include <utility>
 #include <vector>
@@ -17,6 +20,11 @@ Examples:
   qvassembly import --kind parts parts.csv
   qvassembly import --kind parts --format orders --as jsonl parts.csv | wc -l
   qvassembly import --kind tools --as table --encoding windows-1252 tools.txt)";
+
+constexpr const char* kHeadersFooter = R"(
+Examples:
+  qvassembly headers parts.csv
+  qvassembly headers --format laser-list list.txt)";
 
 struct ImportOptions : FileOptions {
   std::string as;
@@ -179,6 +187,18 @@ int RunImport(Session& session, ImportOptions& options) {
   return kDone;
 }
 
+int RunHeaders(Session& session, FileOptions& options) {
+  TakeStreams(session, options.type, &options.file, nullptr);
+  const FormatFile formats(options.config, {options.file}, session.diagnostics);
+  const OptionForm& form = formats.FindFor(options.format, options.file, session);
+  auto headers = ReadHeaders(form, PathFromUtf8(options.file).c_str());
+  if (session.diagnostics.HasFailed()) throw ReportedFileError();
+  headers = DecodedHeaders(session, headers);
+  for (const std::string& header : headers)
+    session.Write((session.streams.outIsTerminal ? Harmless(header) : header) + "\n");
+  return kDone;
+}
+
 }  // namespace
 
 void AddImportCommand(CLI::App& program, Session& session) {
@@ -193,6 +213,16 @@ void AddImportCommand(CLI::App& program, Session& session) {
   AddTypeOption(command, options->type);
   AddArgument(command, "FILE", options->file, "the data file; - for standard input");
   command.footer(kImportFooter);
+}
+
+void AddHeadersCommand(CLI::App& program, Session& session) {
+  const auto options = std::make_shared<FileOptions>();
+  CLI::App& command = AddCommand(program, session, "headers",
+                                 "Print the headers of a data file, one per line", options, RunHeaders);
+  AddFormatOptions(command, *options);
+  AddTypeOption(command, options->type);
+  AddArgument(command, "FILE", options->file, "the data file; - for standard input");
+  command.footer(kHeadersFooter);
 }
 
 }  // namespace qv
