@@ -38,8 +38,6 @@ struct FileError : std::runtime_error {
 };
 
 /// As FileError, after the diagnostic has been printed.
-struct ReportedFileError : std::runtime_error {
-  ReportedFileError() : std::runtime_error("") {}
-};
+struct ReportedFileError : std::exception {};
 
 }  // namespace qv

@@ -40,15 +40,10 @@ void AddCommonOptions(CLI::App& program, CommonOptions& options, DiagnosticStyle
 }
 
 void AddCommands(CLI::App& program, Session& session) {
-  AddImportCommand(program, session);
-  AddExportCommand(program, session);
-  AddConvertCommand(program, session);
-  AddHeadersCommand(program, session);
-  AddCheckCommand(program, session);
-  AddFormatsCommand(program, session);
-  AddKeywordsCommand(program, session);
-  AddFormatNameCommand(program, session);
-  AddOptionsCommand(program, session);
+  for (const auto add :
+       {AddImportCommand, AddExportCommand, AddConvertCommand, AddHeadersCommand, AddCheckCommand,
+        AddFormatsCommand, AddKeywordsCommand, AddFormatNameCommand, AddOptionsCommand})
+    add(program, session);
 }
 
 // The options of all commands are on the program's own page; each command's page points there.

@@ -109,10 +109,35 @@ std::optional<Utf8Diagnostic> EncodingSuggestion(const Utf8Path& file,
   return suggest(firstBad, bad + (areOthersGood ? ", while other lines are" : Choice(guess.names)));
 }
 
+/// A column of the format.
+struct Column {
+  std::string keyword;
+  bool isIgnored = false;
+  bool wantsNumber = false;
+  bool wantsWhole = false;
+
+  bool IsHeaded(std::string_view heading) const { return !isIgnored && EqualsIgnoringCase(keyword, heading); }
+};
+
 /// How a column's cells look.
 struct ColumnLook {
   std::size_t filled = 0, numbers = 0, startingWithNumber = 0;
 };
+
+std::vector<Column> ColumnsIn(const DataFile& file) {
+  std::vector<Column> columns;
+  for (FormatColumn& column : ColumnsOf(file.form)) {
+    const RecordField* const field = FindFieldOfColumn(RecordTypeOf(file.kind), column.keyword);
+    const bool wantsNumber =
+        field != nullptr && std::ranges::any_of(field->columns, [](const FieldColumn& read) {
+          return read.readAs == CellForm::Whole || read.readAs == CellForm::Real;
+        });
+    const bool isIgnored = column.keyword == kIgnore;
+    columns.push_back(
+        {std::move(column.keyword), isIgnored, wantsNumber, wantsNumber && field->type == FieldType::Int});
+  }
+  return columns;
+}
 
 std::vector<ColumnLook> LooksOf(const std::vector<std::string_view>& rows, const SplitRules& layout,
                                 std::size_t columns) {
@@ -144,7 +169,7 @@ class Survey {
         coding_(coding),
         type_(RecordTypeOf(file.kind)),
         layout_(LayoutOf(file.form, IsCsv(file.path))),
-        columns_(ColumnsOf(file.form)),
+        columns_(ColumnsIn(file)),
         header_(static_cast<std::size_t>(std::max(file.form.StartLine, 1)) - 1) {}
 
   std::vector<Utf8Diagnostic> Take(const RowFindings& findings) {
@@ -163,8 +188,8 @@ class Survey {
 
   void LookAtKeywords() {
     std::vector<std::string> keywords;
-    for (const FormatColumn& column : columns_)
-      if (column.keyword != kIgnore) keywords.push_back(column.keyword);
+    for (const Column& column : columns_)
+      if (!column.isIgnored) keywords.push_back(column.keyword);
     if (const std::string_view kind = GuessKind(type_, keywords); !kind.empty()) {
       Add(0, "", "suggest-kind", file_.form.Name,
           "the format \"" + ToUtf8(file_.form.Name) + "\" has the columns of another kind; --kind " +
@@ -229,14 +254,12 @@ class Survey {
     const auto headers = PlainFields(line, layout_);
     std::size_t agreeing = 0;
     for (std::size_t index = 0; index < std::min(headers.size(), columns_.size()); ++index)
-      agreeing +=
-          columns_[index].keyword != kIgnore && EqualsIgnoringCase(headers[index], columns_[index].keyword);
+      agreeing += columns_[index].IsHeaded(headers[index]);
     return agreeing;
   }
 
   void LookAtHeader(const std::vector<std::string_view>& lines, std::size_t width) {
-    const auto wanted = static_cast<std::size_t>(std::count_if(
-        columns_.begin(), columns_.end(), [](const FormatColumn& c) { return c.keyword != kIgnore; }));
+    const auto wanted = static_cast<std::size_t>(std::ranges::count(columns_, false, &Column::isIgnored));
     if (wanted < 2 || Agreeing(lines[header_]) == wanted) return;
     for (std::size_t index = 0; index < std::min(lines.size(), kHeaderSearch); ++index)
       if (Agreeing(lines[index]) == wanted) {
@@ -256,12 +279,10 @@ class Survey {
   void LookAtOrder(const std::vector<std::string>& headers) {
     if (LookAtMeanings(headers)) return;
     for (std::size_t index = 0; index < std::min(headers.size(), columns_.size()); ++index) {
-      const std::string& keyword = columns_[index].keyword;
-      if (keyword == kIgnore || EqualsIgnoringCase(headers[index], keyword)) continue;
-      const bool isOther = std::any_of(columns_.begin(), columns_.end(), [&](const FormatColumn& column) {
-        return column.keyword != kIgnore && EqualsIgnoringCase(column.keyword, headers[index]);
-      });
-      if (isOther) AddMisplaced(index, coding_.Decode(headers[index]), "");
+      if (columns_[index].isIgnored || columns_[index].IsHeaded(headers[index])) continue;
+      if (std::ranges::any_of(columns_,
+                              [&](const Column& column) { return column.IsHeaded(headers[index]); }))
+        AddMisplaced(index, coding_.Decode(headers[index]), "");
     }
   }
 
@@ -281,10 +302,9 @@ class Survey {
     std::set<std::size_t> taken;
     for (std::size_t index = 0; index < size; ++index) {
       const std::string meaning = headings.KeywordsFor({coding_.Decode(headers[index])}).front();
-      if (meaning == kIgnore || columns_[index].keyword == kIgnore) continue;
-      const auto own = std::find_if(columns_.begin(), columns_.end(), [&](const FormatColumn& column) {
-        return EqualsIgnoringCase(column.keyword, meaning);
-      });
+      if (meaning == kIgnore || columns_[index].isIgnored) continue;
+      const auto own =
+          std::ranges::find_if(columns_, [&](const Column& column) { return column.IsHeaded(meaning); });
       const auto place = static_cast<std::size_t>(own - columns_.begin());
       if (place >= size) continue;
       if (!taken.insert(place).second) return false;
@@ -301,19 +321,6 @@ class Survey {
     return true;
   }
 
-  bool WantsNumber(std::size_t column) const {
-    const RecordField* const field = FindFieldOfColumn(type_, columns_[column].keyword);
-    const auto isRead = [](const FieldColumn& c) {
-      return c.readAs == CellForm::Whole || c.readAs == CellForm::Real;
-    };
-    return field != nullptr && std::any_of(field->columns.begin(), field->columns.end(), isRead);
-  }
-
-  bool WantsWhole(std::size_t column) const {
-    const RecordField* const field = FindFieldOfColumn(type_, columns_[column].keyword);
-    return field != nullptr && field->type == FieldType::Int && WantsNumber(column);
-  }
-
   /// Where all that has text after the number would be numbers with a decimal comma, and no other cell would
   /// be another number.
   void LookAtCommas(const std::vector<std::string_view>& rows,
@@ -323,16 +330,16 @@ class Survey {
     for (std::size_t index = 0; index < columns_.size(); ++index) {
       const auto texts = trailingTexts.find(ToUtf8(columns_[index].keyword));
       if (texts != trailingTexts.end() &&
-          (WantsWhole(index) ? texts->second.areWhole : texts->second.areReal))
+          (columns_[index].wantsWhole ? texts->second.areWhole : texts->second.areReal))
         better.push_back(index);
     }
     if (better.empty()) return;
     for (const std::string_view row : rows) {
       const auto fields = PlainFields(row, layout_);
       for (std::size_t index = 0; index < std::min(fields.size(), columns_.size()); ++index) {
-        if (!WantsNumber(index) || ParseReal(fields[index]).fault != NumberFault::None) continue;
+        if (!columns_[index].wantsNumber || ParseReal(fields[index]).fault != NumberFault::None) continue;
         const Parsed<double> now = ParseReal(fields[index]),
-                             then = WithComma(fields[index], WantsWhole(index));
+                             then = WithComma(fields[index], columns_[index].wantsWhole);
         const bool isBetter = std::find(better.begin(), better.end(), index) != better.end();
         if (then.fault != NumberFault::None || (!isBetter && then.value != now.value)) return;
       }
@@ -350,7 +357,7 @@ class Survey {
     bool hasNumber = false;
     for (std::size_t index = 0; index < std::min(headers.size(), columns_.size()); ++index) {
       const ColumnLook& look = looks[index];
-      if (!WantsNumber(index) || look.filled == 0) continue;
+      if (!columns_[index].wantsNumber || look.filled == 0) continue;
       const NumberFault fault = ParseReal(headers[index]).fault;
       const auto isUsual = [&](std::size_t count) { return 20 * count >= 19 * look.filled; };
       hasNumber = hasNumber || (fault == NumberFault::None && isUsual(look.numbers));
@@ -375,13 +382,14 @@ class Survey {
       return look.filled >= 3 && 10 * count >= 9 * look.filled && 2 * look.filled >= rows.size();
     };
     std::size_t holder = 0;  // the first column that holds numbers and wants none
-    while (holder < columns_.size() && (columns_[holder].keyword == kIgnore || WantsNumber(holder) ||
+    while (holder < columns_.size() && (columns_[holder].isIgnored || columns_[holder].wantsNumber ||
                                         !isMost(looks[holder], looks[holder].numbers)))
       ++holder;
     if (holder == columns_.size()) return;
     for (std::size_t index = 0; index < columns_.size(); ++index) {
       const std::string keyword = ToUtf8(columns_[index].keyword);
-      if (WantsNumber(index) && isMost(looks[index], looks[index].filled - looks[index].startingWithNumber))
+      if (columns_[index].wantsNumber &&
+          isMost(looks[index], looks[index].filled - looks[index].startingWithNumber))
         Add(line, keyword, "suggest-column-order", "",
             "column " + std::to_string(index + 1) + " is read as " + keyword +
                 " and holds no number in most rows, but column " + std::to_string(holder + 1) +
@@ -395,7 +403,7 @@ class Survey {
   const TextCoding& coding_;
   const RecordType& type_;
   const SplitRules layout_;
-  const std::vector<FormatColumn> columns_;
+  const std::vector<Column> columns_;
   const std::size_t header_;  // the header row's place among the lines
   std::string storedName_;    // of a format, in the file's first line
   std::vector<Utf8Diagnostic> found_;

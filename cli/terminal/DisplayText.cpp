@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <span>
 
 namespace qv {
 namespace {
@@ -97,35 +98,22 @@ constexpr Range kCombining[] = {
     {0x1DA75, 0x1DA75}, {0x1DA84, 0x1DA84}, {0x1DA9B, 0x1DAAF}, {0x1E000, 0x1E02A}, {0x1E130, 0x1E136},
     {0x1E2AE, 0x1E2AE}, {0x1E2EC, 0x1E2EF}, {0x1E8D0, 0x1E8D6}, {0x1E944, 0x1E94A}};
 
-template <std::size_t Size>
-bool Contains(const Range (&ranges)[Size], char32_t code) {
-  const auto after = std::upper_bound(std::begin(ranges), std::end(ranges), code,
-                                      [](char32_t value, const Range& range) { return value < range.first; });
-  return after != std::begin(ranges) && code <= std::prev(after)->last;
+bool Contains(std::span<const Range> ranges, char32_t code) {
+  const auto after = std::ranges::upper_bound(ranges, code, {}, &Range::first);
+  return after != ranges.begin() && code <= std::prev(after)->last;
 }
 
-// Whether a character fills two columns of a terminal, as most East Asian ones do.
-bool IsWide(char32_t code) { return code >= 0x1100 && Contains(kWide, code); }
-
-// Whether a character is drawn over the one before it.
-bool IsCombining(char32_t code) { return code >= 0x300 && Contains(kCombining, code); }
+// None for a character that is drawn over the one before it, two for most East Asian ones.
+int WidthOf(char32_t code) {
+  if (code < 0x300) return 1;
+  if (Contains(kCombining, code)) return 0;
+  return Contains(kWide, code) ? 2 : 1;
+}
 
 // Marks and overrides of writing direction, line and paragraph separators, invisible joiners.
 bool Misleads(char32_t code) {
   return (code >= 0x80 && code < 0xA0) || (code >= 0x200B && code <= 0x200F) ||
          (code >= 0x2028 && code <= 0x202E) || (code >= 0x2060 && code <= 0x206F) || code == 0xFEFF;
-}
-
-int WidthOf(char32_t code) {
-  if (IsCombining(code)) return 0;
-  return IsWide(code) ? 2 : 1;
-}
-
-// The picture of a control character: U+2400 and on, U+2421 for delete.
-void AppendControlPicture(std::string& out, char32_t code) {
-  const char last = static_cast<char>(code == 0x7F ? 0x21 : code);
-  out += "\xE2\x90";
-  out += static_cast<char>(0x80 | last);
 }
 
 // Most texts, and nothing needs to be looked at twice in them.
@@ -141,8 +129,9 @@ std::string Harmless(std::string_view utf8) {
   out.reserve(utf8.size());
   while (!utf8.empty()) {
     const Utf8Character character = DecodeUtf8(utf8);
-    if (character.code < 0x20 || character.code == 0x7F)
-      AppendControlPicture(out, character.code);
+    if (character.code < 0x20 || character.code == 0x7F)  // the picture of it: U+2400 and on, U+2421
+      out.append("\xE2\x90")
+          .append(1, static_cast<char>(character.code == 0x7F ? 0xA1 : 0x80 | character.code));
     else
       out += Misleads(character.code) ? kReplacementCharacter : utf8.substr(0, character.length);
     utf8.remove_prefix(character.length);
