@@ -11,33 +11,15 @@ namespace {
 
 constexpr int kIconSize = 16;
 
-std::span<const unsigned char> BytesOf(Icon icon) {
-  switch (icon) {
-    case Icon::Up:
-      return kUpPng;
-    case Icon::Down:
-      return kDownPng;
-    default:
-      return kRefreshPng;
-  }
-}
+constexpr std::span<const unsigned char> kBytes[] = {kUpPng, kDownPng, kRefreshPng};  // by Icon
 
 GdkPixbuf* NewPixbuf(Icon icon, int size) {
-  const std::span<const unsigned char> bytes = BytesOf(icon);
+  const std::span<const unsigned char> bytes = kBytes[static_cast<int>(icon)];
   GInputStream* const stream =
       g_memory_input_stream_new_from_data(bytes.data(), static_cast<gssize>(bytes.size()), nullptr);
   GdkPixbuf* const pixbuf = gdk_pixbuf_new_from_stream_at_scale(stream, size, size, TRUE, nullptr, nullptr);
   g_object_unref(stream);
   return pixbuf;
-}
-
-// An image of one's own does not pale by itself with its button.
-void PaleWhenDisabled(GtkWidget* image) {
-  GtkCssProvider* const style = gtk_css_provider_new();
-  gtk_css_provider_load_from_data(style, "image:disabled { opacity: 0.35; }", -1, nullptr);
-  gtk_style_context_add_provider(gtk_widget_get_style_context(image), GTK_STYLE_PROVIDER(style),
-                                 GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
-  g_object_unref(style);
 }
 
 GtkWidget* NewImage(Icon icon, int scale) {
@@ -46,11 +28,20 @@ GtkWidget* NewImage(Icon icon, int scale) {
   GtkWidget* const image = gtk_image_new_from_surface(surface);
   cairo_surface_destroy(surface);
   g_object_unref(pixbuf);
-  PaleWhenDisabled(image);
+  // An image of one's own does not pale by itself with its button.
+  AddStyle(image, "image:disabled { opacity: 0.35; }");
   return image;
 }
 
 }  // namespace
+
+void AddStyle(GtkWidget* widget, const char* css) {
+  GtkCssProvider* const style = gtk_css_provider_new();
+  gtk_css_provider_load_from_data(style, css, -1, nullptr);
+  gtk_style_context_add_provider(gtk_widget_get_style_context(widget), GTK_STYLE_PROVIDER(style),
+                                 GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+  g_object_unref(style);
+}
 
 GtkWidget* NewIconButton(Icon icon, const char* text) {
   GtkWidget* const button = gtk_button_new();

@@ -13,6 +13,7 @@ constexpr const char* kCommandKey = "command";
 constexpr int kGap = 6;
 constexpr int kMinListHeight = 110;  // leaves a dialog that fits 1080 lines at twice their size
 constexpr int kListHeight = 260;     // where there is room
+constexpr int kMaxNamesHeight = 240;
 constexpr guint kUpMnemonic = GDK_KEY_u;
 constexpr guint kDownMnemonic = GDK_KEY_w;
 
@@ -72,6 +73,15 @@ void IgnoreWheel(GtkWidget* comboBox) {
   g_signal_connect(comboBox, "scroll-event", G_CALLBACK(DropScroll), nullptr);
 }
 
+/// Of a combo box the keyboard reaches its parts, which no label is for.
+void NameParts(GtkWidget* comboBox, const char* name) {
+  const auto nameIt = [](GtkWidget* part, gpointer to) {
+    if (GTK_IS_CONTAINER(part)) NameParts(part, static_cast<const char*>(to));
+    atk_object_set_name(gtk_widget_get_accessible(part), static_cast<const char*>(to));
+  };
+  gtk_container_forall(GTK_CONTAINER(comboBox), nameIt, const_cast<char*>(name));
+}
+
 void CommandGiven(GtkWidget* widget, gpointer commands) {
   const int command = GPOINTER_TO_INT(g_object_get_data(G_OBJECT(widget), kCommandKey));
   static_cast<FormatOptionCommands*>(commands)->Run(static_cast<OptionCommand>(command));
@@ -88,10 +98,9 @@ OptionWindow::OptionWindow(FormatOptionCommands& commands)
       preview_(GTK_WINDOW(dialog_), commands) {
   plan_.OnDoubleClick([this] { commands_.Run(OptionCommand::Add); });
   sequence_.OnDoubleClick([this] { commands_.Run(OptionCommand::Delete); });
-  plan_.OnDrop(sequence_, [this](bool isOwn, std::size_t) {
-    if (!isOwn) commands_.Run(OptionCommand::Delete);
-  });
-  sequence_.OnDrop(plan_, [this](bool isOwn, std::size_t place) { commands_.DropOnSequence(!isOwn, place); });
+  plan_.OnDrop(sequence_, false, [this](bool, std::size_t) { commands_.Run(OptionCommand::Delete); });
+  sequence_.OnDrop(plan_, true,
+                   [this](bool isOwn, std::size_t place) { commands_.DropOnSequence(!isOwn, place); });
   sequence_.OnSelect([this] { commands_.Run(OptionCommand::SelectSequence); });
   Build();
 }
@@ -116,15 +125,11 @@ bool OptionWindow::Run() {
 
 // As high as the screen allows, and no higher than is of use.
 void OptionWindow::GrowLists() {
-  GdkDisplay* const display = gtk_widget_get_display(dialog_);
-  GdkMonitor* const primary = gdk_display_get_primary_monitor(display);
-  GdkRectangle area{};
-  gdk_monitor_get_workarea(primary != nullptr ? primary : gdk_display_get_monitor(display, 0), &area);
   constexpr int kTitleBar = 40;
   GtkRequisition least{};
   gtk_widget_get_preferred_size(dialog_, &least, nullptr);
   const int wanted = least.height + kListHeight - kMinListHeight;
-  gtk_window_set_default_size(GTK_WINDOW(dialog_), -1, std::min(wanted, area.height - kTitleBar));
+  gtk_window_set_default_size(GTK_WINDOW(dialog_), -1, std::min(wanted, Screen().Height() - kTitleBar));
 }
 
 void OptionWindow::RunOnSignal(GtkWidget* widget, const char* signal, OptionCommand command) {
@@ -226,6 +231,8 @@ GtkWidget* OptionWindow::BuildNameRow() {
   gtk_entry_set_activates_default(NameEntry(), TRUE);
   g_signal_connect(names_, "changed", G_CALLBACK(FormatChanged), this);
   g_signal_connect(NameEntry(), "populate-popup", G_CALLBACK(MenuOpened), this);
+  g_signal_connect(names_, "notify::popup-shown", G_CALLBACK(NamesDropped), nullptr);
+  NameParts(names_, "Format Name");
   CompleteNames();
   ShortenNames();
   IgnoreWheel(names_);
@@ -248,6 +255,7 @@ GtkWidget* OptionWindow::BuildReadingRow() {
   qualifier_ = gtk_combo_box_text_new();
   for (const char* const item : kQualifiers)
     gtk_combo_box_text_append_text(GTK_COMBO_BOX_TEXT(qualifier_), item);
+  NameParts(qualifier_, "Text qualifier");
   RunOnSignal(qualifier_, "changed", OptionCommand::Edit);
   IgnoreWheel(qualifier_);
   GtkWidget* const row = NewRow();
@@ -339,25 +347,48 @@ void OptionWindow::CompleteNames() {
 
 // A list, other than a menu, scrolls with a bar.
 void OptionWindow::ShortenNames() {
-  GtkCssProvider* const style = gtk_css_provider_new();
-  gtk_css_provider_load_from_data(style, "* { -GtkComboBox-appears-as-list: true; }", -1, nullptr);
-  gtk_style_context_add_provider(gtk_widget_get_style_context(names_), GTK_STYLE_PROVIDER(style),
-                                 GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
-  g_object_unref(style);
+  AddStyle(names_, "* { -GtkComboBox-appears-as-list: true; }");
   GList* const cells = gtk_cell_layout_get_cells(GTK_CELL_LAYOUT(names_));
   g_object_set(cells->data, "ellipsize", PANGO_ELLIPSIZE_MIDDLE, nullptr);
   g_list_free(cells);
 }
 
-// Enter takes the name whose rest was appended and is still selected.
+// The toolkit makes the list as high as the screen allows, whenever it places it.
+void OptionWindow::NamesDropped(GtkComboBox* names, GParamSpec*, gpointer) {
+  AtkObject* const list = gtk_combo_box_get_popup_accessible(names);
+  GtkWidget* const popup = gtk_widget_get_toplevel(gtk_accessible_get_widget(GTK_ACCESSIBLE(list)));
+  const auto placed = +[](GtkWidget*, GParamSpec*, gpointer comboBox) {
+    g_idle_add_full(G_PRIORITY_HIGH, LimitNames, g_object_ref(comboBox), g_object_unref);
+  };
+  g_signal_handlers_disconnect_matched(popup, G_SIGNAL_MATCH_FUNC, 0, 0, nullptr,
+                                       reinterpret_cast<gpointer>(placed), nullptr);
+  g_signal_connect(popup, "notify::height-request", G_CALLBACK(placed), names);
+}
+
+gboolean OptionWindow::LimitNames(gpointer names) {
+  AtkObject* const spoken = gtk_combo_box_get_popup_accessible(GTK_COMBO_BOX(names));
+  GtkWidget* const list = gtk_accessible_get_widget(GTK_ACCESSIBLE(spoken));
+  GtkWidget* const scrolled = gtk_widget_get_ancestor(list, GTK_TYPE_SCROLLED_WINDOW);
+  GtkWindow* const popup = GTK_WINDOW(gtk_widget_get_toplevel(list));
+  int width = 0, height = 0, left = 0, top = 0, nameLeft = 0, nameTop = 0;
+  gtk_widget_get_size_request(GTK_WIDGET(popup), &width, &height);
+  if (height <= kMaxNamesHeight || gtk_widget_get_mapped(list) == FALSE) return G_SOURCE_REMOVE;
+  gtk_window_get_position(popup, &left, &top);
+  gdk_window_get_root_coords(gtk_widget_get_window(GTK_WIDGET(names)), 0, 0, &nameLeft, &nameTop);
+  gtk_scrolled_window_set_policy(GTK_SCROLLED_WINDOW(scrolled), GTK_POLICY_NEVER, GTK_POLICY_ALWAYS);
+  gtk_widget_set_size_request(GTK_WIDGET(popup), width, kMaxNamesHeight);
+  gtk_window_resize(popup, width, kMaxNamesHeight);
+  if (top < nameTop) gtk_window_move(popup, left, top + height - kMaxNamesHeight);
+  return G_SOURCE_REMOVE;
+}
+
 bool OptionWindow::ChooseCompleted() {
   int begin = 0, end = 0;
-  const bool isSelected = gtk_editable_get_selection_bounds(GTK_EDITABLE(NameEntry()), &begin, &end) != FALSE;
-  if (!isSelected || begin == 0 || end != gtk_entry_get_text_length(NameEntry())) return false;
-  const auto found = std::find(formatNames_.begin(), formatNames_.end(), gtk_entry_get_text(NameEntry()));
-  if (found == formatNames_.end()) return false;
-  commands_.ChooseFormat(static_cast<std::size_t>(found - formatNames_.begin()));
-  return true;
+  gtk_editable_get_selection_bounds(GTK_EDITABLE(NameEntry()), &begin, &end);
+  const auto index = CompletedName(formatNames_, gtk_entry_get_text(NameEntry()), begin,
+                                   end == gtk_entry_get_text_length(NameEntry()) ? end : 0);
+  if (index) commands_.ChooseFormat(*index);
+  return index.has_value();
 }
 
 void OptionWindow::MenuOpened(GtkEntry*, GtkWidget* menu, gpointer self) {
@@ -454,20 +485,38 @@ void OptionWindow::Enable(const OptionEnabling& enabling) {
     gtk_widget_grab_focus(enabling.Sequence ? sequence_.List() : plan_.List());
 }
 
-void OptionWindow::ShowHeaderWindow(bool isShown) {
-  gtk_button_set_label(GTK_BUTTON(toggleHeaders_), isShown ? "Hide _Header" : "Show _Header");
-  if (isShown)
-    headers_.ShowBeside();
-  else
-    headers_.Hide();
+SideWindow& OptionWindow::Beside(DialogPart part) {
+  return part == DialogPart::Headers ? static_cast<SideWindow&>(headers_) : preview_;
 }
 
-void OptionWindow::ShowPreviewWindow(bool isShown) {
-  gtk_button_set_label(GTK_BUTTON(togglePreview_), isShown ? "Hide Preview" : "Show Preview");
-  if (isShown)
-    preview_.ShowBeside();
+void OptionWindow::ShowWindow(DialogPart part, bool isShown) {
+  GtkWidget* const button = part == DialogPart::Headers ? toggleHeaders_ : togglePreview_;
+  gtk_button_set_label(GTK_BUTTON(button), ToggleLabel(part, isShown, '_').c_str());
+  Beside(part).Show(isShown);
+}
+
+WindowFrame OptionWindow::FrameOf(DialogPart part) const {
+  if (part == DialogPart::Dialog) return qv::FrameOf(GTK_WINDOW(dialog_));
+  return const_cast<OptionWindow*>(this)->Beside(part).Frame();
+}
+
+void OptionWindow::Place(DialogPart part, const WindowFrame& frame) {
+  if (part == DialogPart::Dialog)
+    gtk_window_move(GTK_WINDOW(dialog_), frame.left, frame.top);
   else
-    preview_.Hide();
+    Beside(part).Place(frame);
+}
+
+WindowFrame OptionWindow::Screen() const {
+  GdkDisplay* const display = gtk_widget_get_display(dialog_);
+  GdkWindow* const window = gtk_widget_get_window(dialog_);
+  GdkMonitor* const primary = gdk_display_get_primary_monitor(display);
+  GdkRectangle area{};
+  gdk_monitor_get_workarea(window != nullptr    ? gdk_display_get_monitor_at_window(display, window)
+                           : primary != nullptr ? primary
+                                                : gdk_display_get_monitor(display, 0),
+                           &area);
+  return {area.x, area.y, area.x + area.width, area.y + area.height};
 }
 
 void OptionWindow::StartPause() {
@@ -482,23 +531,22 @@ gboolean OptionWindow::PauseEnded(gpointer self) {
   return G_SOURCE_REMOVE;
 }
 
-void OptionWindow::Tell(const std::string& sentence) {
-  GtkWidget* const message =
-      gtk_message_dialog_new(GTK_WINDOW(dialog_), GTK_DIALOG_MODAL, GTK_MESSAGE_WARNING, GTK_BUTTONS_OK, "%s",
-                             WidgetText(sentence).c_str());
-  gtk_window_set_title(GTK_WINDOW(message), "Option");
-  gtk_dialog_run(GTK_DIALOG(message));
+int OptionWindow::ShowMessage(const char* title, const std::string& text, GtkMessageType type,
+                              GtkButtonsType buttons) {
+  GtkWidget* const message = gtk_message_dialog_new(GTK_WINDOW(dialog_), GTK_DIALOG_MODAL, type, buttons,
+                                                    "%s", WidgetText(text).c_str());
+  gtk_window_set_title(GTK_WINDOW(message), title);
+  const int response = gtk_dialog_run(GTK_DIALOG(message));
   gtk_widget_destroy(message);
+  return response;
+}
+
+void OptionWindow::Tell(const std::string& sentence) {
+  ShowMessage("Option", sentence, GTK_MESSAGE_WARNING, GTK_BUTTONS_OK);
 }
 
 bool OptionWindow::Ask(const std::string& question) {
-  GtkWidget* const message =
-      gtk_message_dialog_new(GTK_WINDOW(dialog_), GTK_DIALOG_MODAL, GTK_MESSAGE_QUESTION, GTK_BUTTONS_YES_NO,
-                             "%s", WidgetText(question).c_str());
-  gtk_window_set_title(GTK_WINDOW(message), "Delete Format");
-  const bool isYes = gtk_dialog_run(GTK_DIALOG(message)) == GTK_RESPONSE_YES;
-  gtk_widget_destroy(message);
-  return isYes;
+  return ShowMessage("Delete Format", question, GTK_MESSAGE_QUESTION, GTK_BUTTONS_YES_NO) == GTK_RESPONSE_YES;
 }
 
 void OptionWindow::Close(bool isOk) {

@@ -35,13 +35,15 @@ class OptionWindow final : public FormatOptionView {
   Selection PlanSelection() const override { return plan_.Selected(); }
   Selection SequenceSelection() const override { return sequence_.Selected(); }
   void Enable(const OptionEnabling& enabling) override;
-  void ShowHeaderWindow(bool isShown) override;
+  void ShowWindow(DialogPart part, bool isShown) override;
+  WindowFrame FrameOf(DialogPart part) const override;
+  void Place(DialogPart part, const WindowFrame& frame) override;
+  WindowFrame Screen() const override;
   void ShowHeaders(const std::vector<std::string>& headers) override { headers_.List().Show(headers); }
   void ShowHeaderCaption(const std::string& caption) override { headers_.ShowCaption(caption); }
   void SelectHeaders(const Selection& selection) override { headers_.List().Select(selection); }
   Selection HeaderSelection() const override { return headers_.List().Selected(); }
-  void ShowPreviewWindow(bool isShown) override;
-  void ShowPreview(const Preview& preview) override { preview_.Show(preview); }
+  void ShowPreview(const Preview& preview) override { preview_.ShowRows(preview); }
   void StartPause() override;
   void Tell(const std::string& sentence) override;
   bool Ask(const std::string& question) override;
@@ -58,9 +60,13 @@ class OptionWindow final : public FormatOptionView {
   GtkWidget* BuildDelimiters();
   GtkWidget* BuildPartName();
   GtkWidget* BuildLists();
+  int ShowMessage(const char* title, const std::string& text, GtkMessageType type, GtkButtonsType buttons);
+  SideWindow& Beside(DialogPart part);
   void GrowLists();
   GtkEntry* NameEntry() const;
   static void FormatChanged(GtkComboBox*, gpointer self);
+  static void NamesDropped(GtkComboBox* names, GParamSpec*, gpointer);
+  static gboolean LimitNames(gpointer names);
   static void MenuOpened(GtkEntry*, GtkWidget* menu, gpointer self);
   void CompleteNames();
   void ShortenNames();

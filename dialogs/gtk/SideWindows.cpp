@@ -12,27 +12,12 @@ constexpr int kGap = 6;
 constexpr const char* kIndexKey = "index";
 constexpr const char* kRemarkColour = "#FFDD88";  // under black text, whatever the theme
 
-WindowFrame FrameOf(GtkWindow* window) {
-  GdkRectangle frame{};
-  gdk_window_get_frame_extents(gtk_widget_get_window(GTK_WIDGET(window)), &frame);
-  return {frame.x, frame.y, frame.x + frame.width, frame.y + frame.height};
-}
-
 /// What a window manager puts around a window is not known before it is shown; it puts the same around the
 /// dialog.
 int FrameHeightOf(GtkWindow* dialog) {
   int width = 0, height = 0;
   gtk_window_get_size(dialog, &width, &height);
-  const WindowFrame frame = FrameOf(dialog);
-  return frame.bottom - frame.top - height;
-}
-
-GtkWidget* NewScrolled(GtkWidget* list) {
-  GtkWidget* const scrolled = gtk_scrolled_window_new(nullptr, nullptr);
-  gtk_scrolled_window_set_shadow_type(GTK_SCROLLED_WINDOW(scrolled), GTK_SHADOW_IN);
-  gtk_scrolled_window_set_overlay_scrolling(GTK_SCROLLED_WINDOW(scrolled), FALSE);
-  gtk_container_add(GTK_CONTAINER(scrolled), list);
-  return scrolled;
+  return FrameOf(dialog).Height() - height;
 }
 
 template <OptionCommand command>
@@ -74,6 +59,12 @@ void DressHead(GtkWidget* head, GtkWidget* list, bool isUsed, bool hasRemark) {
 
 }  // namespace
 
+WindowFrame FrameOf(GtkWindow* window) {
+  GdkRectangle frame{};
+  gdk_window_get_frame_extents(gtk_widget_get_window(GTK_WIDGET(window)), &frame);
+  return {frame.x, frame.y, frame.x + frame.width, frame.y + frame.height};
+}
+
 SideWindow::SideWindow(GtkWindow* dialog, const char* title, std::function<void()> onClose)
     : dialog_(dialog),
       window_(gtk_window_new(GTK_WINDOW_TOPLEVEL)),
@@ -96,6 +87,25 @@ SideWindow::~SideWindow() {
 
 void SideWindow::ShowCaption(const std::string& caption) {
   gtk_window_set_title(Window(), WidgetText(caption).c_str());
+}
+
+void SideWindow::Show(bool isShown) {
+  if (isShown)
+    gtk_window_present(Window());
+  else
+    gtk_widget_hide(window_);
+}
+
+WindowFrame SideWindow::Frame() const {
+  if (gtk_widget_get_mapped(window_) != FALSE) return FrameOf(Window());
+  int width = 0, height = 0;
+  gtk_window_get_size(Window(), &width, &height);
+  return {0, 0, width, height + FrameHeightOf(dialog_)};
+}
+
+void SideWindow::Place(const WindowFrame& frame) {
+  gtk_window_move(Window(), frame.left, frame.top);
+  gtk_window_resize(Window(), frame.Width(), frame.Height() - FrameHeightOf(dialog_));
 }
 
 gboolean SideWindow::Closed(GtkWidget*, GdkEvent*, gpointer self) {
@@ -130,14 +140,6 @@ HeaderWindow::HeaderWindow(GtkWindow* dialog, FormatOptionCommands& commands)
   RunOnClick<OptionCommand::MatchHeaders>(match, commands);
 }
 
-void HeaderWindow::ShowBeside() {
-  const WindowFrame dialog = FrameOf(Dialog());
-  int width = 0, height = 0;
-  gtk_window_get_size(Window(), &width, &height);
-  gtk_window_move(Window(), dialog.right, dialog.bottom - height - FrameHeightOf(Dialog()));
-  gtk_window_present(Window());
-}
-
 PreviewWindow::PreviewWindow(GtkWindow* dialog, FormatOptionCommands& commands)
     : SideWindow(dialog, "Preview", [&commands] { commands.Run(OptionCommand::TogglePreview); }),
       store_(gtk_list_store_new(1, G_TYPE_UINT)),
@@ -150,6 +152,7 @@ PreviewWindow::PreviewWindow(GtkWindow* dialog, FormatOptionCommands& commands)
   gtk_tree_view_set_grid_lines(List(), GTK_TREE_VIEW_GRID_LINES_VERTICAL);
   gtk_widget_set_has_tooltip(list_, TRUE);
   g_signal_connect(list_, "query-tooltip", G_CALLBACK(TipWanted), this);
+  g_signal_connect(gtk_tree_view_get_selection(List()), "changed", G_CALLBACK(RowSelected), this);
   atk_object_set_name(gtk_widget_get_accessible(list_), "Preview");
   RunOnClick<OptionCommand::ApplySuggestion>(apply_, commands);
   gtk_widget_set_valign(apply_, GTK_ALIGN_CENTER);
@@ -167,14 +170,14 @@ PreviewWindow::PreviewWindow(GtkWindow* dialog, FormatOptionCommands& commands)
 
 PreviewWindow::~PreviewWindow() { g_object_unref(store_); }
 
-void PreviewWindow::Show(const Preview& preview) {
+void PreviewWindow::ShowRows(const Preview& preview) {
   gtk_list_store_clear(store_);
   preview_ = preview;
   ShowColumns();
   for (std::size_t row = 0; row < preview_.rows.size(); ++row)
     gtk_list_store_insert_with_values(store_, nullptr, -1, 0, static_cast<guint>(row), -1);
   gtk_tree_view_columns_autosize(List());
-  gtk_label_set_text(GTK_LABEL(summary_), WidgetText(preview_.summary).c_str());
+  RowSelected(gtk_tree_view_get_selection(List()), this);
   gtk_label_set_text(GTK_LABEL(suggestion_), WidgetText(preview_.suggestion).c_str());
   gtk_widget_set_visible(suggestion_, preview_.suggestion.empty() ? FALSE : TRUE);
   gtk_widget_set_visible(apply_, preview_.canApply ? TRUE : FALSE);
@@ -226,6 +229,18 @@ void PreviewWindow::DrawCell(GtkTreeViewColumn* column, GtkCellRenderer* cell, G
                hasRemark ? "black" : nullptr, nullptr);
 }
 
+void PreviewWindow::RowSelected(GtkTreeSelection* selection, gpointer self) {
+  const auto* const window = static_cast<PreviewWindow*>(self);
+  GtkTreeIter at;
+  std::ptrdiff_t row = -1;
+  if (gtk_tree_selection_get_selected(selection, nullptr, &at) != FALSE) {
+    guint index = 0;
+    gtk_tree_model_get(GTK_TREE_MODEL(window->store_), &at, 0, &index, -1);
+    row = index;
+  }
+  gtk_label_set_text(GTK_LABEL(window->summary_), WidgetText(window->preview_.SentenceAt(row)).c_str());
+}
+
 gboolean PreviewWindow::TipWanted(GtkWidget* list, int x, int y, gboolean byKeyboard, GtkTooltip* tip,
                                   gpointer self) {
   GtkTreePath* path = nullptr;
@@ -242,19 +257,6 @@ gboolean PreviewWindow::TipWanted(GtkWidget* list, int x, int y, gboolean byKeyb
   }
   gtk_tree_path_free(path);
   return remark.empty() ? FALSE : TRUE;
-}
-
-void PreviewWindow::ShowBeside() {
-  GdkWindow* const dialog = gtk_widget_get_window(GTK_WIDGET(Dialog()));
-  GdkRectangle area{};
-  gdk_monitor_get_workarea(gdk_display_get_monitor_at_window(gdk_window_get_display(dialog), dialog), &area);
-  int width = 0, height = 0;
-  gtk_window_get_size(Window(), &width, &height);
-  const WindowFrame place = PlaceBeside(FrameOf(Dialog()), width, height + FrameHeightOf(Dialog()),
-                                        {area.x, area.y, area.x + area.width, area.y + area.height});
-  gtk_window_move(Window(), place.left, place.top);
-  gtk_window_resize(Window(), place.right - place.left, place.bottom - place.top - FrameHeightOf(Dialog()));
-  gtk_window_present(Window());
 }
 
 }  // namespace qv

@@ -9,6 +9,9 @@
 
 namespace qv {
 
+/// With what the window manager puts around it.
+WindowFrame FrameOf(GtkWindow* window);
+
 /// A window beside the dialog that can be used while the dialog is open, and is closed by hiding it.
 class SideWindow {
  public:
@@ -18,10 +21,11 @@ class SideWindow {
   SideWindow& operator=(const SideWindow&) = delete;
 
   void ShowCaption(const std::string& caption);
-  void Hide() { gtk_widget_hide(window_); }
+  void Show(bool isShown);
+  WindowFrame Frame() const;
+  void Place(const WindowFrame& frame);
 
  protected:
-  GtkWindow* Dialog() const { return dialog_; }
   GtkWindow* Window() const { return GTK_WINDOW(window_); }
 
  private:
@@ -41,8 +45,6 @@ class HeaderWindow : public SideWindow {
 
   TextListBox& List() { return list_; }
   const TextListBox& List() const { return list_; }
-  /// Shows the window with its left edge at the dialog's right one and both bottoms at one height.
-  void ShowBeside();
 
  private:
   TextListBox list_;
@@ -54,14 +56,14 @@ class PreviewWindow : public SideWindow {
   explicit PreviewWindow(GtkWindow* dialog, FormatOptionCommands& commands);
   ~PreviewWindow();
 
-  void Show(const Preview& preview);
-  void ShowBeside();
+  void ShowRows(const Preview& preview);
 
  private:
   static void DrawCell(GtkTreeViewColumn* column, GtkCellRenderer* cell, GtkTreeModel*, GtkTreeIter* row,
                        gpointer self);
   static gboolean TipWanted(GtkWidget* list, int x, int y, gboolean byKeyboard, GtkTooltip* tip,
                             gpointer self);
+  static void RowSelected(GtkTreeSelection* selection, gpointer self);
   void ShowColumns();
   void AddColumn(std::size_t index);
   GtkTreeView* List() const { return GTK_TREE_VIEW(list_); }

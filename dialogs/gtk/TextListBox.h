@@ -14,6 +14,9 @@ namespace qv {
 /// UTF-8 for a widget; bytes of the library's text that are none are replaced.
 std::string WidgetText(const std::string& text);
 
+/// A frame around the list, with bars that scroll it.
+GtkWidget* NewScrolled(GtkWidget* list);
+
 /// The path of a list's row, freed at the end.
 class RowPath {
  public:
@@ -40,9 +43,10 @@ class TextListBox {
   void OnSelect(std::function<void()> handler) { onSelect_ = std::move(handler); }
   void OnDoubleClick(std::function<void()> handler) { onDoubleClick_ = std::move(handler); }
 
-  /// Lets entries be dragged out of the list, and lets those of this list and of `other` be dropped on it:
-  /// before the row at `place`.
-  void OnDrop(const TextListBox& other, std::function<void(bool isOwn, std::size_t place)> handler);
+  /// Lets selected entries be dragged out of the list, and lets those of `other` be dropped on it. With
+  /// `isOrdered` it takes its own too, and the handler gets the row before which they are dropped.
+  void OnDrop(const TextListBox& other, bool isOrdered,
+              std::function<void(bool isOwn, std::size_t place)> handler);
 
   /// Changes only the rows that differ, so that the scroll position and the cursor stay where they are; the
   /// cursor starts in the first row.
@@ -59,10 +63,15 @@ class TextListBox {
   static void SelectionChanged(GtkTreeSelection*, gpointer self);
   static void RowActivated(GtkTreeView*, GtkTreePath*, GtkTreeViewColumn*, gpointer self);
 
+  static gboolean MayToggle(GtkTreeSelection*, GtkTreeModel*, GtkTreePath*, gboolean, gpointer self);
+  static gboolean Pressed(GtkWidget*, GdkEventButton* event, gpointer self);
+  static gboolean Released(GtkWidget*, GdkEventButton* event, gpointer self);
+  static void DragBegun(GtkWidget*, GdkDragContext*, gpointer self);
   static gboolean DragMoved(GtkWidget*, GdkDragContext* context, int x, int y, guint time, gpointer self);
   static void DragLeft(GtkWidget*, GdkDragContext*, guint time, gpointer self);
   static gboolean Dropped(GtkWidget*, GdkDragContext* context, int x, int y, guint time, gpointer self);
   bool TakesFrom(GdkDragContext* context) const;
+  GtkTreeView* View() const { return GTK_TREE_VIEW(list_); }
 
   void Insert(std::size_t index, const std::string& text);
   void Remove(std::size_t index);
@@ -74,6 +83,8 @@ class TextListBox {
   std::function<void()> onSelect_;
   std::function<void()> onDoubleClick_;
   const TextListBox* other_ = nullptr;
+  bool isOrdered_ = false;
+  bool isHeld_ = false;  // the mouse has gone down on a selected row, which may become a drag
   std::function<void(bool isOwn, std::size_t place)> onDrop_;
 };
 

@@ -171,45 +171,10 @@ void FormatOptionModel::TickOther(bool isTicked) {
   edits_.enabling.OtherDelimiters = isTicked;
 }
 
-void FormatOptionModel::SelectSequence(Selection indexes) {
-  edits_.columns.SelectSequence(std::move(indexes));
-  UpdateEnabling();
-}
-
 void FormatOptionModel::Add(Selection planItems) {
   edits_.columns.Add(std::move(planItems));
   edits_.enabling.Sequence = true;
   edits_.enabling.Down = !edits_.columns.Sequence().empty();
-}
-
-void FormatOptionModel::Insert(Selection planItems, std::size_t place) {
-  edits_.columns.Insert(std::move(planItems), place);
-  UpdateEnabling();
-}
-
-void FormatOptionModel::MoveTo(std::size_t place) {
-  edits_.columns.MoveTo(place);
-  UpdateEnabling();
-}
-
-void FormatOptionModel::Delete() {
-  edits_.columns.Delete();
-  UpdateEnabling();
-}
-
-void FormatOptionModel::MoveUp() {
-  edits_.columns.MoveUp();
-  UpdateEnabling();
-}
-
-void FormatOptionModel::MoveDown() {
-  edits_.columns.MoveDown();
-  UpdateEnabling();
-}
-
-void FormatOptionModel::ReplaceSequence(const std::vector<std::string>& keywords) {
-  edits_.columns.Replace(keywords);
-  UpdateEnabling();
 }
 
 void FormatOptionModel::TakeLayout(const SplitRules& layout) {

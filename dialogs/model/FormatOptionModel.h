@@ -79,14 +79,13 @@ class FormatOptionModel {
   void DeleteShown();
   void SetAsDefault(bool isTicked);
   void TickOther(bool isTicked);
-  void SelectSequence(Selection indexes);
   void Add(Selection planItems);
-  void Insert(Selection planItems, std::size_t place);
-  void MoveTo(std::size_t place);
-  void Delete();
-  void MoveUp();
-  void MoveDown();
-  void ReplaceSequence(const std::vector<std::string>& keywords);
+  /// Changes the lists by one of their functions, and what can be done next.
+  template <class Function, class... Given>
+  void Change(Function function, Given&&... given) {
+    (edits_.columns.*function)(std::forward<Given>(given)...);
+    UpdateEnabling();
+  }
   /// Sets the controls for lines that are split so.
   void TakeLayout(const SplitRules& layout);
 

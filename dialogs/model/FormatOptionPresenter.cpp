@@ -1,5 +1,6 @@
 #include "dialogs/model/FormatOptionPresenter.h"
 
+#include "dialogs/model/WindowPlacement.h"
 #include "platform/Handlers.h"
 
 #include <algorithm>
@@ -67,13 +68,13 @@ void FormatOptionPresenter::Run(OptionCommand command) {
       case OptionCommand::Redo:
         return model_.Redo() ? ShowEverything() : void();
       case OptionCommand::ToggleHeaders:
-        return ToggleHeaders();
+        return Toggle(DialogPart::Headers);
       case OptionCommand::RefreshHeaders:
         return RefreshSample();
       case OptionCommand::SelectHeaders:
         return SelectMarkedColumns();
       case OptionCommand::TogglePreview:
-        return TogglePreview();
+        return Toggle(DialogPart::Preview);
       case OptionCommand::DeleteFormat:
         return DeleteFormat();
       case OptionCommand::MatchHeaders:
@@ -115,11 +116,11 @@ void FormatOptionPresenter::DropOnSequence(bool isFromPlan, std::size_t place) {
   Guarded([this, isFromPlan, place] {
     std::string unheard;
     view_->TakeControls(model_.Controls(), unheard);
-    model_.SelectSequence(view_->SequenceSelection());
+    model_.Change(&ColumnLists::SelectSequence, view_->SequenceSelection());
     if (isFromPlan)
-      model_.Insert(view_->PlanSelection(), place);
+      model_.Change(&ColumnLists::Insert, view_->PlanSelection(), place);
     else
-      model_.MoveTo(place);
+      model_.Change(&ColumnLists::MoveTo, place);
     model_.EndStep();
     ShowColumns();
     FollowLater();
@@ -154,7 +155,7 @@ void FormatOptionPresenter::RunOnModel(OptionCommand command) {
   view_->TakeControls(model_.Controls(), unheard);
   const bool changesColumns = command >= OptionCommand::Add && command <= OptionCommand::MoveDown;
   if (changesColumns || command == OptionCommand::SelectSequence)
-    model_.SelectSequence(view_->SequenceSelection());
+    model_.Change(&ColumnLists::SelectSequence, view_->SequenceSelection());
   switch (command) {
     case OptionCommand::SetAsDefault:
       model_.SetAsDefault(model_.Controls().SetAsDefault);
@@ -166,13 +167,13 @@ void FormatOptionPresenter::RunOnModel(OptionCommand command) {
       model_.Add(view_->PlanSelection());
       break;
     case OptionCommand::Delete:
-      model_.Delete();
+      model_.Change(&ColumnLists::Delete);
       break;
     case OptionCommand::MoveUp:
-      model_.MoveUp();
+      model_.Change(&ColumnLists::MoveUp);
       break;
     case OptionCommand::MoveDown:
-      model_.MoveDown();
+      model_.Change(&ColumnLists::MoveDown);
       break;
     default:
       break;
@@ -184,16 +185,12 @@ void FormatOptionPresenter::RunOnModel(OptionCommand command) {
   if (command == OptionCommand::SelectSequence) MarkHeaders();
 }
 
-void FormatOptionPresenter::ToggleHeaders() {
-  areHeadersShown_ = !areHeadersShown_;
-  view_->ShowHeaderWindow(areHeadersShown_);
-  if (areHeadersShown_) FollowControls();
-}
-
-void FormatOptionPresenter::TogglePreview() {
-  isPreviewShown_ = !isPreviewShown_;
-  view_->ShowPreviewWindow(isPreviewShown_);
-  if (isPreviewShown_) FollowControls();
+void FormatOptionPresenter::Toggle(DialogPart part) {
+  bool& isShown = isShown_[static_cast<std::size_t>(part)];
+  isShown = !isShown;
+  if (isShown) PlaceBeside(*view_, part, IsShown(DialogPart::Headers), IsShown(DialogPart::Preview));
+  view_->ShowWindow(part, isShown);
+  if (isShown) FollowControls();
 }
 
 void FormatOptionPresenter::RefreshSample() {
@@ -205,7 +202,7 @@ void FormatOptionPresenter::RefreshSample() {
 }
 
 void FormatOptionPresenter::FollowLater() {
-  if (areHeadersShown_ || isPreviewShown_) view_->StartPause();
+  if (IsShown(DialogPart::Headers) || IsShown(DialogPart::Preview)) view_->StartPause();
 }
 
 // What is still being typed is followed when it can be used.
@@ -218,8 +215,8 @@ void FormatOptionPresenter::FollowControls() {
 }
 
 void FormatOptionPresenter::ShowSample() {
-  if (areHeadersShown_) ShowHeaders();
-  if (!isPreviewShown_) return;
+  if (IsShown(DialogPart::Headers)) ShowHeaders();
+  if (!IsShown(DialogPart::Preview)) return;
   const Sample::Trial trial = sample_.Try(model_.Form());
   suggestion_ = trial.suggestion;
   view_->ShowPreview(trial.preview);
@@ -241,7 +238,7 @@ void FormatOptionPresenter::MatchHeaders() {
   if (columns.empty())
     return Tell("No heading in line " + std::to_string(model_.Controls().StartLine) +
                 " says which item it stands for.");
-  model_.ReplaceSequence(columns);
+  model_.Change(&ColumnLists::Replace, columns);
   model_.EndStep();
   ShowEverything();
 }
@@ -279,7 +276,7 @@ void FormatOptionPresenter::MarkHeaders() {
 void FormatOptionPresenter::SelectMarkedColumns() {
   Selection columns;
   for (const std::size_t index : view_->HeaderSelection()) columns.push_back(shownHeaders_.at(index));
-  model_.SelectSequence(columns);
+  model_.Change(&ColumnLists::SelectSequence, columns);
   model_.EndStep();
   const Raised showing(isShowing_);
   view_->ShowSequence(model_.Columns().Sequence(), model_.Columns().SequenceSelection(), std::nullopt);
@@ -306,8 +303,8 @@ void FormatOptionPresenter::Ok() {
   const bool isSaved = model_.Ok(sentence);
   if (!sentence.empty()) Tell(sentence);
   if (!isSaved) return;
-  if (areHeadersShown_) ToggleHeaders();
-  if (isPreviewShown_) TogglePreview();
+  for (const DialogPart part : {DialogPart::Headers, DialogPart::Preview})
+    if (IsShown(part)) Toggle(part);
   view_->Close(true);
 }
 

@@ -5,6 +5,8 @@
 #include "dialogs/model/Sample.h"
 #include "manager/FormatOptionDialog.h"
 
+#include <array>
+#include <cstddef>
 #include <exception>
 #include <string>
 #include <vector>
@@ -33,8 +35,8 @@ class FormatOptionPresenter : public FormatOptionCommands {
   void RunOnModel(OptionCommand command);
   void ShowEverything();
   void ShowColumns();
-  void ToggleHeaders();
-  void TogglePreview();
+  bool IsShown(DialogPart part) const { return isShown_[static_cast<std::size_t>(part)]; }
+  void Toggle(DialogPart part);
   void RefreshSample();
   void FollowLater();
   void FollowControls();
@@ -53,9 +55,8 @@ class FormatOptionPresenter : public FormatOptionCommands {
   FormatOptionView* view_ = nullptr;
   Sample sample_;
   Suggestion suggestion_;
-  std::vector<std::size_t> shownHeaders_;  // the sample's columns whose headers are in the list
-  bool areHeadersShown_ = false;
-  bool isPreviewShown_ = false;
+  std::vector<std::size_t> shownHeaders_;               // the sample's columns whose headers are in the list
+  std::array<bool, 3> isShown_ = {true, false, false};  // by DialogPart
   bool isShowing_ = true;   // what toolkits tell when a control is changed for them is no command
   bool isWaiting_ = false;  // a box or a spreadsheet is; not every window is disabled meanwhile
   bool hasFailed_ = false;

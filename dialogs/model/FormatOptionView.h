@@ -98,24 +98,33 @@ inline std::string CompletionOf(std::string_view typed, const std::vector<std::s
   return rest.value_or(std::string());
 }
 
-/// Where a window is on the screen.
+/// The name that a text was completed to, if the rest that was appended is still selected: what Enter takes.
+inline std::optional<std::size_t> CompletedName(const std::vector<std::string>& names,
+                                                const std::string& text, int selectionBegin,
+                                                int selectionEnd) {
+  const auto found = std::find(names.begin(), names.end(), text);
+  if (selectionBegin <= 0 || selectionEnd <= selectionBegin || found == names.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - names.begin());
+}
+
+/// The dialog and the windows that stand beside it.
+enum class DialogPart { Dialog, Headers, Preview };
+
+/// What the button that shows or hides a window says, with the toolkit's sign before the letter that a key
+/// presses it with.
+inline std::string ToggleLabel(DialogPart part, bool isShown, char mnemonic) {
+  const std::string verb = isShown ? "Hide " : "Show ";
+  return part == DialogPart::Headers ? verb + mnemonic + "Header" : verb + "Preview";
+}
+
+/// Where a window is on the screen, with what the system puts around it.
 struct WindowFrame {
   int left = 0, top = 0, right = 0, bottom = 0;
-};
 
-/// The place of a window of this size that is to stand below the dialog or, where the screen ends too soon
-/// for half of it, to its right; smaller where that keeps the dialog in sight, and in any case on the screen.
-inline WindowFrame PlaceBeside(const WindowFrame& dialog, int width, int height, const WindowFrame& screen) {
-  const bool isBelow = 2 * (screen.bottom - dialog.bottom) >= height;
-  const int room = isBelow ? screen.bottom - dialog.bottom : screen.bottom - screen.top;
-  height = std::min(height, room);
-  if (!isBelow) width = std::clamp(screen.right - dialog.right, width / 3, width);
-  const int left =
-      std::max(screen.left, std::min(isBelow ? dialog.left : dialog.right, screen.right - width));
-  const int top =
-      std::max(screen.top, std::min(isBelow ? dialog.bottom : dialog.top, screen.bottom - height));
-  return {left, top, left + width, top + height};
-}
+  int Width() const { return right - left; }
+  int Height() const { return bottom - top; }
+  bool operator==(const WindowFrame&) const = default;
+};
 
 /// The windows of one toolkit. They hold no rules: they show what they are given and tell what a user did.
 class FormatOptionView {
@@ -142,15 +151,19 @@ class FormatOptionView {
   virtual Selection SequenceSelection() const = 0;
   virtual void Enable(const OptionEnabling& enabling) = 0;
 
-  /// Shows the header window beside the dialog, or hides it, and words the button.
-  virtual void ShowHeaderWindow(bool isShown) = 0;
+  /// Shows the header window or the preview where it is, or hides it, and words its button.
+  virtual void ShowWindow(DialogPart part, bool isShown) = 0;
+  /// The place of a window; of one that is hidden the size counts.
+  virtual WindowFrame FrameOf(DialogPart part) const = 0;
+  virtual void Place(DialogPart part, const WindowFrame& frame) = 0;
+  /// The part of the dialog's screen that windows can use.
+  virtual WindowFrame Screen() const = 0;
+
   virtual void ShowHeaders(const std::vector<std::string>& headers) = 0;
   virtual void ShowHeaderCaption(const std::string& caption) = 0;
   virtual void SelectHeaders(const Selection& selection) = 0;
   virtual Selection HeaderSelection() const = 0;
 
-  /// Shows the preview window, or hides it, and words the button.
-  virtual void ShowPreviewWindow(bool isShown) = 0;
   virtual void ShowPreview(const Preview& preview) = 0;
 
   /// Runs the command EndPause when kPause has passed since the last call.

@@ -50,6 +50,22 @@ struct Preview {
   std::string RemarkAt(std::size_t row, std::size_t column) const {
     return column == 0 ? rows[row].remark : CellAt(row, column).remark;
   }
+  /// What is said below the rows: the summary, and all remarks on the row at the keyboard's cursor, which
+  /// needs no mouse then. -1: it is at none.
+  std::string SentenceAt(std::ptrdiff_t cursor) const {
+    const auto row = static_cast<std::size_t>(cursor);
+    if (row >= rows.size()) return summary;
+    std::string sentence = summary;
+    const auto add = [&](const std::string& head, const std::string& remark) {
+      if (!remark.empty()) sentence += "\n" + head + ": " + remark;
+    };
+    add("Line " + TextAt(row, 0), rows[row].remark);
+    for (std::size_t column = 1; column < ShownColumns(); ++column) {
+      if (rows[row].state == RowState::Header) add(HeadAt(column), HeadRemarkAt(column));
+      add(HeadAt(column), RemarkAt(row, column));
+    }
+    return sentence;
+  }
 
  private:
   Cell CellAt(std::size_t row, std::size_t column) const {

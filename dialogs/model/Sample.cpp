@@ -10,7 +10,9 @@
 #include "platform/FileSystem.h"
 #include "platform/Handlers.h"
 #include "text/Ascii.h"
+#include "text/Numbers.h"
 #include "text/Phrases.h"
+#include "text/Utf8.h"
 
 #include <algorithm>
 #include <iterator>
@@ -81,6 +83,54 @@ const RecordType& TypeOf(const std::vector<FormatColumn>& columns, bool isWorkbo
 }
 
 RecordKind KindOf(const RecordType& type) { return static_cast<RecordKind>(&type - RecordTypes().data()); }
+
+bool IsUtf8(std::string_view bytes) {
+  while (!bytes.empty()) {
+    const Utf8Character next = DecodeUtf8(bytes);
+    if (next.code == kIllFormed) return false;
+    bytes.remove_prefix(next.length);
+  }
+  return true;
+}
+
+/// Whether the bytes are in another code page than the system's, which does not have all of them, makes
+/// control characters of some, or are UTF-8 in a system of another.
+bool IsForeign(std::string_view bytes) {
+  if (IsAscii(bytes)) return false;
+  const std::string text = ToUtf8(bytes);
+  for (std::string_view rest = text; !rest.empty();) {
+    const Utf8Character next = DecodeUtf8(rest);
+    if (next.code == 0xFFFD || (next.code >= 0x80 && next.code < 0xA0)) return true;
+    rest.remove_prefix(next.length);
+  }
+  return text != bytes && IsUtf8(bytes);
+}
+
+/// Whether the cells with text after their number would all be numbers with a decimal comma.
+bool HasDecimalCommas(const std::vector<Diagnostic>& remarks) {
+  std::size_t found = 0;
+  for (const Diagnostic& remark : remarks) {
+    if (remark.code != DiagnosticCode::TrailingText) continue;
+    std::string number;
+    AppendWithPoint(number, remark.text, false);
+    if (ParseReal(number).fault != NumberFault::None) return false;
+    ++found;
+  }
+  return found > 0;
+}
+
+/// What no setting of a format can mend.
+std::string NotesOn(std::string_view bytes, const std::vector<Diagnostic>& remarks) {
+  std::string notes;
+  if (IsForeign(bytes))
+    notes +=
+        "\nThe sample is not in this system's code page: letters beyond A to Z come out wrong. Save it in "
+        "that, or let the import know its encoding.";
+  if (HasDecimalCommas(remarks))
+    notes +=
+        "\nThe numbers seem to have a decimal comma, which is a setting of the import, not of the format.";
+  return notes;
+}
 
 /// Makes a preview, row by row.
 class PreviewMaker {
@@ -222,7 +272,8 @@ Sample::Trial Sample::Try(const OptionForm& form) const {
     trial.preview.summary = "Line " + std::to_string(form.StartLine) +
                             " is not in the start of the sample, which is all that is looked at.";
   trial.suggestion = SuggestionFor(form, type, log.HasMisfits() || columns.empty());
-  trial.preview.suggestion = trial.suggestion.sentence;
+  trial.preview.suggestion = trial.suggestion.sentence + NotesOn(start_->bytes, log.All());
+  if (trial.preview.suggestion.starts_with('\n')) trial.preview.suggestion.erase(0, 1);
   trial.preview.canApply = trial.suggestion.CanApply();
   return trial;
 }

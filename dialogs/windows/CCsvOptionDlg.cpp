@@ -94,6 +94,12 @@ std::wstring ShortenedTo(int width, const std::wstring& text, HDC context) {
   return shown;
 }
 
+bool IsOver(HWND list, POINT at) {
+  RECT place{};
+  GetWindowRect(list, &place);
+  return PtInRect(&place, at) != FALSE;
+}
+
 // One dialog at a time runs on a thread.
 thread_local CCsvOptionDlg* running = nullptr;
 
@@ -166,15 +172,14 @@ void CCsvOptionDlg::CompleteName() const {
                static_cast<LPARAM>(typed.size()));
 }
 
-// Enter takes the name whose rest was appended and is still selected.
 bool CCsvOptionDlg::ChooseCompleted() const {
   const std::wstring name = TextOf(IDC_FORMAT_NAME);
-  DWORD begin = 0, end = 0;
+  int begin = 0, end = 0;
   SendMessageW(NameEdit(), EM_GETSEL, reinterpret_cast<WPARAM>(&begin), reinterpret_cast<LPARAM>(&end));
-  const auto found = std::find(formatNames_.begin(), formatNames_.end(), qv::Narrow(name));
-  if (begin == 0 || begin == end || end != name.size() || found == formatNames_.end()) return false;
-  commands_.ChooseFormat(static_cast<std::size_t>(found - formatNames_.begin()));
-  return true;
+  const auto index = qv::CompletedName(formatNames_, qv::Narrow(name), begin,
+                                       end == static_cast<int>(name.size()) ? end : 0);
+  if (index) commands_.ChooseFormat(*index);
+  return index.has_value();
 }
 
 // The mouse that goes down on a selected entry drags what is selected; on another it selects, as ever. A
@@ -199,11 +204,13 @@ bool CCsvOptionDlg::Drag(const MSG& message) {
     isMoved_ = isMoved_ || std::abs(at.x - dragStart_.x) > GetSystemMetrics(SM_CXDRAG) ||
                std::abs(at.y - dragStart_.y) > GetSystemMetrics(SM_CYDRAG);
     if (isMoved_) SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_SIZEALL)));
+    if (isMoved_) MarkPlace(DropPlace(at));
     return true;
   }
   if (message.message != WM_LBUTTONUP) return false;
   const HWND list = std::exchange(dragged_, nullptr);
   ReleaseCapture();
+  MarkPlace(std::nullopt);
   if (isMoved_) {
     Drop(list, at);
     return true;
@@ -214,22 +221,38 @@ bool CCsvOptionDlg::Drag(const MSG& message) {
 }
 
 // Before the entry in whose upper half it is, or after it.
-void CCsvOptionDlg::Drop(HWND from, POINT at) {
+std::optional<std::size_t> CCsvOptionDlg::DropPlace(POINT at) const {
   const HWND sequence = Control(IDC_SEQUENCE);
-  const bool isFromPlan = from != sequence;
-  const auto isOver = [at](HWND list) {
-    RECT place{};
-    GetWindowRect(list, &place);
-    return PtInRect(&place, at) != FALSE;
-  };
-  if (!isFromPlan && isOver(Control(IDC_PLAN))) return commands_.Run(OptionCommand::Delete);
-  if (!isOver(sequence)) return;
+  if (!IsOver(sequence, at)) return std::nullopt;
+  if (SendMessageW(sequence, LB_GETCOUNT, 0, 0) == 0) return 0;
   ScreenToClient(sequence, &at);
   const LRESULT found = SendMessageW(sequence, LB_ITEMFROMPOINT, 0, MAKELPARAM(at.x, at.y));
   RECT entry{};
   SendMessageW(sequence, LB_GETITEMRECT, LOWORD(found), reinterpret_cast<LPARAM>(&entry));
-  const bool isAfter = at.y > (entry.top + entry.bottom) / 2;
-  commands_.DropOnSequence(isFromPlan, LOWORD(found) + (isAfter ? 1U : 0U));
+  return LOWORD(found) + (at.y > (entry.top + entry.bottom) / 2 ? 1U : 0U);
+}
+
+// By a line above the list's own drawing, which may come in between.
+void CCsvOptionDlg::MarkPlace(std::optional<std::size_t> place) {
+  const HWND sequence = Control(IDC_SEQUENCE);
+  if (std::exchange(marked_, place) != place)
+    RedrawWindow(sequence, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+  if (!place) return;
+  RECT line{}, entry{};
+  GetClientRect(sequence, &line);
+  const std::size_t last = *place == 0 ? 0 : *place - 1;
+  SendMessageW(sequence, LB_GETITEMRECT, last, reinterpret_cast<LPARAM>(&entry));
+  line.top = *place == 0 ? 0 : entry.bottom - 1;
+  line.bottom = line.top + 2;
+  const HDC context = GetDC(sequence);
+  FillRect(context, &line, GetSysColorBrush(COLOR_HIGHLIGHT));
+  ReleaseDC(sequence, context);
+}
+
+void CCsvOptionDlg::Drop(HWND from, POINT at) {
+  const bool isFromPlan = from == Control(IDC_PLAN);
+  if (!isFromPlan && IsOver(Control(IDC_PLAN), at)) return commands_.Run(OptionCommand::Delete);
+  if (const auto place = DropPlace(at)) commands_.DropOnSequence(isFromPlan, *place);
 }
 
 // What the edit's own menu has most of, and an entry that deletes the format.
@@ -278,8 +301,8 @@ void CCsvOptionDlg::Opened() {
   AddToolTip(Control(IDC_TREAT_AS_ONE), qv::Widen(qv::kTreatAsOneTip).c_str());
   SetIcon(IDC_UP, IDI_UP, L"Up");
   SetIcon(IDC_DOWN, IDI_DOWN, L"Down");
-  ShowWindow(Control(IDC_TOGGLE_HEADERS), commands_.OffersHeaders() ? SW_SHOW : SW_HIDE);
-  ShowWindow(Control(IDC_TOGGLE_PREVIEW), commands_.OffersPreview() ? SW_SHOW : SW_HIDE);
+  ::ShowWindow(Control(IDC_TOGGLE_HEADERS), commands_.OffersHeaders() ? SW_SHOW : SW_HIDE);
+  ::ShowWindow(Control(IDC_TOGGLE_PREVIEW), commands_.OffersPreview() ? SW_SHOW : SW_HIDE);
   commands_.Open(*this);
 }
 
@@ -418,20 +441,35 @@ void CCsvOptionDlg::Enable(const qv::OptionEnabling& enabling) {
   EnableControl(IDC_DOWN, enabling.Down);
 }
 
-void CCsvOptionDlg::ShowHeaderWindow(bool isShown) {
-  SetDlgItemTextW(Window(), IDC_TOGGLE_HEADERS, isShown ? L"Hide &Header" : L"Show &Header");
-  if (isShown)
-    headers_.ShowBeside(Window());
-  else
-    headers_.Hide();
+HWND CCsvOptionDlg::WindowOf(qv::DialogPart part) const {
+  return part == qv::DialogPart::Dialog    ? Window()
+         : part == qv::DialogPart::Headers ? headers_.Window()
+                                           : preview_.Window();
 }
 
-void CCsvOptionDlg::ShowPreviewWindow(bool isShown) {
-  SetDlgItemTextW(Window(), IDC_TOGGLE_PREVIEW, isShown ? L"Hide Preview" : L"Show Preview");
-  if (isShown)
-    preview_.ShowBeside(Window());
-  else
-    preview_.Hide();
+void CCsvOptionDlg::ShowWindow(qv::DialogPart part, bool isShown) {
+  const int button = part == qv::DialogPart::Headers ? IDC_TOGGLE_HEADERS : IDC_TOGGLE_PREVIEW;
+  SetDlgItemTextW(Window(), button, qv::Widen(qv::ToggleLabel(part, isShown, '&')).c_str());
+  ::ShowWindow(WindowOf(part), isShown ? SW_SHOW : SW_HIDE);
+}
+
+qv::WindowFrame CCsvOptionDlg::FrameOf(qv::DialogPart part) const {
+  RECT frame{};
+  GetWindowRect(WindowOf(part), &frame);
+  return {frame.left, frame.top, frame.right, frame.bottom};
+}
+
+void CCsvOptionDlg::Place(qv::DialogPart part, const qv::WindowFrame& frame) {
+  SetWindowPos(WindowOf(part), nullptr, frame.left, frame.top, frame.Width(), frame.Height(),
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+qv::WindowFrame CCsvOptionDlg::Screen() const {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(Window(), MONITOR_DEFAULTTONEAREST), &monitor);
+  const RECT& area = monitor.rcWork;
+  return {area.left, area.top, area.right, area.bottom};
 }
 
 void CCsvOptionDlg::ShowNameHint(const std::string& hint) {

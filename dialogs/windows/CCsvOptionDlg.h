@@ -30,12 +30,14 @@ class CCsvOptionDlg final : public qv::FormatOptionView, public qv::DialogWindow
   qv::Selection PlanSelection() const override;
   qv::Selection SequenceSelection() const override;
   void Enable(const qv::OptionEnabling& enabling) override;
-  void ShowHeaderWindow(bool isShown) override;
+  void ShowWindow(qv::DialogPart part, bool isShown) override;
+  qv::WindowFrame FrameOf(qv::DialogPart part) const override;
+  void Place(qv::DialogPart part, const qv::WindowFrame& frame) override;
+  qv::WindowFrame Screen() const override;
   void ShowHeaders(const std::vector<std::string>& headers) override { headers_.Refill(headers); }
   void ShowHeaderCaption(const std::string& caption) override { headers_.ShowCaption(caption); }
   void SelectHeaders(const qv::Selection& selection) override { headers_.Select(selection); }
   qv::Selection HeaderSelection() const override { return headers_.Selected(); }
-  void ShowPreviewWindow(bool isShown) override;
   void ShowPreview(const qv::Preview& preview) override { preview_.Show(preview); }
   void StartPause() override { StartTimer(qv::kPause); }
   void Tell(const std::string& sentence) override;
@@ -55,9 +57,12 @@ class CCsvOptionDlg final : public qv::FormatOptionView, public qv::DialogWindow
   void CompleteName() const;
   bool ChooseCompleted() const;
   bool Drag(const MSG& message);
+  std::optional<std::size_t> DropPlace(POINT at) const;
+  void MarkPlace(std::optional<std::size_t> place);
   void Drop(HWND from, POINT at);
   bool ShowNameMenu(const MSG& message) const;
   bool IsClosedComboBox(HWND window) const;
+  HWND WindowOf(qv::DialogPart part) const;
   void EnableControl(int control, bool isEnabled) const;
 
   qv::FormatOptionCommands& commands_;
@@ -69,6 +74,7 @@ class CCsvOptionDlg final : public qv::FormatOptionView, public qv::DialogWindow
   HWND dragged_ = nullptr;  // the list in which the mouse is held on a selected entry
   POINT dragStart_{};       // on the screen
   bool isMoved_ = false;
-  bool isTyping_ = false;  // the last key in the combo box was a character
+  std::optional<std::size_t> marked_;  // the entry of the sequence before which a line is drawn
+  bool isTyping_ = false;              // the last key in the combo box was a character
   ShownText shownOther_;
 };

@@ -6,6 +6,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <cstddef>
 
 namespace qv {
 
@@ -14,6 +15,22 @@ namespace {
 void InitControls() {
   INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES};
   InitCommonControlsEx(&controls);
+}
+
+/// A dialog resource of this module. Below a parent, or in a process, whose windows run from right to left,
+/// as hosts have them for Arabic and Hebrew, the dialog does so too.
+std::vector<std::byte> TemplateOf(int resource, HWND parent) {
+  const HRSRC found = FindResourceW(OwnModule(), MAKEINTRESOURCEW(resource), RT_DIALOG);
+  const auto* const bytes = static_cast<const std::byte*>(LockResource(LoadResource(OwnModule(), found)));
+  if (bytes == nullptr) return {};
+  std::vector<std::byte> copy(bytes, bytes + SizeofResource(OwnModule(), found));
+  DWORD layout = 0;
+  const bool isOfProcess = GetProcessDefaultLayout(&layout) != FALSE && (layout & LAYOUT_RTL) != 0;
+  const LONG_PTR parentStyle = parent == nullptr ? 0 : GetWindowLongPtrW(parent, GWL_EXSTYLE);
+  constexpr std::size_t kExtendedStyle = 8;  // behind version, signature and help number
+  if (isOfProcess || (parentStyle & WS_EX_LAYOUTRTL) != 0)
+    copy.at(kExtendedStyle + 2) |= std::byte{WS_EX_LAYOUTRTL >> 16};
+  return copy;
 }
 
 constexpr UINT_PTR kTimer = 1;
@@ -41,19 +58,19 @@ int SmallIconSize(HWND window) {
                                               : GetSystemMetrics(SM_CXSMICON);
 }
 
-/// The device context of a list, with the list's font in it.
-class ListFont {
+/// The device context of a control, with the control's font in it.
+class ControlFont {
  public:
-  explicit ListFont(HWND list)
-      : list_(list),
-        context_(GetDC(list)),
-        before_(SelectObject(context_, reinterpret_cast<HFONT>(SendMessageW(list, WM_GETFONT, 0, 0)))) {}
-  ~ListFont() {
+  explicit ControlFont(HWND control)
+      : control_(control),
+        context_(GetDC(control)),
+        before_(SelectObject(context_, reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)))) {}
+  ~ControlFont() {
     SelectObject(context_, before_);
-    ReleaseDC(list_, context_);
+    ReleaseDC(control_, context_);
   }
-  ListFont(const ListFont&) = delete;
-  ListFont& operator=(const ListFont&) = delete;
+  ControlFont(const ControlFont&) = delete;
+  ControlFont& operator=(const ControlFont&) = delete;
 
   int Height() const {
     TEXTMETRICW metrics{};
@@ -67,8 +84,15 @@ class ListFont {
     return size.cx;
   }
 
+  int HeightOf(const std::wstring& text, int width) const {
+    RECT place{0, 0, width, 0};
+    DrawTextW(context_, text.c_str(), static_cast<int>(text.size()), &place,
+              DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
+    return place.bottom;
+  }
+
  private:
-  HWND list_;
+  HWND control_;
   HDC context_;
   HGDIOBJ before_;
 };
@@ -84,14 +108,16 @@ HINSTANCE OwnModule() {
 
 INT_PTR DialogWindow::RunModal(int resource, HWND parent) {
   InitControls();
-  return DialogBoxParamW(OwnModule(), MAKEINTRESOURCEW(resource), parent, Procedure,
-                         reinterpret_cast<LPARAM>(this));
+  const auto copy = TemplateOf(resource, parent);
+  return DialogBoxIndirectParamW(OwnModule(), reinterpret_cast<LPCDLGTEMPLATEW>(copy.data()), parent,
+                                 Procedure, reinterpret_cast<LPARAM>(this));
 }
 
 bool DialogWindow::Create(int resource, HWND parent) {
   InitControls();
-  return CreateDialogParamW(OwnModule(), MAKEINTRESOURCEW(resource), parent, Procedure,
-                            reinterpret_cast<LPARAM>(this)) != nullptr;
+  const auto copy = TemplateOf(resource, parent);
+  return CreateDialogIndirectParamW(OwnModule(), reinterpret_cast<LPCDLGTEMPLATEW>(copy.data()), parent,
+                                    Procedure, reinterpret_cast<LPARAM>(this)) != nullptr;
 }
 
 INT_PTR CALLBACK DialogWindow::Procedure(HWND window, UINT message, WPARAM wide, LPARAM value) {
@@ -170,6 +196,10 @@ qv::Selection DialogWindow::SelectionOf(int list) const {
   return {indexes.begin(), indexes.end()};
 }
 
+int DialogWindow::HeightOf(int control, int width) const {
+  return ControlFont(Control(control)).HeightOf(TextOf(control), width);
+}
+
 std::wstring DialogWindow::TextOf(int control) const {
   const HWND window = Control(control);
   std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
@@ -179,7 +209,7 @@ std::wstring DialogWindow::TextOf(int control) const {
 
 void DialogWindow::FillList(int list, const std::vector<std::string>& texts) const {
   const HWND box = Control(list);
-  const ListFont font(box);
+  const ControlFont font(box);
   int width = 0;
   SendMessageW(box, WM_SETREDRAW, FALSE, 0);
   SendMessageW(box, LB_SETITEMHEIGHT, 0, font.Height());  // an owner-drawn list does not ask the font

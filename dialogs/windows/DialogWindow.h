@@ -65,6 +65,8 @@ class DialogWindow {
   /// Calls TimerEnded() once, so many milliseconds after the last call.
   void StartTimer(unsigned milliseconds) const;
 
+  /// How high a control must be that shows its text in lines of this width.
+  int HeightOf(int control, int width) const;
   std::wstring TextOf(int control) const;
   void FillList(int list, const std::vector<std::string>& texts) const;
   qv::Selection SelectionOf(int list) const;

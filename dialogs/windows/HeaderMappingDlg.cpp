@@ -33,11 +33,3 @@ void HeaderMappingDlg::Select(const qv::Selection& selection) const {
   for (const std::size_t index : selection)
     SendDlgItemMessageW(Window(), IDC_HEADERS, LB_SETSEL, TRUE, static_cast<LPARAM>(index));
 }
-
-void HeaderMappingDlg::ShowBeside(HWND dialog) const {
-  RECT beside{}, own{};
-  GetWindowRect(dialog, &beside);
-  GetWindowRect(Window(), &own);
-  SetWindowPos(Window(), nullptr, beside.right, beside.bottom - (own.bottom - own.top), 0, 0,
-               SWP_NOSIZE | SWP_NOZORDER | SWP_SHOWWINDOW);
-}

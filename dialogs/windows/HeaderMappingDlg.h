@@ -20,10 +20,6 @@ class HeaderMappingDlg final : public qv::DialogWindow {
   void Refill(const std::vector<std::string>& headers) const;
   void Select(const qv::Selection& selection) const;
   qv::Selection Selected() const { return SelectionOf(IDC_HEADERS); }
-  /// Shows the window in its size with its left edge at the dialog's right one and both bottoms at one
-  /// height.
-  void ShowBeside(HWND dialog) const;
-  void Hide() const { ShowWindow(Window(), SW_HIDE); }
 
  private:
   void Opened() override;

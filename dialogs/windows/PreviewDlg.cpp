@@ -25,9 +25,6 @@ bool PreviewDlg::TakeMessage(MSG& message) {
 }
 
 void PreviewDlg::Opened() {
-  RECT inside{};
-  GetClientRect(Window(), &inside);
-  lastSize_ = {inside.right, inside.bottom};
   SendMessageW(List(), LVM_SETEXTENDEDLISTVIEWSTYLE, 0,
                LVS_EX_GRIDLINES | LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
   bold_ = FontLike(List(), [](LOGFONTW& font) { font.lfWeight = FW_BOLD; });
@@ -60,6 +57,8 @@ LRESULT PreviewDlg::Notified(NMHDR& notification) {
     FillIn(reinterpret_cast<NMLVDISPINFOW&>(notification).item);
   else if (notification.code == static_cast<UINT>(NM_CUSTOMDRAW))
     return DrawCell(reinterpret_cast<NMLVCUSTOMDRAW&>(notification));
+  else if (notification.code == static_cast<UINT>(LVN_ITEMCHANGED))
+    ShowSentences();
   return 0;
 }
 
@@ -109,9 +108,15 @@ void PreviewDlg::Show(const qv::Preview& preview) {
   ShowColumns();
   SendMessageW(List(), LVM_SETITEMCOUNT, preview_.rows.size(), 0);
   InvalidateRect(List(), nullptr, TRUE);
-  SetDlgItemTextW(Window(), IDC_SUMMARY, qv::Widen(preview_.summary).c_str());
   SetDlgItemTextW(Window(), IDC_SUGGESTION, qv::Widen(preview_.suggestion).c_str());
   ShowWindow(Control(IDC_APPLY), preview_.canApply ? SW_SHOW : SW_HIDE);
+  ShowSentences();
+}
+
+void PreviewDlg::ShowSentences() const {
+  const LRESULT row = SendMessageW(List(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED);
+  SetDlgItemTextW(Window(), IDC_SUMMARY, qv::Widen(preview_.SentenceAt(row)).c_str());
+  Arrange();
 }
 
 void PreviewDlg::ShowColumns() {
@@ -163,36 +168,26 @@ void PreviewDlg::ShowTipAt(HWND window, POINT point) {
   ChangeToolTip(window == List() ? listTip_ : headTip_, window, qv::Widen(remark));
 }
 
-// What stands below the list keeps its height, and its distance from the lower and the right edge.
-void PreviewDlg::Resized() {
-  RECT inside{};
+// The sentences below the list are as high as their texts need to be in the window's width.
+void PreviewDlg::Arrange() const {
+  RECT inside{}, apply{}, gaps{0, 0, 5, 17};
   GetClientRect(Window(), &inside);
-  const int width = inside.right - lastSize_.cx, height = inside.bottom - lastSize_.cy;
-  const auto change = [this](int control, int byLeft, int byTop, int byWidth, int byHeight) {
-    RECT place{};
-    GetWindowRect(Control(control), &place);
-    MapWindowPoints(nullptr, Window(), reinterpret_cast<POINT*>(&place), 2);
-    MoveWindow(Control(control), place.left + byLeft, place.top + byTop, place.right - place.left + byWidth,
-               place.bottom - place.top + byHeight, TRUE);
+  if (listProcedure_ == nullptr || inside.bottom == 0) return;
+  GetWindowRect(Control(IDC_APPLY), &apply);
+  MapDialogRect(Window(), &gaps);
+  const int gap = gaps.right, twoLines = gaps.bottom, width = inside.right - 2 * gap;
+  const int applyWidth = apply.right - apply.left;
+  const int besideApply = width - (preview_.canApply ? applyWidth + gap : 0);
+  int bottom = inside.bottom;
+  const auto putAbove = [&](int control, int controlWidth, int height) {
+    bottom -= height + gap;
+    MoveWindow(Control(control), gap, bottom, controlWidth, height, TRUE);
   };
-  if (lastSize_.cx == 0 || inside.right == 0) return;
-  change(IDC_PREVIEW, 0, 0, width, height);
-  change(IDC_SUMMARY, 0, height, width, 0);
-  change(IDC_SUGGESTION, 0, height, width, 0);
-  change(IDC_APPLY, width, height, 0, 0);
-  lastSize_ = {inside.right, inside.bottom};
-}
-
-void PreviewDlg::ShowBeside(HWND dialog) const {
-  RECT beside{}, own{};
-  GetWindowRect(dialog, &beside);
-  GetWindowRect(Window(), &own);
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoW(MonitorFromWindow(dialog, MONITOR_DEFAULTTONEAREST), &monitor);
-  const auto frame = [](const RECT& r) { return qv::WindowFrame{r.left, r.top, r.right, r.bottom}; };
-  const qv::WindowFrame place =
-      qv::PlaceBeside(frame(beside), own.right - own.left, own.bottom - own.top, frame(monitor.rcWork));
-  SetWindowPos(Window(), nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
-               SWP_NOZORDER | SWP_SHOWWINDOW);
+  putAbove(IDC_SUGGESTION, besideApply, std::max(twoLines, HeightOf(IDC_SUGGESTION, besideApply)));
+  MoveWindow(Control(IDC_APPLY), inside.right - gap - applyWidth, bottom, applyWidth,
+             apply.bottom - apply.top, TRUE);
+  // However much is remarked on a row, half of the window is left for the rows.
+  putAbove(IDC_SUMMARY, width,
+           std::clamp(HeightOf(IDC_SUMMARY, width), twoLines, std::max(twoLines, bottom / 2)));
+  putAbove(IDC_PREVIEW, width, std::max(0, bottom - 2 * gap));
 }

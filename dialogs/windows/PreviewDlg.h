@@ -22,8 +22,6 @@ class PreviewDlg final : public qv::DialogWindow {
   bool TakeMessage(MSG& message);
 
   void Show(const qv::Preview& preview);
-  void ShowBeside(HWND dialog) const;
-  void Hide() const { ShowWindow(Window(), SW_HIDE); }
 
  private:
   using Place = std::pair<int, int>;  // row, which is -1 for the heads, and column
@@ -31,7 +29,9 @@ class PreviewDlg final : public qv::DialogWindow {
   void Opened() override;
   void Commanded(int control, int notification) override;
   LRESULT Notified(NMHDR& notification) override;
-  void Resized() override;
+  void Resized() override { Arrange(); }
+  void Arrange() const;
+  void ShowSentences() const;
   LRESULT DrawCell(NMLVCUSTOMDRAW& drawn) const;
   LRESULT DrawHead(NMCUSTOMDRAW& drawn) const;
   static LRESULT CALLBACK ListProcedure(HWND list, UINT message, WPARAM wide, LPARAM value);
@@ -48,5 +48,4 @@ class PreviewDlg final : public qv::DialogWindow {
   WNDPROC listProcedure_ = nullptr;  // the list's own
   HWND listTip_ = nullptr, headTip_ = nullptr;
   std::optional<Place> tipPlace_;
-  SIZE lastSize_{};
 };

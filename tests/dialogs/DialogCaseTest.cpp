@@ -6,7 +6,7 @@
 //     headers: no        the host does not offer the header window
 //     windows: KIND      only in windows that are drawn, or that are of this toolkit ("win32")
 //     sample: FILE       the host's data file, which the section "sample" holds
-//     sample-is: folder  it is one
+//     sample-is: folder  it is one; "busy": a pipe, or another program holds it
 //     ok-tells: PATTERN  what the user is told when OK has saved the formats
 //     default-after: X   what Setting.ini names at the end; without it the file is as it was
 //
@@ -31,24 +31,17 @@
 #include <filesystem>
 #include <functional>
 #include <map>
+#include <memory>
 
 namespace {
 
 namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 
-const Words kControls = {"FormatName",  "SetAsDefault", "StartLine",  "Qualifier", "Tab",
-                         "Semicolon",   "Comma",        "Space",      "Other",     "OtherDelimiters",
-                         "NameOnly",    "NameWithPath", "TreatAsOne", "PlanItems", "Sequence",
-                         "Add",         "Delete",       "Up",         "Down",      "ShowHeader",
-                         "Ok",          "Cancel",       "Refresh",    "Headers",   "HeaderWindow",
-                         "ShowPreview", "Match",        "Apply",      "Preview",   "Summary",
-                         "Suggestion",  "NameHint"};
-
 Control ControlNamed(const std::string& name) {
-  const auto found = std::find(kControls.begin(), kControls.end(), name);
-  if (found == kControls.end()) throw std::invalid_argument("there is no control " + name);
-  return static_cast<Control>(found - kControls.begin());
+  for (const ControlRow& row : kControls)
+    if (row.name == name) return static_cast<Control>(&row - kControls);
+  throw std::invalid_argument("there is no control " + name);
 }
 
 /// The first word, and what stands behind it.
@@ -85,23 +78,17 @@ std::string ShownItems(const Words& items, const qv::Selection& selected) {
 
 std::string Shown(DialogDriver& dialog, Control control) {
   if (!dialog.IsVisible(control)) return "hidden";
-  const bool isList =
-      control == Control::PlanItems || control == Control::Sequence || control == Control::Headers;
-  const bool isButton = (control >= Control::Add && control <= Control::Refresh) ||
-                        (control >= Control::ShowPreview && control <= Control::Apply);
-  const bool isBox = control == Control::SetAsDefault || control == Control::TreatAsOne ||
-                     (control >= Control::Tab && control <= Control::Other) || control == Control::NameOnly ||
-                     control == Control::NameWithPath;
+  const ControlKind kind = RowOf(control).kind;
   std::string shown;
-  if (control == Control::Preview)
+  if (kind == ControlKind::Table)
     shown = "shown";
-  else if (isList)
+  else if (kind == ControlKind::List)
     shown = ShownItems(dialog.Items(control), dialog.Selected(control));
-  else if (isBox)
+  else if (kind == ControlKind::Box)
     shown = dialog.IsTicked(control) ? "ticked" : "clear";
-  else if (!isButton)
+  else if (kind == ControlKind::Field)
     shown = dialog.Text(control);
-  if (dialog.IsEnabled(control)) return isButton ? "enabled" : shown;
+  if (dialog.IsEnabled(control)) return kind == ControlKind::Button ? "enabled" : shown;
   return shown.empty() ? "disabled" : "disabled " + shown;
 }
 
@@ -130,9 +117,12 @@ const std::map<std::string, void (*)(D&, Control, Text&)> kUses = {
     {"double-click", [](D& d, Control control, Text& index) { d.DoubleClick(control, std::stoi(index)); }},
     {"drag",
      [](D& d, Control from, Text& way) {
-       const auto [entry, target] = Cut(way);
-       const auto [to, place] = Cut(target);
-       d.Drag(from, std::stoi(entry), ControlNamed(to), std::stoi(place));
+       const auto [entries, target] = Cut(way);
+       const auto [list, row] = Cut(target);
+       const Control to = ControlNamed(list);
+       const int rows = static_cast<int>(d.Items(to).size()), place = std::stoi(row);
+       const bool isMarked = to == Control::Sequence && rows > 0;
+       EXPECT_EQ(d.Drag(from, IndexesOf(entries), to, place), !isMarked ? -1 : place < 0 ? rows : place);
      }},
     {"sees-grey",
      [](D& d, Control plan, Text& items) {
@@ -187,10 +177,12 @@ class DialogCaseTest : public testing::TestWithParam<TestCase> {
   }
   ~DialogCaseTest() override { fs::remove_all(settings_); }
 
-  void WriteSample() const {
-    const std::string name = case_.Setting("sample", "");
-    if (case_.Setting("sample-is", "") == "folder")
+  void WriteSample() {
+    const std::string name = case_.Setting("sample", ""), kind = case_.Setting("sample-is", "");
+    if (kind == "folder")
       fs::create_directories(folder_ / name);
+    else if (kind == "busy")
+      busy_ = MakeBusyFile(folder_ / name);
     else if (name.ends_with(".xls"))
       FakeSpreadsheet::Store(folder_ / name, case_.Rows("sample"));
     else if (case_.Has("sample"))
@@ -281,6 +273,7 @@ class DialogCaseTest : public testing::TestWithParam<TestCase> {
   const std::string config_ = folder_ / "formats.xml";
   const std::string settings_ = TheDialogHost().settings;
   FakeSpreadsheet office_;
+  std::shared_ptr<void> busy_;  // what keeps the sample so
   Words messages_;
   std::string formatsBefore_, settingsBefore_;
   bool isBlocked_ = false;

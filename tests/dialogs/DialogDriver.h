@@ -8,45 +8,73 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
 
-/// The controls of the dialog and its header window, as a person tells them apart.
+/// The controls of the dialog and its windows: what each is, the window that it is in, its number where
+/// controls have one, and the text by which it is found elsewhere: on it, before it, or its name.
+#define DIALOG_CONTROLS(ROW)                                                            \
+  ROW(FormatName, Field, Option, IDC_FORMAT_NAME, "Format Name")                        \
+  ROW(SetAsDefault, Box, Option, IDC_DEFAULT, "Set as default form")                    \
+  ROW(StartLine, Field, Option, IDC_START_LINE, "Starting reading line:")               \
+  ROW(Qualifier, Field, Option, IDC_QUALIFIER, "Text qualifier:")                       \
+  ROW(Tab, Box, Option, IDC_TAB, "Tab")                                                 \
+  ROW(Semicolon, Box, Option, IDC_SEMICOLON, "Semicolon")                               \
+  ROW(Comma, Box, Option, IDC_COMMA, "Comma")                                           \
+  ROW(Space, Box, Option, IDC_SPACE, "Space")                                           \
+  ROW(Other, Box, Option, IDC_OTHER, "Other")                                           \
+  ROW(OtherDelimiters, Field, Option, IDC_OTHER_TEXT, "Other delimiters")               \
+  ROW(NameOnly, Box, Option, IDC_NAME_ONLY, "Part Name Only")                           \
+  ROW(NameWithPath, Box, Option, IDC_NAME_WITH_PATH, "Part Name With Full Path")        \
+  ROW(TreatAsOne, Box, Option, IDC_TREAT_AS_ONE, "Treat consecutive delimiters as one") \
+  ROW(PlanItems, List, Option, IDC_PLAN, "Plan items")                                  \
+  ROW(Sequence, List, Option, IDC_SEQUENCE, "Item and sequence of one record")          \
+  ROW(Add, Button, Option, IDC_ADD, "Add  >  ")                                         \
+  ROW(Delete, Button, Option, IDC_DELETE, "<  Delete")                                  \
+  ROW(Up, Button, Option, IDC_UP, "Up")                                                 \
+  ROW(Down, Button, Option, IDC_DOWN, "Down")                                           \
+  ROW(ShowHeader, Button, Option, IDC_TOGGLE_HEADERS, "Show Header")                    \
+  ROW(ShowPreview, Button, Option, IDC_TOGGLE_PREVIEW, "Show Preview")                  \
+  ROW(Ok, Button, Option, IDOK, "OK")                                                   \
+  ROW(Cancel, Button, Option, IDCANCEL, "Cancel")                                       \
+  ROW(NameHint, Field, Option, IDC_NAME_HINT, "name-hint")                              \
+  ROW(HeaderWindow, Field, Headers, 0, "")                                              \
+  ROW(Refresh, Button, Headers, IDC_REFRESH, "Refresh")                                 \
+  ROW(Match, Button, Headers, IDC_MATCH, "Match Items")                                 \
+  ROW(Headers, List, Headers, IDC_HEADERS, "User Header Items")                         \
+  ROW(Preview, Table, Preview, IDC_PREVIEW, "Preview")                                  \
+  ROW(Apply, Button, Preview, IDC_APPLY, "Apply")                                       \
+  ROW(Summary, Field, Preview, IDC_SUMMARY, "summary")                                  \
+  ROW(Suggestion, Field, Preview, IDC_SUGGESTION, "suggestion")
+
 enum class Control {
-  FormatName,
-  SetAsDefault,
-  StartLine,
-  Qualifier,
-  Tab,
-  Semicolon,
-  Comma,
-  Space,
-  Other,
-  OtherDelimiters,
-  NameOnly,
-  NameWithPath,
-  TreatAsOne,
-  PlanItems,
-  Sequence,
-  Add,
-  Delete,
-  Up,
-  Down,
-  ShowHeader,
-  Ok,
-  Cancel,
-  Refresh,
-  Headers,
-  HeaderWindow,
-  ShowPreview,
-  Match,
-  Apply,
-  Preview,
-  Summary,
-  Suggestion,
-  NameHint,
+#define AS_VALUE(name, ...) name,
+  DIALOG_CONTROLS(AS_VALUE)
+#undef AS_VALUE
 };
+
+enum class ControlKind { Field, Box, List, Button, Table };
+enum class ControlWindow { Option, Headers, Preview };
+
+struct ControlRow {
+  const char* name;
+  ControlKind kind;
+  ControlWindow window;
+  const char* text;
+};
+
+inline constexpr ControlRow kControls[] = {
+#define AS_ROW(name, kind, window, id, text) {#name, ControlKind::kind, ControlWindow::window, text},
+    DIALOG_CONTROLS(AS_ROW)
+#undef AS_ROW
+};
+
+inline const ControlRow& RowOf(Control control) { return kControls[static_cast<int>(control)]; }
+
+inline constexpr const char* kWindowTitles[] = {"Option", "User Header Items", "Preview"};
+inline const char* TitleOf(ControlWindow window) { return kWindowTitles[static_cast<int>(window)]; }
 
 using Frame = qv::WindowFrame;
 
@@ -69,8 +97,9 @@ class DialogDriver {
   virtual void Type(Control control, const std::string& text) = 0;
   virtual void Select(Control list, const qv::Selection& indexes) = 0;
   virtual void DoubleClick(Control list, int index) = 0;
-  /// Drags an entry, which is selected alone first, to the upper half of another; -1 is below the last.
-  virtual void Drag(Control from, int entry, Control to, int place) = 0;
+  /// Drags entries, which are selected first and of which the mouse takes the first, to the upper half of
+  /// another; -1 is below the last. Returns before which entry a mark has been shown meanwhile; -1 for none.
+  virtual int Drag(Control from, const qv::Selection& entries, Control to, int place) = 0;
   /// Presses a key ("Enter", "Space", "Alt+Up") in a control.
   virtual void Press(Control focus, const std::string& key) = 0;
   /// Turns the mouse's wheel by a step towards the user.
@@ -142,3 +171,6 @@ struct DialogHost {
   bool (*show)(const FormatOptionRequest& request);
 };
 DialogHost TheDialogHost();
+
+/// Makes a file that nothing can be read of, as long as what is returned lives.
+std::shared_ptr<void> MakeBusyFile(const std::string& path);

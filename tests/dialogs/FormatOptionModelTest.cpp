@@ -1,6 +1,7 @@
 // What the dialog's cases cannot show, as no window gives it.
 
 #include "dialogs/model/FormatOptionModel.h"
+#include "dialogs/model/WindowPlacement.h"
 
 #include "manager/SettingsFile.h"
 #include "tests/support/CaseFile.h"
@@ -9,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <sstream>
 
 namespace {
@@ -48,6 +50,25 @@ TEST(FormatOptionModelTest, WhichFormatIsTheDefault) {
     EXPECT_EQ(DefaultStoredAfter(row[0], row[1]), row[2]) << row[0] << ": " << row[1];
 }
 
+qv::WindowFrame FrameOf(const std::string& text) {
+  qv::WindowFrame frame;
+  std::istringstream(text) >> frame.left >> frame.top >> frame.right >> frame.bottom;
+  return frame;
+}
+
+TEST(FormatOptionModelTest, WindowsBesideTheDialogHideNothing) {
+  for (const auto& row : ReadTable("dialogs/tables/placements.table")) {
+    SCOPED_TRACE(row[0] + ": " + row[5] + " | " + row[6]);
+    const qv::WindowFrame dialog = FrameOf(row[1]), window = FrameOf(row[2]), screen = FrameOf(row[3]);
+    const auto headers = row[4].empty() ? std::nullopt : std::optional(FrameOf(row[4]));
+    const qv::Placement found = row[0] == "headers" ? PlaceHeaders(dialog, window, screen)
+                                                    : PlacePreview(dialog, window, screen, headers);
+    EXPECT_EQ(found.dialog, FrameOf(row[5]));
+    EXPECT_EQ(found.window, FrameOf(row[6])) << found.window.left << " " << found.window.top << " "
+                                             << found.window.right << " " << found.window.bottom;
+  }
+}
+
 TEST(FormatOptionModelTest, WithoutAPathNothingIsWritten) {
   const TemporaryFolder folder;
   FormatOptionModel model({"", folder / "Setting.ini"});
@@ -67,8 +88,8 @@ TEST(FormatOptionModelTest, NothingIsWrittenBeforeOk) {
   std::string complaint;
   EXPECT_TRUE(model.ShowFormat(99, complaint));
   EXPECT_EQ(model.ShownIndex(), 0U);
-  model.SelectSequence({1});
-  model.Delete();
+  model.Change(&qv::ColumnLists::SelectSequence, qv::Selection{1});
+  model.Change(&qv::ColumnLists::Delete);
   model.SetAsDefault(true);
   EXPECT_TRUE(model.StoreForm(complaint)) << complaint;
   EXPECT_EQ(ColumnsOf(model.Formats()[0]), "PartName=0");

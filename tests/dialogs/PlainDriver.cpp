@@ -69,11 +69,14 @@ class PlainDriver final : public DialogDriver, public qv::FormatOptionView {
     Select(list, {static_cast<std::size_t>(index)});
     commands_.Run(list == Control::PlanItems ? OptionCommand::Add : OptionCommand::Delete);
   }
-  void Drag(Control from, int entry, Control to, int place) override {
-    Select(from, {static_cast<std::size_t>(entry)});
-    if (to == Control::PlanItems) return commands_.Run(OptionCommand::Delete);
-    commands_.DropOnSequence(from == Control::PlanItems,
-                             place < 0 ? items_[to].size() : static_cast<std::size_t>(place));
+  int Drag(Control from, const qv::Selection& entries, Control to, int place) override {
+    Select(from, entries);
+    const int rows = static_cast<int>(items_[to].size()), at = place < 0 ? rows : place;
+    if (to == Control::PlanItems)
+      commands_.Run(OptionCommand::Delete);
+    else
+      commands_.DropOnSequence(from == Control::PlanItems, static_cast<std::size_t>(at));
+    return to == Control::PlanItems || rows == 0 ? -1 : at;
   }
   void Press(Control focus, const std::string& key) override {
     static const std::map<std::string, OptionCommand> kEverywhere = {{"Ctrl+Z", OptionCommand::Undo},
@@ -194,14 +197,18 @@ class PlainDriver final : public DialogDriver, public qv::FormatOptionView {
   qv::Selection PlanSelection() const override { return selected_.at(Control::PlanItems); }
   qv::Selection SequenceSelection() const override { return selected_.at(Control::Sequence); }
   void Enable(const qv::OptionEnabling& enabling) override { enabling_ = enabling; }
-  void ShowHeaderWindow(bool isShown) override { areHeadersShown_ = isShown; }
+  void ShowWindow(qv::DialogPart part, bool isShown) override {
+    (part == qv::DialogPart::Headers ? areHeadersShown_ : isPreviewShown_) = isShown;
+  }
+  qv::WindowFrame FrameOf(qv::DialogPart) const override { return {}; }
+  void Place(qv::DialogPart, const qv::WindowFrame&) override {}
+  qv::WindowFrame Screen() const override { return {}; }
   void ShowHeaders(const std::vector<std::string>& headers) override {
     items_[Control::Headers] = headers;
     selected_[Control::Headers] = {};
   }
   void SelectHeaders(const qv::Selection& selection) override { selected_[Control::Headers] = selection; }
   qv::Selection HeaderSelection() const override { return selected_.at(Control::Headers); }
-  void ShowPreviewWindow(bool isShown) override { isPreviewShown_ = isShown; }
   void ShowPreview(const qv::Preview& preview) override { preview_ = preview; }
   void StartPause() override { isPaused_ = true; }
   void ShowHeaderCaption(const std::string& caption) override { caption_ = caption; }

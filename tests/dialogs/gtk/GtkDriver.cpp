@@ -3,6 +3,7 @@
 
 #include "dialogs/gtk/TextListBox.h"
 #include "tests/dialogs/DialogDriver.h"
+#include "tests/dialogs/gtk/GtkWidgets.h"
 
 #include <QVAssemblyFile/MessageBox.h>
 
@@ -13,10 +14,7 @@
 #include <atomic>
 #include <cctype>
 #include <chrono>
-#include <cstdlib>
 #include <cstring>
-#include <functional>
-#include <future>
 #include <string>
 #include <thread>
 #include <utility>
@@ -29,137 +27,6 @@ namespace {
 using namespace std::chrono_literals;
 using qv::RowPath;
 
-/// Runs `action` on the thread of the windows, while they wait for input, and hands back what it returns.
-template <class Action>
-auto OnWindowThread(Action action) {
-  using Result = decltype(action());
-  std::packaged_task<Result()> task(action);
-  auto result = task.get_future();
-  auto* const shared = &task;
-  g_idle_add_full(
-      G_PRIORITY_LOW,
-      [](gpointer given) -> gboolean {
-        (*static_cast<decltype(shared)>(given))();
-        return G_SOURCE_REMOVE;
-      },
-      shared, nullptr);
-  return result.get();
-}
-
-GtkWindow* FindWindowThat(const std::function<bool(GtkWindow*)>& matches) {
-  GtkWindow* found = nullptr;
-  GList* const windows = gtk_window_list_toplevels();
-  for (const GList* entry = windows; entry != nullptr; entry = entry->next)
-    if (matches(GTK_WINDOW(entry->data))) found = GTK_WINDOW(entry->data);
-  g_list_free(windows);
-  return found;
-}
-
-GtkWindow* FindWindow(const std::string& title) {
-  return FindWindowThat([&](GtkWindow* window) {
-    const char* const text = gtk_window_get_title(window);
-    return text != nullptr && std::string(text).starts_with(title) && !GTK_IS_MESSAGE_DIALOG(window);
-  });
-}
-
-GtkWindow* FindMessage() {
-  return FindWindowThat([](GtkWindow* window) { return GTK_IS_MESSAGE_DIALOG(window) != FALSE; });
-}
-
-GtkWidget* Find(GtkWidget* widget, const std::function<bool(GtkWidget*)>& matches) {
-  if (matches(widget)) return widget;
-  if (!GTK_IS_CONTAINER(widget)) return nullptr;
-  GtkWidget* found = nullptr;
-  GList* const children = gtk_container_get_children(GTK_CONTAINER(widget));
-  for (const GList* child = children; child != nullptr && found == nullptr; child = child->next)
-    found = Find(GTK_WIDGET(child->data), matches);
-  g_list_free(children);
-  return found;
-}
-
-/// A text of the toolkit's, which is freed; nothing for none.
-std::string Taken(char* given) {
-  const std::string text = given == nullptr ? "" : given;
-  g_free(given);
-  return text;
-}
-
-std::string WithoutMnemonic(std::string text) {
-  text.erase(std::remove(text.begin(), text.end(), '_'), text.end());
-  return text;
-}
-
-std::string LabelOf(GtkWidget* button) {
-  const char* const label = gtk_button_get_label(GTK_BUTTON(button));
-  return label == nullptr ? std::string() : WithoutMnemonic(label);
-}
-
-// How a person finds each control: by the text on it, the label before it, or its tool tip.
-const char* const kTexts[] = {"Format Name",
-                              "Set as default form",
-                              "Starting reading line:",
-                              "Text qualifier:",
-                              "Tab",
-                              "Semicolon",
-                              "Comma",
-                              "Space",
-                              "Other",
-                              "Other delimiters",
-                              "Part Name Only",
-                              "Part Name With Full Path",
-                              "Treat consecutive delimiters as one",
-                              "Plan items",
-                              "Item and sequence of one record",
-                              "Add  >  ",
-                              "<  Delete",
-                              "Up",
-                              "Down",
-                              "Show Header",
-                              "OK",
-                              "Cancel",
-                              "Refresh",
-                              "",
-                              "",
-                              "Show Preview",
-                              "Match Items",
-                              "Apply"};
-
-bool Bears(GtkWidget* widget, const std::string& text) {
-  if (GTK_IS_LABEL(widget))
-    return gtk_label_get_mnemonic_widget(GTK_LABEL(widget)) != nullptr &&
-           gtk_label_get_text(GTK_LABEL(widget)) == text;
-  const char* const spoken = atk_object_get_name(gtk_widget_get_accessible(widget));
-  return (GTK_IS_BUTTON(widget) && LabelOf(widget) == text) || (spoken != nullptr && spoken == text) ||
-         Taken(gtk_widget_get_tooltip_text(widget)) == text;
-}
-
-GtkWindow* WindowOf(Control control) {
-  const bool isInHeaderWindow =
-      (control >= Control::Refresh && control <= Control::HeaderWindow) || control == Control::Match;
-  if (control >= Control::Apply && control <= Control::Suggestion) return FindWindow("Preview");
-  return FindWindow(isInHeaderWindow ? "User Header Items" : "Option");
-}
-
-GtkWidget* Widget(Control control) {
-  GtkWidget* const window = GTK_WIDGET(WindowOf(control));
-  if (control == Control::HeaderWindow) return window;
-  if (control == Control::Headers || control == Control::Preview)
-    return Find(window, [](GtkWidget* widget) { return GTK_IS_TREE_VIEW(widget) != FALSE; });
-  if (control >= Control::Summary)
-    return Find(window, [control](GtkWidget* widget) {
-      static constexpr const char* kNames[] = {"summary", "suggestion", "name-hint"};
-      const char* const name = kNames[static_cast<int>(control) - static_cast<int>(Control::Summary)];
-      return GTK_IS_LABEL(widget) && std::string(gtk_widget_get_name(widget)) == name;
-    });
-  const std::string text = kTexts[static_cast<int>(control)];
-  GtkWidget* found = Find(window, [&](GtkWidget* widget) { return Bears(widget, text); });
-  if (found == nullptr && text.starts_with("Show "))
-    found = Find(window, [&](GtkWidget* widget) { return Bears(widget, "Hide" + text.substr(4)); });
-  if (found != nullptr) return GTK_IS_LABEL(found) ? gtk_label_get_mnemonic_widget(GTK_LABEL(found)) : found;
-  ADD_FAILURE() << "no control " << text;
-  std::abort();
-}
-
 GtkEntry* EntryOf(Control control) {
   GtkWidget* const widget = Widget(control);
   return GTK_ENTRY(GTK_IS_COMBO_BOX(widget) ? gtk_bin_get_child(GTK_BIN(widget)) : widget);
@@ -169,18 +36,6 @@ GtkTreeModel* ModelOf(Control control) {
   GtkWidget* const widget = Widget(control);
   return GTK_IS_COMBO_BOX(widget) ? gtk_combo_box_get_model(GTK_COMBO_BOX(widget))
                                   : gtk_tree_view_get_model(GTK_TREE_VIEW(widget));
-}
-
-// The middle of a widget, or of a row of a list, on the screen.
-std::pair<int, int> ScreenPoint(GtkWidget* widget, int x, int y) {
-  int left = 0, top = 0;
-  gdk_window_get_origin(gtk_widget_get_window(gtk_widget_get_toplevel(widget)), &left, &top);
-  gtk_widget_translate_coordinates(widget, gtk_widget_get_toplevel(widget), x, y, &x, &y);
-  return {left + x, top + y};
-}
-
-void Xdotool(const std::string& arguments) {
-  EXPECT_EQ(std::system(("xdotool " + arguments).c_str()), 0) << arguments;
 }
 
 /// Types a text; quotation marks and the like are the shell's otherwise.
@@ -204,11 +59,6 @@ std::string KeySymbol(std::string key) {
     if (key.ends_with(name)) return key.replace(key.size() - std::strlen(name), std::string::npos, symbol);
   if (key.size() > 2 && key[key.size() - 2] == '+') key.back() = static_cast<char>(std::tolower(key.back()));
   return key;
-}
-
-/// Lets the windows do everything that was asked of them so far.
-void Settle() {
-  for (int round = 0; round < 3; ++round) OnWindowThread([] { gdk_display_sync(gdk_display_get_default()); });
 }
 
 Frame FrameOf(GtkWindow* window) {
@@ -334,13 +184,14 @@ class GtkDriver final : public DialogDriver {
     ClickAt(x, y, 1, 2);
   }
 
-  void Drag(Control from, int entry, Control to, int place) override {
-    Select(from, {static_cast<std::size_t>(entry)});
+  int Drag(Control from, const qv::Selection& entries, Control to, int place) override {
+    Select(from, entries);
     const auto point = [](Control list, int row) {
       return OnWindowThread([=] {
         GtkTreeView* const view = ListOf(list);
         GdkRectangle cell{};
         const int rows = gtk_tree_model_iter_n_children(gtk_tree_view_get_model(view), nullptr);
+        if (rows == 0) return ScreenPoint(GTK_WIDGET(view), 30, 10);
         gtk_tree_view_get_background_area(view, RowPath(static_cast<std::size_t>(row < 0 ? rows - 1 : row)),
                                           gtk_tree_view_get_column(view, 0), &cell);
         int left = 0, top = 0;
@@ -348,7 +199,7 @@ class GtkDriver final : public DialogDriver {
         return ScreenPoint(GTK_WIDGET(view), left + 30, top + (row < 0 ? cell.height * 2 : cell.height / 5));
       });
     };
-    const auto [x, y] = point(from, entry);
+    const auto [x, y] = point(from, static_cast<int>(entries.front()));
     const auto [toX, toY] = point(to, place);
     const auto move = [](int left, int top) {
       Xdotool("mousemove " + std::to_string(left) + " " + std::to_string(top));
@@ -358,9 +209,19 @@ class GtkDriver final : public DialogDriver {
     Xdotool("mousedown 1");
     for (const int step : {10, 20, 30}) move(x + step, y + 2);
     for (const int step : {6, 3, 0}) move(toX + step, toY);
+    Settle();
+    const int marked = OnWindowThread([to] {
+      GtkTreePath* path = nullptr;
+      GtkTreeViewDropPosition position = GTK_TREE_VIEW_DROP_BEFORE;
+      gtk_tree_view_get_drag_dest_row(ListOf(to), &path, &position);
+      const int row = path == nullptr ? -1 : gtk_tree_path_get_indices(path)[0];
+      gtk_tree_path_free(path);
+      return row + (row >= 0 && position == GTK_TREE_VIEW_DROP_AFTER ? 1 : 0);
+    });
     Xdotool("mouseup 1");
     std::this_thread::sleep_for(200ms);
     Settle();
+    return marked;
   }
 
   void Press(Control focus, const std::string& key) override {

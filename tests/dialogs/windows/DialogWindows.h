@@ -63,43 +63,19 @@ inline HWND HeaderWindow() { return FindDialogWindow(L"User Header Items"); }
 
 inline HWND PreviewWindow() { return FindDialogWindow(L"Preview"); }
 
+inline Frame FrameOf(HWND window) {
+  RECT frame{};
+  GetWindowRect(window, &frame);
+  return {frame.left, frame.top, frame.right, frame.bottom};
+}
+
 inline HWND WindowOf(Control control) {
-  static constexpr int kIds[] = {IDC_FORMAT_NAME,
-                                 IDC_DEFAULT,
-                                 IDC_START_LINE,
-                                 IDC_QUALIFIER,
-                                 IDC_TAB,
-                                 IDC_SEMICOLON,
-                                 IDC_COMMA,
-                                 IDC_SPACE,
-                                 IDC_OTHER,
-                                 IDC_OTHER_TEXT,
-                                 IDC_NAME_ONLY,
-                                 IDC_NAME_WITH_PATH,
-                                 IDC_TREAT_AS_ONE,
-                                 IDC_PLAN,
-                                 IDC_SEQUENCE,
-                                 IDC_ADD,
-                                 IDC_DELETE,
-                                 IDC_UP,
-                                 IDC_DOWN,
-                                 IDC_TOGGLE_HEADERS,
-                                 IDOK,
-                                 IDCANCEL,
-                                 IDC_REFRESH,
-                                 IDC_HEADERS,
-                                 0,
-                                 IDC_TOGGLE_PREVIEW,
-                                 IDC_MATCH,
-                                 IDC_APPLY,
-                                 IDC_PREVIEW,
-                                 IDC_SUMMARY,
-                                 IDC_SUGGESTION,
-                                 IDC_NAME_HINT};
-  if (control >= Control::Apply && control <= Control::Suggestion)
-    return GetDlgItem(PreviewWindow(), kIds[static_cast<int>(control)]);
-  if (control == Control::HeaderWindow) return HeaderWindow();
-  const bool isInHeaderWindow =
-      control == Control::Refresh || control == Control::Headers || control == Control::Match;
-  return GetDlgItem(isInHeaderWindow ? HeaderWindow() : OptionWindow(), kIds[static_cast<int>(control)]);
+  static constexpr int kIds[] = {
+#define AS_ID(name, kind, window, id, text) id,
+      DIALOG_CONTROLS(AS_ID)
+#undef AS_ID
+  };
+  const HWND window = FindDialogWindow(WideOf(TitleOf(RowOf(control).window)));
+  const int id = kIds[static_cast<int>(control)];
+  return id == 0 ? window : GetDlgItem(window, id);
 }

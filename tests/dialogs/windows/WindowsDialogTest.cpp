@@ -1,35 +1,18 @@
 // What only the Windows view has to get right.
 
-#include "manager/FormatOptionDialog.h"
+#include "tests/dialogs/DrawnDialogTest.h"
 #include "tests/dialogs/windows/DialogWindows.h"
-#include "tests/support/FormatText.h"
-#include "tests/support/TemporaryFolder.h"
 
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <map>
 #include <set>
 #include <string>
 
 namespace {
 
-class WindowsDialogTest : public testing::Test {
- protected:
-  bool Run(const std::function<void(DialogDriver&)>& script, HWND parent = nullptr) {
-    return RunDialog(
-        [this, parent] {
-          return ShowFormatOptionDialog({true, "", parent, config_, "", 0});
-        },
-        script, messages_);
-  }
-
-  TemporaryFolder folder_;
-  std::string config_ =
-      folder_.Write("formats.xml", FormatFile("F", FormatElement("F", "PartName=0 Customer=1 Machine=2")));
-  std::vector<std::string> messages_;
-};
+using WindowsDialogTest = DrawnDialogTest;
 
 TEST_F(WindowsDialogTest, TheArrowsStayWithinTheirRange) {
   Run([](DialogDriver& dialog) {
@@ -72,14 +55,91 @@ TEST_F(WindowsDialogTest, EveryControlIsReachedByTheKeyboard) {
       order.push_back(GetDlgCtrlID(stop));
       stop = GetNextDlgTabItem(OptionWindow(), stop, FALSE);
     } while (stop != first && order.size() < 40);
-    EXPECT_EQ(order, (std::vector<int>{IDC_FORMAT_NAME, IDC_DEFAULT,    IDC_START_LINE,     IDC_QUALIFIER,
-                                       IDC_TAB,         IDC_SEMICOLON,  IDC_COMMA,          IDC_SPACE,
-                                       IDC_OTHER,       IDC_OTHER_TEXT, IDC_NAME_ONLY,      IDC_TREAT_AS_ONE,
-                                       IDC_PLAN,        IDC_ADD,        IDC_DELETE,         IDC_SEQUENCE,
-                                       IDC_UP,          IDC_DOWN,       IDC_TOGGLE_HEADERS, IDOK,
+    EXPECT_EQ(order, (std::vector<int>{IDC_FORMAT_NAME,
+                                       IDC_DEFAULT,
+                                       IDC_START_LINE,
+                                       IDC_QUALIFIER,
+                                       IDC_TAB,
+                                       IDC_SEMICOLON,
+                                       IDC_COMMA,
+                                       IDC_SPACE,
+                                       IDC_OTHER,
+                                       IDC_OTHER_TEXT,
+                                       IDC_NAME_ONLY,
+                                       IDC_TREAT_AS_ONE,
+                                       IDC_PLAN,
+                                       IDC_ADD,
+                                       IDC_DELETE,
+                                       IDC_SEQUENCE,
+                                       IDC_UP,
+                                       IDC_DOWN,
+                                       IDC_TOGGLE_HEADERS,
+                                       IDC_TOGGLE_PREVIEW,
+                                       IDOK,
                                        IDCANCEL}));
     EXPECT_EQ(LOWORD(SendMessageW(OptionWindow(), DM_GETDEFID, 0, 0)), IDOK);
   });
+}
+
+// A control without a text of its own has the label before it for its name.
+TEST_F(WindowsDialogTest, AScreenReaderHasANameForEveryControl) {
+  Run([](DialogDriver&) {
+    for (const HWND window : {OptionWindow(), HeaderWindow(), PreviewWindow()})
+      for (HWND child = GetWindow(window, GW_CHILD); child != nullptr;
+           child = GetWindow(child, GW_HWNDNEXT)) {
+        const HWND before = GetWindow(child, GW_HWNDPREV);
+        const bool isStop = (GetWindowLongPtrW(child, GWL_STYLE) & WS_TABSTOP) != 0;
+        const bool isButton = (SendMessageW(child, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON) != 0;
+        if (!isStop) continue;
+        const HWND label = isButton ? child : before;
+        const bool isNamed = label != nullptr && !WindowText(label).empty() &&
+                             (isButton || (SendMessageW(label, WM_GETDLGCODE, 0, 0) & DLGC_STATIC) != 0);
+        EXPECT_TRUE(isNamed) << Utf8Of(CaptionOf(window)) << ": control " << GetDlgCtrlID(child);
+      }
+  });
+}
+
+// Neither in the fonts that a system may have, nor where a sentence is long.
+TEST_F(WindowsDialogTest, NoTextIsCut) {
+  Run([](DialogDriver& dialog) {
+    dialog.Click(Control::ShowHeader);
+    dialog.Click(Control::ShowPreview);
+    dialog.Rest();
+    for (const HWND window : {OptionWindow(), HeaderWindow(), PreviewWindow()})
+      for (HWND child = GetWindow(window, GW_CHILD); child != nullptr;
+           child = GetWindow(child, GW_HWNDNEXT)) {
+        const LRESULT code = SendMessageW(child, WM_GETDLGCODE, 0, 0);
+        const LONG_PTR style = GetWindowLongPtrW(child, GWL_STYLE);
+        const bool isLabel = (code & DLGC_STATIC) != 0, isButton = (code & DLGC_BUTTON) != 0;
+        RECT place{}, needed{};
+        GetClientRect(child, &place);
+        if (!(isLabel || isButton) || place.bottom == 0 || (style & WS_VISIBLE) == 0) continue;
+        if (isButton && (style & BS_ICON) != 0) continue;
+        const std::wstring text = WindowText(child);
+        const HDC context = GetDC(child);
+        SelectObject(context, reinterpret_cast<HFONT>(SendMessageW(child, WM_GETFONT, 0, 0)));
+        needed.right = place.right;
+        DrawTextW(context, text.c_str(), -1, &needed, DT_CALCRECT | (isLabel ? DT_WORDBREAK : 0));
+        ReleaseDC(child, context);
+        const bool hasBox = isButton && (style & BS_TYPEMASK) > BS_DEFPUSHBUTTON;
+        EXPECT_LE(needed.right + (hasBox ? GetSystemMetrics(SM_CXMENUCHECK) : 0), place.right)
+            << Utf8Of(text);
+        EXPECT_LE(needed.bottom, place.bottom) << Utf8Of(text);
+      }
+  });
+}
+
+TEST_F(WindowsDialogTest, RunsFromRightToLeftInSuchAProcess) {
+  SetProcessDefaultLayout(LAYOUT_RTL);
+  Run([](DialogDriver& dialog) {
+    dialog.Click(Control::ShowHeader);
+    dialog.Click(Control::ShowPreview);
+    EXPECT_GT(FrameOf(WindowOf(Control::PlanItems)).left, FrameOf(WindowOf(Control::Sequence)).left);
+    EXPECT_EQ(dialog.HeaderWindowFrame().left, dialog.DialogFrame().right);
+    EXPECT_EQ(dialog.Drag(Control::Sequence, {1, 2}, Control::Sequence, 0), 0);
+    EXPECT_EQ(dialog.Items(Control::Sequence).front(), "Customer");
+  });
+  SetProcessDefaultLayout(0);
 }
 
 TEST_F(WindowsDialogTest, TheHeaderWindowHasItsOwnKeys) {

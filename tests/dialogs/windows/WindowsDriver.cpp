@@ -33,12 +33,6 @@ std::string WithoutMnemonic(std::wstring text) {
   return Utf8Of(text);
 }
 
-Frame FrameOf(HWND window) {
-  RECT frame{};
-  GetWindowRect(window, &frame);
-  return {frame.left, frame.top, frame.right, frame.bottom};
-}
-
 bool IsComboBox(HWND window) {
   wchar_t name[32]{};
   GetClassNameW(window, name, static_cast<int>(std::size(name)));
@@ -196,6 +190,25 @@ SeenCell CellOf(int row, int column) {
           asked.IsBold(), asked.Answer().clrTextBk != GetSysColor(COLOR_WINDOW)};
 }
 
+/// The entry of a list above which a line is drawn; -1 for none.
+int MarkedEntry(Control control) {
+  const HWND list = WindowOf(control);
+  const auto isMarked = [list](LONG line) {
+    const HDC context = GetDC(list);
+    const COLORREF colour = GetPixel(context, 60, line);
+    ReleaseDC(list, context);
+    return colour == GetSysColor(COLOR_HIGHLIGHT);
+  };
+  const LRESULT rows = SendMessageW(list, LB_GETCOUNT, 0, 0);
+  for (LRESULT row = 0; row < rows; ++row) {
+    RECT cell{};
+    SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&cell));
+    if (row == 0 && isMarked(cell.top) && !isMarked(cell.top + 3)) return 0;
+    if (isMarked(cell.bottom) && !isMarked(cell.bottom + 3)) return static_cast<int>(row) + 1;
+  }
+  return -1;
+}
+
 /// What the tool tip of a control says.
 std::string TipOf(HWND control) {
   for (HWND tip = FindWindowExW(nullptr, nullptr, TOOLTIPS_CLASSW, nullptr); tip != nullptr;
@@ -260,8 +273,8 @@ class WindowsDriver final : public DialogDriver {
     MessageQueue::Run(&clicks);
   }
 
-  void Drag(Control from, int entry, Control to, int place) override {
-    Select(from, {static_cast<std::size_t>(entry)});
+  int Drag(Control from, const qv::Selection& entries, Control to, int place) override {
+    Select(from, entries);
     const HWND list = WindowOf(from);
     const auto point = [list](Control at, int row) {
       const HWND target = WindowOf(at);
@@ -273,11 +286,16 @@ class WindowsDriver final : public DialogDriver {
       MapWindowPoints(target, list, &found, 1);
       return MAKELPARAM(found.x, found.y);
     };
-    const LPARAM start = point(from, entry), end = point(to, place);
+    const LPARAM start = point(from, static_cast<int>(entries.front())), end = point(to, place);
     PostMessageW(list, WM_LBUTTONDOWN, MK_LBUTTON, start);
-    PostMessageW(list, WM_MOUSEMOVE, MK_LBUTTON, end);
+    for (int move = 0; move < 2; ++move) {
+      PostMessageW(list, WM_MOUSEMOVE, MK_LBUTTON, end);
+      MessageQueue::Drain();
+    }
+    const int marked = MarkedEntry(to);
     PostMessageW(list, WM_LBUTTONUP, 0, end);
     MessageQueue::Drain();
+    return marked;
   }
 
   void Press(Control focus, const std::string& key) override {
