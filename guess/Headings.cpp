@@ -4,34 +4,27 @@
 #include "guess/KeywordGuess.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace qv {
 namespace {
 
-// What columns are called that several kinds have.
+// What columns of several names are called.
 #define THICKNESS                       \
   "Thickness|Material Thickness|Sheet " \
   "Thickness|Thk|Dicke|Blechdicke|Materialdicke|Stärke|Blechstärke|Materialstärke"
 #define MATERIAL "Material Type|Material|Materialart|Materialtyp|Werkstoff|Werkstoffart|Grade|Güte|Mat"
 #define MATERIAL_GROUP "Material Group|Materialgruppe|Werkstoffgruppe"
 #define COMMENT "Comment|Comments|Remark|Remarks|Note|Notes|Bemerkung|Bemerkungen|Kommentar|Anmerkung|Hinweis"
-#define CUSTOMER "Customer|Customer Name|Client|Kunde|Kundenname|Auftraggeber"
 #define MACHINE "Machine|Machine Name|Maschine|Maschinenname"
-#define PART_NUMBER                                                                                    \
-  "Part Number|Part Num|Item Number|Article Number|Drawing Number|Teilenummer|Teil-Nr.|Artikelnummer|" \
-  "Art.-Nr.|Sachnummer|Identnummer|Ident|Zeichnungsnummer"
-#define REVISION "Revision|Rev|Revisionsstand|Änderungsindex|Zeichnungsindex|Index|Änderungsstand|Version"
 #define QUANTITY "Quantity|Qty|Menge|Anzahl|Stückzahl|Stück|Stk|Pieces|Pcs"
 #define ROTATION "Rotation|Drehung"
 #define TOOL_INVENTORY "Tool Inventory|Werkzeugbestand|Werkzeuginventar"
-#define SHELF "Shelf|Shelf Number|Fach|Fachnummer|Regalfach|Regalnummer|Lagerfach"
-#define SIZE_X "Size X|Length|Länge|X"
-#define SIZE_Y "Size Y|Width|Breite|Y"
 
 /// The everyday headings of a column, the surest first.
 struct EverydayHeadings {
-  RecordKind kind;
+  std::optional<RecordKind> kind;  // none: every kind that has the column
   std::string_view keyword;
   std::string_view headings;
 };
@@ -40,20 +33,15 @@ constexpr EverydayHeadings kEverydayHeadings[] = {
     {RecordKind::Parts, "PartName",
      "Part|Teilename|Teil|Bauteil|Teilebezeichnung|Benennung|Bezeichnung|Artikelbezeichnung|Item Name|"
      "Description|Name|Item|Article|Artikel"},
-    {RecordKind::Parts, "PartNumber", PART_NUMBER},
     {RecordKind::Parts, "FullPath", "Path|File Path|Pfad|Dateipfad|CAD File|CAD-Datei|File|Datei|Dateiname"},
     {RecordKind::Parts, "PartQuantity",
      QUANTITY "|Order Quantity|Bestellmenge|Auftragsmenge|Sollmenge|Fertigungsmenge"},
     {RecordKind::Parts, "DueDate",
      "Due|Delivery Date|Liefertermin|Lieferdatum|Termin|Fälligkeit|Fällig am|Fertigungstermin|Endtermin"},
-    {RecordKind::Parts, "MaterialType", MATERIAL},
     {RecordKind::Parts, "MaterialThickness", THICKNESS},
     {RecordKind::Parts, "PartComment", COMMENT},
-    {RecordKind::Parts, "Revision", REVISION},
     {RecordKind::Parts, "Machine", MACHINE},
     {RecordKind::Parts, "ToolInventory", TOOL_INVENTORY},
-    {RecordKind::Parts, "MaterialGroup", MATERIAL_GROUP},
-    {RecordKind::Parts, "Customer", CUSTOMER},
     {RecordKind::Parts, "RouterNumber", "Routing|Routing Number|Arbeitsplan|Arbeitsplannummer"},
     {RecordKind::Parts, "WorkOrderNumber",
      "Work Order|WO|WO Number|Production Order|Fertigungsauftrag|Fertigungsauftragsnummer|Betriebsauftrag|"
@@ -66,8 +54,6 @@ constexpr EverydayHeadings kEverydayHeadings[] = {
     {RecordKind::Parts, "GrainDirection", "Grain|Walzrichtung|Faserrichtung|Schliffrichtung"},
     {RecordKind::Parts, "MaterialCode", "Material Number"},
     {RecordKind::Parts, "MaterialDescription", "Materialbezeichnung|Materialbeschreibung"},
-    {RecordKind::Parts, "CustomerMaterialType", "Customer Material|Kundenmaterial"},
-    {RecordKind::Parts, "Coating", "Beschichtung|Surface Finish|Oberfläche"},
     {RecordKind::Parts, "Priority", "Prio|Priorität|Dringlichkeit"},
 
     {RecordKind::Tools, "ID", "Tool ID|Tool Number|Werkzeugnummer|Werkzeug-ID|Number"},
@@ -83,31 +69,19 @@ constexpr EverydayHeadings kEverydayHeadings[] = {
     {RecordKind::Tools, "DriverName", "Driver|Treiber"},
     {RecordKind::Tools, "PunchCondition", "Stanzbedingung|Stanzparameter"},
 
-    {RecordKind::Materials, "MaterialType", MATERIAL},
-    {RecordKind::Materials, "MaterialFile", "Materialdatei"},
     {RecordKind::Materials, "MachineFile", "Maschinendatei"},
     {RecordKind::Materials, "MaterialComments", "Material Comment|" COMMENT},
     {RecordKind::Materials, "PierceType", "Piercing|Einstechart|Einstechen"},
     {RecordKind::Materials, "PierceCondition", "Einstechbedingung|Einstechparameter"},
 
-    {RecordKind::Sheets, "MaterialGroup", MATERIAL_GROUP},
-    {RecordKind::Sheets, "MaterialType", MATERIAL},
     {RecordKind::Sheets, "SheetSize", "Size|Tafelgröße|Tafelformat|Blechformat|Plattenformat|Format"},
-    {RecordKind::Sheets, "Thickness", THICKNESS},
     {RecordKind::Sheets, "LaserMaterialName", "Laser Material"},
-    {RecordKind::Sheets, "Comments", COMMENT},
     {RecordKind::Sheets, "Programmer", "Programmer Name|Programmierer"},
-    {RecordKind::Sheets, "Customer", CUSTOMER},
     {RecordKind::Sheets, "MachineFile", "Maschinendatei|" MACHINE},
     {RecordKind::Sheets, "InventoryFile", "Inventory|" TOOL_INVENTORY},
-    {RecordKind::Sheets, "MaterialFile", "Materialdatei"},
 
-    {RecordKind::PartPrograms, "Customer", CUSTOMER},
-    {RecordKind::PartPrograms, "PartNumber", PART_NUMBER},
     {RecordKind::PartPrograms, "ProgrammerName", "Programmer|Programmierer"},
     {RecordKind::PartPrograms, "DefaultRotation", ROTATION},
-    {RecordKind::PartPrograms, "Revision", REVISION},
-    {RecordKind::PartPrograms, "Comments", COMMENT},
     {RecordKind::PartPrograms, "PrefMachine", "Preferred Machine|" MACHINE},
     {RecordKind::PartPrograms, "PrefInventory", "Preferred Inventory|" TOOL_INVENTORY},
     {RecordKind::PartPrograms, "PrefMaterialFile", "Preferred Material File|Material File|Materialdatei"},
@@ -117,26 +91,13 @@ constexpr EverydayHeadings kEverydayHeadings[] = {
     {RecordKind::PartPrograms, "SheetSizeY", "Sheet Width|Tafelbreite"},
     {RecordKind::PartPrograms, "MaterialThickness", THICKNESS},
 
-    {RecordKind::MaterialInventory, "ShelfNo", SHELF},
-    {RecordKind::MaterialInventory, "Quantity", QUANTITY "|Stock|On Hand|Bestand|Lagerbestand"},
     {RecordKind::MaterialInventory, "MatName",
      "Material Name|Materialbezeichnung|Werkstoffbezeichnung|" MATERIAL},
-    {RecordKind::MaterialInventory, "Thickness", THICKNESS},
-    {RecordKind::MaterialInventory, "SizeX", SIZE_X},
-    {RecordKind::MaterialInventory, "SizeY", SIZE_Y},
     {RecordKind::MaterialInventory, "PalletKind", "Pallet|Pallet Type|Palette|Palettenart|Palettentyp"},
 
     {RecordKind::MaterialLibrary, "MaterialCode", "Code|Material Number|Material ID"},
     {RecordKind::MaterialLibrary, "MaterialDescription",
      "Description|Bezeichnung|Materialbezeichnung|Beschreibung|Materialbeschreibung"},
-    {RecordKind::MaterialLibrary, "CustomerMaterialType", "Customer Material|Kundenmaterial"},
-    {RecordKind::MaterialLibrary, "MaterialType", MATERIAL},
-    {RecordKind::MaterialLibrary, "Thickness", THICKNESS},
-    {RecordKind::MaterialLibrary, "SizeX", SIZE_X},
-    {RecordKind::MaterialLibrary, "SizeY", SIZE_Y},
-    {RecordKind::MaterialLibrary, "Coating", "Beschichtung|Surface Finish|Oberfläche"},
-    {RecordKind::MaterialLibrary, "Quantity", QUANTITY "|Stock|On Hand|Bestand|Lagerbestand"},
-    {RecordKind::MaterialLibrary, "ShelfNo", SHELF},
 
     {RecordKind::JobProgress, "JobName", "Job|Auftrag|Auftragsname"},
     {RecordKind::JobProgress, "JobProgress", "Progress|Fortschritt"},
@@ -144,8 +105,26 @@ constexpr EverydayHeadings kEverydayHeadings[] = {
     {RecordKind::JobProgress, "EndTime", "End|Endzeit|Ende"},
     {RecordKind::JobProgress, "TotalPartQty", "Total Parts|Total Quantity|Gesamtmenge"},
     {RecordKind::JobProgress, "TotalDoneQty", "Parts Done|Done|Fertigmenge|Gutmenge"},
-    {RecordKind::JobProgress, "MaterialType", MATERIAL},
-    {RecordKind::JobProgress, "Thickness", THICKNESS},
+
+    {{}, "MaterialType", MATERIAL},
+    {{}, "MaterialGroup", MATERIAL_GROUP},
+    {{}, "Thickness", THICKNESS},
+    {{}, "Comments", COMMENT},
+    {{}, "Customer", "Customer|Customer Name|Client|Kunde|Kundenname|Auftraggeber"},
+    {{},
+     "PartNumber",
+     "Part Number|Part Num|Item Number|Article Number|Drawing Number|Teilenummer|Teil-Nr.|Artikelnummer|"
+     "Art.-Nr.|Sachnummer|Identnummer|Ident|Zeichnungsnummer"},
+    {{},
+     "Revision",
+     "Revision|Rev|Revisionsstand|Änderungsindex|Zeichnungsindex|Index|Änderungsstand|Version"},
+    {{}, "MaterialFile", "Materialdatei"},
+    {{}, "CustomerMaterialType", "Customer Material|Kundenmaterial"},
+    {{}, "Coating", "Beschichtung|Surface Finish|Oberfläche"},
+    {{}, "Quantity", QUANTITY "|Stock|On Hand|Bestand|Lagerbestand"},
+    {{}, "ShelfNo", "Shelf|Shelf Number|Fach|Fachnummer|Regalfach|Regalnummer|Lagerfach"},
+    {{}, "SizeX", "Size X|Length|Länge|X"},
+    {{}, "SizeY", "Size Y|Width|Breite|Y"},
 };
 
 constexpr std::pair<std::string_view, std::string_view> kFoldings[] = {
@@ -190,7 +169,7 @@ Headings::Headings(const RecordType& type) {
     if (IsOfFormatFile(column.column->keyword))
       meanings_.emplace(PlainHeading(column.column->keyword), Meaning{column.column->keyword, 1});
   for (const EverydayHeadings& row : kEverydayHeadings) {
-    if (&RecordTypeOf(row.kind) != &type) continue;
+    if (row.kind ? &RecordTypeOf(*row.kind) != &type : !Knows(type, row.keyword)) continue;
     std::size_t doubt = 1;
     for (std::string_view rest = row.headings; !rest.empty();) {
       const std::size_t end = std::min(rest.find('|'), rest.size());
