@@ -2,7 +2,6 @@
 #include "platform/CodePage.h"
 #include "text/Utf8.h"
 
-#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -12,8 +11,7 @@ using qv::RecordField;
 
 namespace {
 
-/// The kind of that number, with which the host does what `canDo` tells of; `otherwise` is what is done with
-/// others.
+/// The kind of that number. Fails where the host cannot do with it what `canDo` tells, but only `otherwise`.
 RecordKind KindFor(bool (*canDo)(RecordKind kind), std::int32_t number, const char* otherwise) {
   const RecordKind kind = KindOf(number);
   if (!canDo(kind))
@@ -22,8 +20,7 @@ RecordKind KindFor(bool (*canDo)(RecordKind kind), std::int32_t number, const ch
   return kind;
 }
 
-/// Opens a file. What that says in a message box of one that is of no supported type is told as a status of
-/// its own.
+/// Opens a file. A message box about its type becomes a status of its own.
 template <class Stream>
 std::unique_ptr<Stream> Open(const Listening& listening, qva_manager& manager, RecordKind kind,
                              const char* path) {

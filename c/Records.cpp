@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 using namespace qv::c;
 using qv::FieldType;

@@ -23,8 +23,7 @@ struct DataFile {
 /// A file's headers in UTF-8, without a byte-order mark.
 std::vector<std::string> DecodedHeaders(const Session& session, std::vector<std::string> headers);
 
-/// A data file that is read record by record. All throw ReportedFileError or FileError when it cannot be
-/// read.
+/// A data file that is read record by record. All throw ReportedFileError or FileError on failure.
 class InputFile {
  public:
   InputFile(Session& session, const DataFile& file);

@@ -31,8 +31,7 @@ class DataStart {
 
   const Utf8Path& File() const { return file_; }
 
-  /// The bytes of a text file, up to kSize of them and up to the byte that ends a text on this platform.
-  /// Throws FileError.
+  /// The first bytes of a text file, up to one that ends a text on this platform. Throws FileError.
   const std::string& Bytes() const;
 
   /// The name of a format that the file carries, as format files have it; empty when there is none. Names are

@@ -49,8 +49,7 @@ std::string AsText(const Utf8Diagnostic& diagnostic, bool isColoured) {
   return line + Harmless(diagnostic.message) + "\n";
 }
 
-// The library cuts a long cell where a character of UTF-8 ends, which may be inside one of another encoding;
-// so it is cut anew.
+// The library cuts a long cell between characters of UTF-8, so one of another encoding is cut anew.
 std::string DecodedMessage(const Diagnostic& diagnostic, const TextCoding& coding) {
   std::string message;
   std::string_view rest = diagnostic.message;
@@ -71,9 +70,7 @@ DiagnosticPrinter::DiagnosticPrinter(const Streams& streams, Progress& progress,
   SetDiagnosticHandler([](const Diagnostic& diagnostic,
                           void* self) { static_cast<DiagnosticPrinter*>(self)->Receive(diagnostic); },
                        this);
-  SetMessageBoxHandler(
-      [](const char* text, void* self) { static_cast<DiagnosticPrinter*>(self)->messageBox_ = ToUtf8(text); },
-      this);
+  SetMessageBoxHandler([](const char*, void*) {}, nullptr);  // diagnostics say it too
 }
 
 DiagnosticPrinter::~DiagnosticPrinter() {

@@ -22,8 +22,8 @@ struct DiagnosticStyle {
   bool showsAll = false;  ///< text has each warning, not only the first ones of each code and column
 };
 
-/// Prints to standard error, as lines of text or of JSON, what the library reports while this lives and what
-/// the commands themselves have to say besides the data.
+/// Prints to standard error what the library reports while this lives, and what commands say besides the
+/// data.
 class DiagnosticPrinter {
  public:
   /// `coding` is that of what the library's diagnostics quote.
@@ -51,14 +51,11 @@ class DiagnosticPrinter {
   /// Prints how many warnings were left out since the last time, a line for each code and column.
   void PrintOmitted();
 
-  /// Whether the run is strict and something was warned about, so that the file must not be written; that is
-  /// told.
+  /// Whether a strict run has warned, so that the file must not be written; that is told.
   bool ForbidsWriting(const std::string& file);
 
   std::int64_t Warnings() const { return warnings_; }
   bool HasFailed() const { return failed_; }
-  /// The last message box that the library wanted to show.
-  const std::string& MessageBox() const { return messageBox_; }
 
   /// From now on the library's diagnostics of this code are dropped.
   void Ignore(DiagnosticCode code) { ignored_ = code; }
@@ -84,7 +81,6 @@ class DiagnosticPrinter {
   Filter filter_;
   std::vector<Kind> kinds_;  // of warnings, in the order in which they came first
   std::int64_t warnings_ = 0;
-  std::string messageBox_;
   std::string note_;
 };
 

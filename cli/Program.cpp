@@ -100,8 +100,7 @@ std::string Choices(const CLI::App& command) {
   return names;
 }
 
-// The parser tells of what is missing before it tells of what is there and wrong, though the one mostly comes
-// from the other.
+// The parser tells of what is missing first, though that mostly comes from what is there and wrong.
 std::string WhatIsWrong(const CLI::App& program, const CLI::ParseError& error) {
   const bool isAboutArguments = dynamic_cast<const CLI::RequiredError*>(&error) != nullptr ||
                                 dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;

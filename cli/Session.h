@@ -32,9 +32,8 @@ struct Session {
   void Write(std::string_view text);
 };
 
-/// Makes standard input the file that is read and standard output the one that is written where these are
-/// "-". Either may be null. Throws UsageError where --type, which tells what they hold, is missing or has no
-/// use.
+/// Puts the standard streams in the place of files that are "-". Either file may be null. Throws UsageError
+/// where --type, which tells what they hold, is missing or has no use.
 void TakeStreams(Session& session, const std::optional<std::string>& type, std::string* read,
                  std::string* written);
 

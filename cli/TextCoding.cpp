@@ -9,8 +9,7 @@ namespace {
 // What takes a file apart, and the digits. UTF-16 is an encoding that writes them otherwise.
 constexpr std::string_view kMarks = "0123456789.,;|\t\r\n\"'";
 
-// Where an encoding switches between sets of characters, these kana are written by the bytes of a comma and
-// of quotation marks.
+// Encodings that switch between sets of characters write these kana by the bytes of commas and quotes.
 bool HidesMarks(const std::string& encoding) {
   return EncodeText("\u3042\u3047\u304C", encoding).value_or(std::string()).find_first_of(",\"'") !=
          std::string::npos;

@@ -7,8 +7,7 @@
 
 namespace qv {
 
-/// What some programs put in front of UTF-8. It stays in the header row, or in what is above that, so that no
-/// record meets it.
+/// What some programs put in front of UTF-8. It is in or above the header row, where no record meets it.
 inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 /// What the bytes of data files and records mean: the platform's code page unless the user named an encoding.
@@ -16,8 +15,7 @@ class TextCoding {
  public:
   TextCoding() = default;
 
-  /// Throws UsageError, in which the option is named, for an encoding that the platform does not know or that
-  /// data files cannot have.
+  /// Throws UsageError, naming the option, for an encoding that is not known or that data files cannot have.
   explicit TextCoding(std::string encoding, const std::string& option = "--encoding");
 
   /// What to call the encoding: "windows-1252", "UTF-8", "of the system's code page".
@@ -26,8 +24,7 @@ class TextCoding {
   /// As UTF-8; a byte that does not decode becomes U+FFFD.
   std::string Decode(std::string_view bytes) const;
 
-  /// The reverse; what the encoding cannot hold becomes "?". Gives the text itself where that is the same,
-  /// else what `buffer` holds then.
+  /// The reverse; what the encoding cannot hold becomes "?". A view of the text itself or of `buffer`.
   std::string_view Encode(std::string_view utf8, std::string& buffer) const;
 
  private:

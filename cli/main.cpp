@@ -1,5 +1,4 @@
 #include "cli/Program.h"
-#include "platform/CodePage.h"
 #include "platform/ConsoleProgram.h"
 #include "platform/Interruption.h"
 

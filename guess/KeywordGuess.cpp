@@ -57,8 +57,7 @@ constexpr Nearness kNearnesses[] = {
     },
 };
 
-/// Whether a part of a keyword says enough: the beginning up to its middle, or all but for what the list is
-/// of.
+/// Whether a part of a keyword says enough: its first half, or all but for what the list is of.
 bool SaysEnough(const std::string& wanted, const std::string& known, std::string_view subject) {
   const auto differBy = [&](std::string_view word) {
     return wanted == std::string(word) + known || known == std::string(word) + wanted;

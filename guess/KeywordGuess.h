@@ -8,8 +8,7 @@
 
 namespace qv {
 
-/// Letters and digits alone, in lower case: "Part-Qty" and "part qty" are one. What is not ASCII may be
-/// letters.
+/// Letters, with all that is not ASCII, and digits in lower case: "Part-Qty" and "part qty" are one.
 std::string PlainWord(std::string_view text);
 
 /// Whether the kind has a column of this keyword, read or written.

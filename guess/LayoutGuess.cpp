@@ -232,8 +232,7 @@ struct HeaderRow {
   std::vector<std::string> fields;
 };
 
-/// The header row that a layout gives: the line with the most headings of the kind, else the first one of the
-/// usual width that is all texts.
+/// The line with the most headings of the kind, else the first of the usual width that is all texts.
 HeaderRow FindHeaderRow(const std::vector<std::string_view>& lines, const Headings& headings,
                         const SplitRules& layout) {
   const std::size_t width = UsualWidth(lines, layout).fields;

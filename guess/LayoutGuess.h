@@ -23,8 +23,7 @@ SplitRules LayoutOf(const OptionForm& form, bool isCsv);
 /// the library's own splitting come to does not matter where a whole file is looked at.
 std::vector<std::string> PlainFields(std::string_view line, const SplitRules& layout);
 
-/// Whether the line gives every one of so many columns a field; an empty last one may be missing, and empty
-/// ones may follow.
+/// Whether the line has a field for each column; an empty last one may be missing, empty ones may follow.
 bool Fills(std::string_view line, const SplitRules& layout, std::size_t columns);
 
 /// How many fields most rows have, and how many rows have so many.
@@ -49,8 +48,7 @@ struct LayoutGuess {
   std::optional<SplitRules> layout;  ///< the other one, where a format can name it for such a file
 };
 
-/// A layout that fits the rows where the format's does not, only when they and their header leave no
-/// doubt.
+/// A layout that fits where the format's does not, only when the rows and their header leave no doubt.
 LayoutGuess GuessLayout(LayoutSample start, const OptionForm& form, bool isCsv);
 
 /// Which of a file's first rows surely is the header row instead of the one at `header`: it has three

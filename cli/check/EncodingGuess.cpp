@@ -1,11 +1,9 @@
 #include "cli/check/EncodingGuess.h"
 
 #include "platform/CodePage.h"
-#include "text/Ascii.h"
 #include "text/Utf8.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <map>
 #include <optional>
@@ -274,8 +272,7 @@ bool IsEveryday(std::string_view bytes, const BytePairs& pairs) {
   return true;
 }
 
-/// The same for languages that are written with two bytes a character. Single characters between letters of
-/// ASCII are hardly text.
+/// The same for two bytes a character. Single characters between letters of ASCII are hardly text.
 std::optional<Fit> FitOfPairs(std::string_view bytes, std::u32string_view text, const BytePairs& pairs) {
   if (!IsEveryday(bytes, pairs)) return std::nullopt;
   const bool hasKana = pairs.main.Contains(kKana.first);

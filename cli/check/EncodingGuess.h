@@ -18,8 +18,7 @@ struct EncodingGuess {
 /// its texts are a reason not to be sure of others, and it is not among the names.
 EncodingGuess GuessEncoding(const std::vector<std::string_view>& lines, const TextCoding& current);
 
-/// "UTF-16" or "UTF-32" when a file that starts so seems to be in it, with or without a byte-order mark; else
-/// empty.
+/// "UTF-16" or "UTF-32" when a file that starts so seems to be in it, also without a mark; else empty.
 std::string_view WideEncodingOf(std::string_view bytes);
 
 }  // namespace qv

@@ -17,8 +17,7 @@
 
 namespace qv {
 
-/// Copies lines of a data file to another file, byte for byte with their line ends, in constant memory. The
-/// other file appears, or is replaced, when all is done.
+/// Copies lines of a data file, byte for byte, to another file, which appears or is replaced at the end.
 class RejectedRows {
  public:
   /// Throws FileError when `target`, which is another file, cannot be written.

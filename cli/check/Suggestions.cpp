@@ -6,16 +6,12 @@
 #include "guess/KeywordGuess.h"
 #include "guess/LayoutGuess.h"
 #include "platform/CodePage.h"
-#include "platform/ConsoleProgram.h"
-#include "platform/FileSystem.h"
 #include "text/Ascii.h"
 #include "text/Numbers.h"
 #include "text/Phrases.h"
 #include "text/Utf8.h"
 
 #include <algorithm>
-#include <map>
-#include <optional>
 #include <set>
 
 namespace qv {
@@ -321,8 +317,7 @@ class Survey {
     return true;
   }
 
-  /// Where all that has text after the number would be numbers with a decimal comma, and no other cell would
-  /// be another number.
+  /// Where a decimal comma would make a number of all that has text after it, and no other of another cell.
   void LookAtCommas(const std::vector<std::string_view>& rows,
                     const std::map<std::string, TrailingTexts>& trailingTexts) {
     if (file_.hasDecimalComma) return;

@@ -33,8 +33,8 @@ struct RowFindings {
 std::vector<Utf8Diagnostic> Suggestions(const DataFile& file, const DataStart& start,
                                         const RowFindings& findings, const TextCoding& coding);
 
-/// What is told of a file that is no text of lines in an encoding that data files may have: a picture, an
-/// archive, UTF-16, lines that end with CR alone.
+/// What is told of a file that is no text as data files are: a picture, an archive, UTF-16, lines with CR
+/// alone.
 std::optional<Utf8Diagnostic> OtherShapeOf(const DataStart& start);
 
 /// The same of the encoding of a text file alone, when it is beyond doubt.

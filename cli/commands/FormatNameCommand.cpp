@@ -3,7 +3,6 @@
 #include "cli/terminal/DisplayText.h"
 #include "platform/CodePage.h"
 #include "platform/ConsoleProgram.h"
-#include "platform/FileSystem.h"
 
 #include <algorithm>
 

@@ -30,8 +30,7 @@ struct ImportOptions : FileOptions {
   std::string as;
 };
 
-/// Where the records of an import go, one after the other, so that a file of any length takes no more memory
-/// than a record.
+/// Where the records of an import go, one by one: a file of any length takes no more memory than a record.
 class RecordOutput {
  public:
   RecordOutput(Session& session, const DataFile& file)

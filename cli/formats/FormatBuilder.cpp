@@ -91,8 +91,7 @@ FormatItem& ItemOf(OptionForm& form, const std::string& name) {
   return found != form.Items.end() ? *found : form.Items.emplace_back(FormatItem{name, std::string(kAbsent)});
 }
 
-// The dialog never offers two of the keywords, so they go through it as ignored columns and get their place
-// afterwards.
+// The dialog never offers two of the keywords: they are ignored columns there and get their place afterwards.
 std::string SequenceEntry(const std::string& column) {
   return std::string(IsShownName(column) ? KeywordOf(column) : kIgnore);
 }
@@ -146,8 +145,7 @@ OptionForm BuildFormat(const FormatWishes& wishes) {
 
 namespace {
 
-/// The start of the file in UTF-8. What does not decode is taken to be of the encoding that it surely is of,
-/// which is told.
+/// The start of the file in UTF-8, by the encoding that it surely is of where that is another; that is told.
 std::string StartOf(const DataStart& start, Session& session) {
   std::string_view bytes = start.Bytes();
   if (bytes.starts_with(kUtf8Mark)) bytes.remove_prefix(kUtf8Mark.size());

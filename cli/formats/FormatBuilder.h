@@ -6,7 +6,6 @@
 
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace qv {
@@ -26,8 +25,8 @@ struct FormatWishes {
   std::vector<std::string> settings;  ///< "KEYWORD=ORDER"
 };
 
-/// The format that the option dialog would store for the same choices, then with the orders that were set.
-/// Throws UsageError for what cannot be.
+/// What the option dialog would store for the same choices, then with the orders that were set. Throws
+/// UsageError.
 OptionForm BuildFormat(const FormatWishes& wishes);
 
 /// Completes what a user says of a format by what the data file shows: delimiter, qualifier, header line, and

@@ -110,8 +110,7 @@ class JsonSource {
   std::size_t PutEnd(char*) { return 0; }
 
  private:
-  // What the block ends with is kept before what follows it. Never within Take(), which is called for each
-  // byte.
+  // Keeps what the block ends with before what follows it. Not inlined into Take(), which each byte calls.
   [[gnu::noinline]] void Refill() {
     at_ = end_;
     if (finished_) return;
