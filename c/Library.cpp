@@ -148,8 +148,7 @@ qva_status QVA_CALL qva_kind_find(const char* name, int32_t* kind) {
   return Guarded([&] {
     const std::string_view wanted = &Given(name, "name");
     const auto kinds = qv::RecordTypes();
-    const auto found = std::find_if(kinds.begin(), kinds.end(),
-                                    [&](const qv::RecordType& type) { return type.name == wanted; });
+    const auto found = std::ranges::find(kinds, wanted, &qv::RecordType::name);
     if (found == kinds.end()) Fail(QVA_NOT_FOUND, "there is no kind " + qv::Quoted(wanted));
     Given(kind, "kind") = static_cast<int32_t>(found - kinds.begin());
   });

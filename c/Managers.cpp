@@ -19,8 +19,7 @@ constexpr DiagnosticCode kFailures[] = {DiagnosticCode::FileNotOpened, Diagnosti
                                         DiagnosticCode::NoSpreadsheet, DiagnosticCode::SpreadsheetFailed};
 
 void Take(qva_manager& manager, const Diagnostic& diagnostic) {
-  const bool isFailure =
-      std::find(std::begin(kFailures), std::end(kFailures), diagnostic.code) != std::end(kFailures);
+  const bool isFailure = std::ranges::find(kFailures, diagnostic.code) != std::end(kFailures);
   qva_manager::Row row{
       diagnostic.line,
       {qv::ToUtf8(diagnostic.file), qv::ToUtf8(diagnostic.column), DiagnosticCodeName(diagnostic.code),
@@ -79,8 +78,7 @@ const qva_manager::Row& RowOf(const qva_manager* manager, std::int32_t index) {
 
 std::int32_t FindForm(const qva_manager& manager, const std::string& name) {
   const auto& formats = manager.formats.Formats;
-  const auto found =
-      std::find_if(formats.begin(), formats.end(), [&](const OptionForm& form) { return form.Name == name; });
+  const auto found = std::ranges::find(formats, name, &OptionForm::Name);
   if (found != formats.end()) return static_cast<std::int32_t>(found - formats.begin());
   std::string names;
   for (const OptionForm& form : formats) names.append(names.empty() ? "" : ", ").append(form.Name);

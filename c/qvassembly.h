@@ -81,8 +81,7 @@ QVA_API const char* QVA_CALL qva_version(void);
 #define QVA_ABI_VERSION 1
 QVA_API int32_t QVA_CALL qva_abi_version(void);
 
-/* ---- Kinds and fields
- * -------------------------------------------------------------------------------------------- */
+/* ---- Kinds and fields ---- */
 
 /* The kinds of record. */
 #define QVA_PARTS 0
@@ -131,8 +130,7 @@ QVA_API qva_status QVA_CALL qva_field_keyword(int32_t type, int32_t field, char*
 #define QVA_LIST 4    /* of elements with fields of their own */
 QVA_API qva_status QVA_CALL qva_field_type(int32_t type, int32_t field, int32_t* field_type);
 
-/* How many bytes of the system's code page a text field holds; 0 where there is no limit, and for other
- * types. */
+/* How many bytes of the system's code page a text field holds; 0: without limit, or no text field. */
 QVA_API qva_status QVA_CALL qva_field_capacity(int32_t type, int32_t field, int32_t* capacity);
 
 /* The record type of a list field's elements. */
@@ -167,8 +165,7 @@ QVA_API qva_status QVA_CALL qva_record_set_integer(qva_record* record, int32_t f
 QVA_API qva_status QVA_CALL qva_record_set_number(qva_record* record, int32_t field, double value);
 QVA_API qva_status QVA_CALL qva_record_set_flag(qva_record* record, int32_t field, int32_t value);
 
-/* List fields. An element is a record of the list's; it is valid until the list is resized, and the record
- * destroyed. */
+/* List fields. An element is a record of the list's, valid until that is resized or its record destroyed. */
 QVA_API qva_status QVA_CALL qva_record_list_size(const qva_record* record, int32_t field, int32_t* size);
 QVA_API qva_status QVA_CALL qva_record_list_resize(qva_record* record, int32_t field, int32_t size);
 QVA_API qva_status QVA_CALL qva_record_list_element(qva_record* record, int32_t field, int32_t index,
@@ -190,13 +187,11 @@ typedef void(QVA_CALL* qva_diagnostic_callback)(void* context, const char* file,
                                                 const char* column, const char* code, const char* text,
                                                 const char* stored, const char* message);
 
-/* The manager's remarks go to the callback from now on; null (the default) collects them in the manager's
- * list. */
+/* The remarks go to the callback from now on; null (the default) collects them in the manager's list. */
 QVA_API qva_status QVA_CALL qva_manager_on_diagnostic(qva_manager* manager, qva_diagnostic_callback callback,
                                                       void* context);
 
-/* The collected remarks, the oldest first. No more than 10,000 are kept; `lost` (may be null) counts the
- * others. */
+/* The collected remarks, the oldest first: 10,000 at most; `lost` (may be null) counts the others. */
 QVA_API qva_status QVA_CALL qva_diagnostics_count(qva_manager* manager, int32_t* count, int64_t* lost);
 QVA_API qva_status QVA_CALL qva_diagnostic_line(qva_manager* manager, int32_t index, int64_t* line);
 #define QVA_DIAGNOSTIC_FILE 0
@@ -294,8 +289,7 @@ QVA_API qva_status QVA_CALL qva_reader_fetch(qva_reader* reader, const int32_t* 
 /* Null is ignored. */
 QVA_API void QVA_CALL qva_reader_close(qva_reader* reader);
 
-/* Reads the whole file at once. The records are the manager's, valid until its next import, reader or writer.
- */
+/* Reads the whole file at once. The manager's records are valid until its next import, reader or writer. */
 QVA_API qva_status QVA_CALL qva_import(qva_manager* manager, int32_t kind, const char* path, int32_t* count);
 QVA_API qva_status QVA_CALL qva_import_record(qva_manager* manager, int32_t index, qva_record** record);
 
@@ -310,8 +304,7 @@ QVA_API qva_status QVA_CALL qva_writer_open(qva_manager* manager, int32_t kind, 
 /* Writes the record, which stays whose it was. */
 QVA_API qva_status QVA_CALL qva_writer_put(qva_writer* writer, const qva_record* record);
 
-/* Finishes the file and puts it in its place in one step; the writer is gone afterwards, whatever is
- * returned. */
+/* Finishes the file and puts it in its place in one step. The writer is gone, whatever is returned. */
 QVA_API qva_status QVA_CALL qva_writer_commit(qva_writer* writer);
 
 /* Gives the file up: an existing one stays as it was. Null is ignored. */

@@ -24,9 +24,7 @@ constexpr std::array kFailures = {DiagnosticCode::FileNotOpened,       Diagnosti
 
 constexpr std::int64_t kMaxOfKind = 10;
 
-bool IsFailure(DiagnosticCode code) {
-  return std::find(kFailures.begin(), kFailures.end(), code) != kFailures.end();
-}
+bool IsFailure(DiagnosticCode code) { return std::ranges::find(kFailures, code) != kFailures.end(); }
 
 std::string AsJson(const Utf8Diagnostic& diagnostic) {
   return JsonLine([&](JsonWriter& json) {

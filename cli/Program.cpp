@@ -164,29 +164,25 @@ bool Fits(RecordKind kind, KindUse use) {
   return isRead && isWritten;
 }
 
-RecordKind KindAt(std::size_t index) { return static_cast<RecordKind>(index); }
-
 }  // namespace
 
 std::string KindNames(KindUse use) {
   std::string names;
   for (std::size_t index = 0; index < kRecordKindCount; ++index)
-    if (Fits(KindAt(index), use))
-      names.append(names.empty() ? "" : ", ").append(RecordTypeOf(KindAt(index)).name);
+    if (const auto kind = static_cast<RecordKind>(index); Fits(kind, use))
+      names.append(names.empty() ? "" : ", ").append(RecordTypeOf(kind).name);
   return names;
 }
 
 RecordKind KindForUse(const std::string& name, KindUse use) {
   const std::string choice = "; the kind is one of " + KindNames(use);
   if (name.empty()) throw UsageError("--kind is missing" + choice);
-  for (std::size_t index = 0; index < kRecordKindCount; ++index) {
-    const RecordKind kind = KindAt(index);
-    if (RecordTypeOf(kind).name != name) continue;
-    if (Fits(kind, use)) return kind;
-    throw UsageError("--kind " + name + ": this kind is only ever " +
-                     (IsImported(kind) ? "read" : "written") + choice);
-  }
-  throw UsageError("--kind " + name + ": there is no such kind" + choice);
+  const auto found = std::ranges::find(RecordTypes(), name, &RecordType::name);
+  if (found == RecordTypes().end()) throw UsageError("--kind " + name + ": there is no such kind" + choice);
+  const auto kind = static_cast<RecordKind>(found - RecordTypes().begin());
+  if (Fits(kind, use)) return kind;
+  throw UsageError("--kind " + name + ": this kind is only ever " + (IsImported(kind) ? "read" : "written") +
+                   choice);
 }
 
 std::span<const RecordType> KindsFor(const std::string& name) {

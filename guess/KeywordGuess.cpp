@@ -17,9 +17,8 @@ std::string PlainWord(std::string_view text) {
 
 bool Knows(const RecordType& type, std::string_view keyword) {
   if (FindFieldOfColumn(type, keyword) != nullptr) return true;
-  const std::vector<KindColumn> columns = AllColumns(type);
-  return std::any_of(columns.begin(), columns.end(),
-                     [&](const KindColumn& known) { return known.column->keyword == keyword; });
+  return std::ranges::any_of(AllColumns(type),
+                             [&](const KindColumn& known) { return known.column->keyword == keyword; });
 }
 
 namespace {
@@ -73,9 +72,9 @@ bool Reads(const RecordType& type, std::string_view keyword) {
 
 /// Whether a format of these columns is one of another kind.
 bool BelongsElsewhere(const RecordType& type, const std::vector<std::string>& keywords) {
-  return std::any_of(RecordTypes().begin(), RecordTypes().end(), [&](const RecordType& kind) {
-    return &kind != &type && std::all_of(keywords.begin(), keywords.end(),
-                                         [&](const std::string& keyword) { return Knows(kind, keyword); });
+  return std::ranges::any_of(RecordTypes(), [&](const RecordType& kind) {
+    const auto isKnown = [&](const std::string& keyword) { return Knows(kind, keyword); };
+    return &kind != &type && std::ranges::all_of(keywords, isKnown);
   });
 }
 
@@ -118,9 +117,7 @@ std::vector<KeywordGuess> GuessKeywords(const RecordType& type, const std::vecto
 std::string_view GuessKind(const RecordType& type, const std::vector<std::string>& keywords) {
   const auto isKnown = [&](const std::string& keyword) { return Knows(type, keyword); };
   const auto isForeign = [&](const std::string& keyword) { return OnlyNear(type, keyword).empty(); };
-  if (std::any_of(keywords.begin(), keywords.end(), isKnown) ||
-      std::count_if(keywords.begin(), keywords.end(), isForeign) < 2)
-    return {};
+  if (std::ranges::any_of(keywords, isKnown) || std::ranges::count_if(keywords, isForeign) < 2) return {};
   std::vector<std::string_view> kinds;
   for (const RecordType& kind : RecordTypes())
     if (std::all_of(keywords.begin(), keywords.end(), [&](const auto& word) { return Reads(kind, word); }))

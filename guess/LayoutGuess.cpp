@@ -60,8 +60,8 @@ class Sample {
   std::size_t Size() const { return rows_.size(); }
 
   std::size_t Filled(const SplitRules& layout) const {
-    return static_cast<std::size_t>(std::count_if(
-        rows_.begin(), rows_.end(), [&](std::string_view row) { return Fills(row, layout, columns_); }));
+    const auto fits = [&](std::string_view row) { return Fills(row, layout, columns_); };
+    return static_cast<std::size_t>(std::ranges::count_if(rows_, fits));
   }
 
   Width UsualWidth(const SplitRules& layout) const { return qv::UsualWidth(rows_, layout); }
@@ -91,8 +91,8 @@ class Sample {
   }
 
   bool HasQuoted(const SplitRules& layout) const {
-    return std::any_of(rows_.begin(), rows_.end(),
-                       [&](std::string_view row) { return CountQuoted(PlainFields(row, layout)) > 0; });
+    return std::ranges::any_of(
+        rows_, [&](std::string_view row) { return CountQuoted(PlainFields(row, layout)) > 0; });
   }
 
   /// Whether the layout does not take the words of a text ("Plate 3") for fields: there are more than two
@@ -212,8 +212,7 @@ bool IsNumber(std::string_view field) {
 
 std::size_t CountMeanings(const Headings& headings, const std::vector<std::string>& fields) {
   const auto keywords = headings.KeywordsFor(fields);
-  return keywords.size() -
-         static_cast<std::size_t>(std::count(keywords.begin(), keywords.end(), std::string(kIgnore)));
+  return keywords.size() - static_cast<std::size_t>(std::ranges::count(keywords, kIgnore));
 }
 
 /// How much speaks for a layout; what comes first counts for more.

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -343,8 +344,7 @@ std::vector<Candidate> CandidatesFor(const std::string& fields, const TextCoding
   std::vector<Candidate> candidates;
   const auto add = [&](const char* name, std::string text, const std::optional<Fit>& fit) {
     if (!fit) return;
-    const auto same = std::find_if(candidates.begin(), candidates.end(),
-                                   [&](const Candidate& known) { return known.text == text; });
+    const auto same = std::ranges::find(candidates, text, &Candidate::text);
     if (same == candidates.end())
       candidates.push_back({name, std::move(text), *fit});
     else if (fit->likelihood > same->fit.likelihood)
@@ -356,9 +356,7 @@ std::vector<Candidate> CandidatesFor(const std::string& fields, const TextCoding
       add(encoding.name, *text, BestFit(fields, *text, encoding));
   const std::string now = current.Decode(fields);
   add("", now, BestFit(fields, now, {"", kLanguages}));
-  std::sort(candidates.begin(), candidates.end(), [](const Candidate& left, const Candidate& right) {
-    return left.fit.likelihood > right.fit.likelihood;
-  });
+  std::ranges::sort(candidates, std::greater(), [](const Candidate& known) { return known.fit.likelihood; });
   for (Candidate& candidate : candidates)
     if (candidate.text == now) candidate.name.clear();
   return candidates;

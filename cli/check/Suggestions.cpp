@@ -306,9 +306,8 @@ class Survey {
       if (!taken.insert(place).second) return false;
       if (place != index) places.emplace(index, place);
     }
-    if (places.empty() || std::any_of(places.begin(), places.end(),
-                                      [&](const auto& entry) { return !places.contains(entry.second); }))
-      return false;
+    const auto isTaken = [&](const auto& entry) { return places.contains(entry.second); };
+    if (places.empty() || !std::ranges::all_of(places, isTaken)) return false;
     for (const auto& [index, place] : places) {
       const std::string heading = coding_.Decode(headers[index]), meaning = ToUtf8(columns_[place].keyword);
       AddMisplaced(index, heading,

@@ -137,10 +137,8 @@ void WarnOfUnknownColumns(Session& session, const FormatFile& formats, const For
                           std::span<const RecordType> kinds) {
   for (const std::string& column : SplitList(wishes.columns)) {
     const std::string keyword(KeywordOf(column));
-    if (keyword == kIgnore || std::any_of(kinds.begin(), kinds.end(), [&](const RecordType& kind) {
-          return Knows(kind, FromUtf8(keyword));
-        }))
-      continue;
+    const auto isKnown = [&](const RecordType& kind) { return Knows(kind, FromUtf8(keyword)); };
+    if (keyword == kIgnore || std::ranges::any_of(kinds, isKnown)) continue;
     const std::string who = kinds.size() == 1 ? "the kind " + std::string(kinds[0].name) : "no kind";
     session.diagnostics.Warn({formats.Path(), 0, column, DiagnosticCodeName(DiagnosticCode::UnknownColumn),
                               column,

@@ -31,7 +31,7 @@ int RunOptions(Session& session, OptionsOptions& options) {
     throw FileError({"", 0, "", "no-dialog", "", reason});
   // The dialog may have something to ask, and whoever sees it can answer.
   SetMessageBoxHandler(nullptr, nullptr);
-  // A file that is not there yet is nothing to remark on: the dialog is there to make it.
+  // One that nobody named and that is not there yet is nothing to remark on: the dialog is there to make it.
   session.diagnostics.Ignore(DiagnosticCode::ConfigurationMissing);
   ReleaseInterruptions();  // a window that waits for its user has nothing to clear
   CAssemblyFileMgr manager;

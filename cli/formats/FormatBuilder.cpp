@@ -18,17 +18,15 @@
 #include <array>
 #include <charconv>
 #include <set>
+#include <sstream>
 #include <string_view>
 
 namespace qv {
 
 std::vector<std::string> SplitList(const std::string& list) {
   std::vector<std::string> entries;
-  for (std::size_t start = 0; start < list.size();) {
-    const std::size_t comma = std::min(list.find(',', start), list.size());
-    entries.push_back(list.substr(start, comma - start));
-    start = comma + 1;
-  }
+  std::istringstream text(list);
+  for (std::string entry; std::getline(text, entry, ',');) entries.push_back(entry);
   return entries;
 }
 
@@ -86,8 +84,7 @@ std::vector<std::string> CheckedColumns(const std::string& list) {
 }
 
 FormatItem& ItemOf(OptionForm& form, const std::string& name) {
-  const auto found = std::find_if(form.Items.begin(), form.Items.end(),
-                                  [&](const FormatItem& item) { return item.Name == name; });
+  const auto found = std::ranges::find(form.Items, name, &FormatItem::Name);
   return found != form.Items.end() ? *found : form.Items.emplace_back(FormatItem{name, std::string(kAbsent)});
 }
 

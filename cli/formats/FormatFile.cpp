@@ -104,9 +104,8 @@ std::string FormatFile::NotFound() const {
 }
 
 const OptionForm* FormatFile::Lookup(const std::string& name) const {
-  for (const OptionForm& form : List().Formats)
-    if (form.Name == name) return &form;
-  return nullptr;
+  const auto found = std::ranges::find(List().Formats, name, &OptionForm::Name);
+  return found == List().Formats.end() ? nullptr : &*found;
 }
 
 const OptionForm& FormatFile::Find(const std::string& utf8Name) const {
