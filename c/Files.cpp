@@ -188,8 +188,7 @@ qva_status QVA_CALL qva_reader_open(qva_manager* manager, int32_t kind, const ch
 }
 
 qva_status QVA_CALL qva_reader_header_count(qva_reader* reader, int32_t* count) {
-  return Guarded(
-      [&] { Given(count, "count") = static_cast<int32_t>(Given(reader, "reader").headers.size()); });
+  return Guarded([&] { Give(count, "count", Given(reader, "reader").headers.size()); });
 }
 
 qva_status QVA_CALL qva_reader_header(qva_reader* reader, int32_t index, char* buffer, int32_t size,

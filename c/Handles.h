@@ -126,6 +126,12 @@ Object& Given(Object* pointer, const char* what) {
   return *pointer;
 }
 
+/// Hands a number out through a pointer argument.
+template <class Number, class Value>
+void Give(Number* pointer, const char* what, Value value) {
+  Given(pointer, what) = static_cast<Number>(value);
+}
+
 /// Hands a text out as all functions of the interface do.
 qva_status GiveText(std::string_view utf8, char* buffer, std::int32_t size, std::int32_t* needed);
 

@@ -150,7 +150,7 @@ qva_status QVA_CALL qva_kind_find(const char* name, int32_t* kind) {
     const auto kinds = qv::RecordTypes();
     const auto found = std::ranges::find(kinds, wanted, &qv::RecordType::name);
     if (found == kinds.end()) Fail(QVA_NOT_FOUND, "there is no kind " + qv::Quoted(wanted));
-    Given(kind, "kind") = static_cast<int32_t>(found - kinds.begin());
+    Give(kind, "kind", found - kinds.begin());
   });
 }
 
@@ -159,7 +159,7 @@ qva_status QVA_CALL qva_kind_abilities(int32_t kind, int32_t* abilities) {
 }
 
 qva_status QVA_CALL qva_field_count(int32_t type, int32_t* count) {
-  return Guarded([&] { Given(count, "count") = static_cast<int32_t>(TypeOf(type).fields.size()); });
+  return Guarded([&] { Give(count, "count", TypeOf(type).fields.size()); });
 }
 
 qva_status QVA_CALL qva_field_find(int32_t type, const char* name, int32_t* field) {
@@ -167,7 +167,7 @@ qva_status QVA_CALL qva_field_find(int32_t type, const char* name, int32_t* fiel
     const qv::RecordType& record = TypeOf(type);
     const qv::RecordField* const found = qv::FindField(record, &Given(name, "name"));
     if (found == nullptr) Fail(QVA_NOT_FOUND, std::string(record.name) + " has no field " + qv::Quoted(name));
-    Given(field, "field") = static_cast<int32_t>(found - record.fields.data());
+    Give(field, "field", found - record.fields.data());
   });
 }
 
@@ -188,8 +188,7 @@ qva_status QVA_CALL qva_field_type(int32_t type, int32_t field, int32_t* field_t
 }
 
 qva_status QVA_CALL qva_field_capacity(int32_t type, int32_t field, int32_t* capacity) {
-  return Guarded(
-      [&] { Given(capacity, "capacity") = static_cast<int32_t>(FieldOf(TypeOf(type), field).capacity); });
+  return Guarded([&] { Give(capacity, "capacity", FieldOf(TypeOf(type), field).capacity); });
 }
 
 qva_status QVA_CALL qva_field_elements(int32_t type, int32_t field, int32_t* element_type) {

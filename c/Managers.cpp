@@ -147,7 +147,7 @@ qva_status QVA_CALL qva_manager_decimal_comma(qva_manager* manager, int32_t when
 
 qva_status QVA_CALL qva_diagnostics_count(qva_manager* manager, int32_t* count, int64_t* lost) {
   return Guarded([&] {
-    Given(count, "count") = static_cast<int32_t>(Given(manager, "manager").diagnostics.size());
+    Give(count, "count", Given(manager, "manager").diagnostics.size());
     if (lost != nullptr) *lost = manager->lostDiagnostics;
   });
 }
@@ -180,9 +180,7 @@ qva_status QVA_CALL qva_formats_load(qva_manager* manager, const char* path) {
 }
 
 qva_status QVA_CALL qva_formats_count(qva_manager* manager, int32_t* count) {
-  return Guarded([&] {
-    Given(count, "count") = static_cast<int32_t>(Given(manager, "manager").formats.Formats.size());
-  });
+  return Guarded([&] { Give(count, "count", Given(manager, "manager").formats.Formats.size()); });
 }
 
 qva_status QVA_CALL qva_formats_find(qva_manager* manager, const char* name, int32_t* format) {
@@ -204,8 +202,7 @@ qva_status QVA_CALL qva_format_is_part_name_only(qva_manager* manager, int32_t f
 }
 
 qva_status QVA_CALL qva_format_column_count(qva_manager* manager, int32_t format, int32_t* count) {
-  return Guarded(
-      [&] { Given(count, "count") = static_cast<int32_t>(qv::ColumnsOf(FormOf(manager, format)).size()); });
+  return Guarded([&] { Give(count, "count", qv::ColumnsOf(FormOf(manager, format)).size()); });
 }
 
 qva_status QVA_CALL qva_format_column(qva_manager* manager, int32_t format, int32_t column, char* buffer,

@@ -90,7 +90,7 @@ qva_status QVA_CALL qva_record_get_text(const qva_record* record, int32_t field,
 
 qva_status QVA_CALL qva_record_get_integer(const qva_record* record, int32_t field, int32_t* value) {
   return Guarded(
-      [&] { Given(value, "value") = Get<int32_t>(record, FieldOf(record, field, {FieldType::Int})); });
+      [&] { Give(value, "value", Get<int32_t>(record, FieldOf(record, field, {FieldType::Int}))); });
 }
 
 qva_status QVA_CALL qva_record_get_number(const qva_record* record, int32_t field, double* value) {
@@ -102,7 +102,7 @@ qva_status QVA_CALL qva_record_get_number(const qva_record* record, int32_t fiel
 
 qva_status QVA_CALL qva_record_get_flag(const qva_record* record, int32_t field, int32_t* value) {
   return Guarded(
-      [&] { Given(value, "value") = Get<int32_t>(record, FieldOf(record, field, {FieldType::Bool})); });
+      [&] { Give(value, "value", Get<int32_t>(record, FieldOf(record, field, {FieldType::Bool}))); });
 }
 
 qva_status QVA_CALL qva_record_set_text(qva_record* record, int32_t field, const char* text) {
@@ -135,10 +135,8 @@ qva_status QVA_CALL qva_record_set_flag(qva_record* record, int32_t field, int32
 }
 
 qva_status QVA_CALL qva_record_list_size(const qva_record* record, int32_t field, int32_t* size) {
-  return Guarded([&] {
-    const RecordField& list = FieldOf(record, field, {FieldType::List});
-    Given(size, "size") = static_cast<int32_t>(list.count(record->object));
-  });
+  return Guarded(
+      [&] { Give(size, "size", FieldOf(record, field, {FieldType::List}).count(record->object)); });
 }
 
 qva_status QVA_CALL qva_record_list_resize(qva_record* record, int32_t field, int32_t size) {
