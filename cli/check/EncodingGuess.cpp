@@ -223,10 +223,7 @@ class LanguageFit {
     if (maxRun_ > 0 && word_.run > maxRun_) isPossible_ = false;
     (isAscii ? word_.ascii : word_.others) += 1;
     word_.endsSmall = !isCapital;
-    if (!isAscii) Weigh(c);
-  }
-
-  void Weigh(char32_t c) {
+    if (isAscii) return;
     const auto own = alphabet_.find(c);
     if (own != alphabet_.end()) {
       own_ += 1;

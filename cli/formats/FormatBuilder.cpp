@@ -88,11 +88,6 @@ FormatItem& ItemOf(OptionForm& form, const std::string& name) {
   return found != form.Items.end() ? *found : form.Items.emplace_back(FormatItem{name, std::string(kAbsent)});
 }
 
-// The dialog never offers two of the keywords: they are ignored columns there and get their place afterwards.
-std::string SequenceEntry(const std::string& column) {
-  return std::string(IsShownName(column) ? KeywordOf(column) : kIgnore);
-}
-
 void PlaceHiddenColumns(OptionForm& form, const std::vector<std::string>& columns) {
   std::string ignored;
   for (std::size_t position = 0; position < columns.size(); ++position) {
@@ -102,9 +97,10 @@ void PlaceHiddenColumns(OptionForm& form, const std::vector<std::string>& column
   ItemOf(form, std::string(kIgnore)).Order = ignored.empty() ? kAbsent : ignored;
 }
 
-void AddToSequence(FormatOptionModel& model, const std::string& entry) {
+// The dialog never offers two of the keywords: they are ignored columns there and get their place afterwards.
+void AddToSequence(FormatOptionModel& model, const std::string& column) {
   const auto& plan = model.Columns().PlanItems();
-  const auto found = std::find(plan.begin(), plan.end(), entry);
+  const auto found = std::ranges::find(plan, IsShownName(column) ? KeywordOf(column) : kIgnore);
   model.Add({static_cast<std::size_t>(found - plan.begin())});
 }
 
@@ -130,7 +126,7 @@ OptionForm BuildFormat(const FormatWishes& wishes) {
   model.Controls() = ControlsFor(wishes);
   std::string complaint;
   if (!model.StoreForm(complaint)) throw UsageError(ToUtf8(complaint));
-  for (const std::string& column : columns) AddToSequence(model, SequenceEntry(column));
+  for (const std::string& column : columns) AddToSequence(model, column);
   OptionForm form = model.Form();
   PlaceHiddenColumns(form, columns);
   for (const std::string& setting : wishes.settings) ApplySetting(form, setting);
@@ -164,10 +160,6 @@ void TakeDelimiter(FormatWishes& wishes, char delimiter) {
   if (isOther) wishes.otherDelimiters = delimiter;
 }
 
-void TakeQualifier(FormatWishes& wishes, char qualifier) {
-  wishes.qualifier = qualifier == '"' ? "double" : qualifier == '\0' ? "none" : "single";
-}
-
 /// The headings of a text file, after its layout has been found as far as the user does not give it.
 std::vector<std::string> TextHeadings(FormatWishes& wishes, const Utf8Path& file, const RecordType& type,
                                       Session& session) {
@@ -184,7 +176,8 @@ std::vector<std::string> TextHeadings(FormatWishes& wishes, const Utf8Path& file
          "the columns are not separated by commas, but a .csv file always is; name the "
          "file .txt"});
   if (!wishes.delimiters && wishes.otherDelimiters.empty()) TakeDelimiter(wishes, found.delimiter);
-  if (!wishes.qualifier) TakeQualifier(wishes, found.qualifier);
+  if (!wishes.qualifier)
+    wishes.qualifier = found.qualifier == '"' ? "double" : found.qualifier == '\0' ? "none" : "single";
   if (!wishes.startLine) wishes.startLine = static_cast<int>(found.headerLine);
   if (!isGiven) return found.headings;
   const auto header = static_cast<std::size_t>(std::max(*wishes.startLine, 1)) - 1;

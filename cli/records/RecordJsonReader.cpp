@@ -15,6 +15,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -249,7 +250,7 @@ class RecordsBuilder final : public rapidjson::BaseReaderHandler<rapidjson::UTF8
     const Level level = Now();
     levels_.pop_back();
     if (level == Level::Document) {
-      if (std::find(documentKeys_.begin(), documentKeys_.end(), "records") == documentKeys_.end())
+      if (!documentKeys_.contains("records"))
         Throw("records", "json-missing-key", "", "the document has no records");
       return true;
     }
@@ -427,9 +428,8 @@ class RecordsBuilder final : public rapidjson::BaseReaderHandler<rapidjson::UTF8
     documentKey_ = name;
     if (!IsDocumentKey(name))
       Throw(documentKey_, "json-unknown-key", documentKey_, "a document of records has no such key");
-    if (std::find(documentKeys_.begin(), documentKeys_.end(), name) != documentKeys_.end())
+    if (!documentKeys_.insert(documentKey_).second)
       Throw(documentKey_, "json-duplicate-key", documentKey_, "the key is there twice");
-    documentKeys_.push_back(documentKey_);
     return true;
   }
 
@@ -463,7 +463,7 @@ class RecordsBuilder final : public rapidjson::BaseReaderHandler<rapidjson::UTF8
   std::vector<Level> levels_ = {Level::Top};
   std::vector<OpenRecord> open_;  // the record and, inside a list, its element
   std::string documentKey_;
-  std::vector<std::string> documentKeys_;
+  std::set<std::string> documentKeys_;
   bool isWhole_ = false;
 };
 
@@ -475,23 +475,12 @@ void ReadValue(RecordsBuilder& builder, JsonSource& source, rapidjson::Reader& r
   if (result.IsError()) builder.ThrowMalformed(rapidjson::GetParseError_En(result.Code()));
 }
 
-void ReadInto(RecordsBuilder& builder, JsonSource& source) {
-  rapidjson::Reader reader;
-  std::int64_t line = 1;
-  for (source.SkipBlanks(); !source.AtEnd(); source.SkipBlanks()) {
-    if (builder.IsWhole())
-      throw FileError(
-          {source.Name(), line, "", "json-malformed", "", "there is more after the end of the records"});
-    ReadValue(builder, source, reader);
-    line = source.Line();
-  }
-}
-
 }  // namespace
 
 void ReadRecordsJson(const std::string& name, OpenFile& file, const RecordType& type,
                      const TextCoding& coding, const WarningHandler& warn, const RecordHandler& take) {
   JsonSource source(name, file);
+  rapidjson::Reader reader;
   RecordsBuilder builder(source, type, coding, warn, take);
   source.SkipBlanks();
   if (source.AtEnd()) {
@@ -499,7 +488,12 @@ void ReadRecordsJson(const std::string& name, OpenFile& file, const RecordType& 
     warn({source.Name(), 0, "", "no-records", "", "there are no records"});
   }
   try {
-    ReadInto(builder, source);
+    for (std::int64_t line = 1; !source.AtEnd(); source.SkipBlanks()) {
+      if (builder.IsWhole())
+        throw FileError({name, line, "", "json-malformed", "", "there is more after the end of the records"});
+      ReadValue(builder, source, reader);
+      line = source.Line();
+    }
   } catch (const FileError&) {
     source.CheckRead();  // what could not be read to its end looks like JSON that breaks off
     throw;
