@@ -1,5 +1,6 @@
 #include "format/FormatConfiguration.h"
 
+#include "format/DefaultHeaderKeywords.h"
 #include "tests/support/CaseFile.h"
 #include "tests/support/DiagnosticLog.h"
 #include "tests/support/FakeFileSystem.h"
@@ -8,8 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstring>
 #include <string>
 
 namespace {
@@ -21,10 +20,6 @@ class FormatConfigurationTest : public testing::Test {
     log_.Remarks.clear();
     return LoadFromFile(configuration_, path.c_str());
   }
-  bool LoadFormat(const std::string& attributes, const std::string& children = "") {
-    return Load("<CSVOptionSetting Current='a'><OptionForm Name='a' " + attributes + ">" + children +
-                "</OptionForm></CSVOptionSetting>");
-  }
   const FormatList& List() const { return *configuration_.Formats; }
   const OptionForm& First() const { return List().Formats.at(0); }
 
@@ -33,25 +28,19 @@ class FormatConfigurationTest : public testing::Test {
   FormatConfiguration configuration_;
 };
 
-TEST_F(FormatConfigurationTest, ReadsEveryField) {
-  ASSERT_TRUE(
-      Load("<?xml version='1.0' encoding='UTF-8'?>\n"
-           "<CSVOptionSetting Current='Laser'>\n"
-           "  <OptionForm Name='Laser' Line='3' Delimiters='Semicolon,Other' Other='|' Qualifier='1'"
-           " TreatAsOne='true' Part='Path'><PartName Order='1'/><Ignore Order='0,2,'/></OptionForm>\n"
-           "  <OptionForm/>\n"
-           "</CSVOptionSetting>\n"));
-  EXPECT_EQ(log_.Codes(), "");
-  EXPECT_EQ(List().CurrentFormat, "Laser");
-  ASSERT_EQ(List().Formats.size(), 2U);
-  EXPECT_EQ(FormatLine(First()), "Laser: 3 Semicolon,Other [|] 1 Path: PartName=1 Ignore=0,2,");
-  EXPECT_TRUE(First().TreatAsOne);
-  ASSERT_EQ(First().Items.size(), 33U);
-  EXPECT_EQ(First().Items[2].Name + First().Items[2].Order, "PartNumber-1");
-  const OptionForm& bare = List().Formats[1];
-  EXPECT_EQ(FormatLine(bare), ": 0  [] 0 :");
-  EXPECT_FALSE(bare.TreatAsOne);
-  EXPECT_EQ(bare.Items.size(), 33U);
+TEST_F(FormatConfigurationTest, LoadsAsTheCasesSay) {
+  for (const TestCase& c : ReadTestCases("format/cases")) {
+    SCOPED_TRACE(c.name);
+    ASSERT_TRUE(Load(c.Text("file")));
+    std::vector<std::string> formats;
+    for (const OptionForm& form : List().Formats) {
+      formats.push_back(FormatLine(form) + (form.TreatAsOne ? " as one" : ""));
+      EXPECT_GE(form.Items.size(), DefaultHeaderKeywords.size());
+    }
+    EXPECT_EQ(List().CurrentFormat, c.Setting("current", ""));
+    EXPECT_EQ(formats, c.Lines("formats"));
+    EXPECT_EQ(log_.Codes(), c.Setting("remarks", ""));
+  }
 }
 
 TEST_F(FormatConfigurationTest, TakesAttributesAsFarAsTheyGo) {
@@ -60,7 +49,8 @@ TEST_F(FormatConfigurationTest, TakesAttributesAsFarAsTheyGo) {
     for (const std::string attribute : {"Line", "Qualifier", "TreatAsOne"}) {
       if (isNumber == (attribute == "TreatAsOne")) continue;
       SCOPED_TRACE(attribute + " " + row[1]);
-      ASSERT_TRUE(LoadFormat(attribute + "='" + row[1] + "'"));
+      ASSERT_TRUE(
+          Load("<CSVOptionSetting><OptionForm " + attribute + "='" + row[1] + "'/></CSVOptionSetting>"));
       const int value = !isNumber             ? First().TreatAsOne
                         : attribute == "Line" ? First().StartLine
                                               : First().Qualifier;
@@ -70,47 +60,6 @@ TEST_F(FormatConfigurationTest, TakesAttributesAsFarAsTheyGo) {
   }
 }
 
-TEST_F(FormatConfigurationTest, TakesEveryChildOfAFormatAsAnItem) {
-  const struct {
-    const char* children;
-    const char* names;
-    const char* attributes = "";
-  } cases[] = {
-      {"<PartName Order='0'/>\n\t<Mine/>", "PartName0 Mine "},
-      {"<!-- why --><PartName Order='0'/>", "#comment PartName0 "},
-      {"text<![CDATA[x]]><?pi Order='1'?>", "#text #cdata-section pi "},
-      {"<PartName Order='0'/><PartName Order='1'/>", "PartName0 PartName1 "},
-      {"<OptionForm Order='1'><PartName Order='0'/></OptionForm>", "OptionForm1 "},
-      {" <PartName Order='0'> </PartName>", "#text PartName0 ", "xml:space='preserve'"},
-  };
-  for (const auto& test : cases) {
-    SCOPED_TRACE(test.children);
-    ASSERT_TRUE(LoadFormat(test.attributes, test.children));
-    const auto named =
-        static_cast<std::size_t>(std::count(test.names, test.names + std::strlen(test.names), ' '));
-    std::string names;
-    for (std::size_t i = 0; i < named; ++i) names += First().Items[i].Name + First().Items[i].Order + " ";
-    EXPECT_EQ(names, test.names);
-  }
-}
-
-TEST_F(FormatConfigurationTest, SkipsWhatIsNoFormat) {
-  ASSERT_TRUE(
-      Load("<CSVOptionSetting><!-- x --><Other/>text<optionform Name='c'/><OptionForm Name='a' Line='1'/>"
-           "<OptionForm Name='b'/><OptionForm Name='a' Line='2'/></CSVOptionSetting>"));
-  EXPECT_EQ(List().CurrentFormat, "");
-  ASSERT_EQ(List().Formats.size(), 2U);
-  EXPECT_EQ(First().Name, "a");
-  EXPECT_EQ(First().StartLine, 2) << "the later one of a name, in the earlier one's place";
-}
-
-TEST_F(FormatConfigurationTest, TakesAnyRootButSaysSo) {
-  ASSERT_TRUE(Load("<Settings Current='x'><OptionForm Name='x'/></Settings>"));
-  EXPECT_EQ(List().CurrentFormat, "x");
-  EXPECT_EQ(First().Name, "x");
-  EXPECT_EQ(log_.Codes(), "configuration-invalid");
-}
-
 TEST_F(FormatConfigurationTest, KeepsTheListWhenThereIsNoPath) {
   configuration_.Formats = FormatList{"mine", {}};
   EXPECT_FALSE(LoadFromFile(configuration_, nullptr));
@@ -118,51 +67,33 @@ TEST_F(FormatConfigurationTest, KeepsTheListWhenThereIsNoPath) {
   EXPECT_EQ(List().CurrentFormat, "mine");
 }
 
-TEST_F(FormatConfigurationTest, FallsBackOnTheBuiltInFormatAndSaysWhy) {
-  configuration_.Formats = FormatList{"mine", {}};
+TEST_F(FormatConfigurationTest, AMissingFileIsToldAndNotMade) {
   const std::string missing = folder_ / "missing.xml";
   EXPECT_TRUE(LoadFromFile(configuration_, missing.c_str()));
-  EXPECT_EQ(List().CurrentFormat, "Form1");
-  EXPECT_EQ(log_.Codes(), "configuration-missing");
-  EXPECT_EQ(log_.Remarks[0].file, missing);
-  EXPECT_EQ(folder_.Names().size(), 0U) << "nothing is written";
-
-  EXPECT_TRUE(Load("<CSVOptionSetting>\n  <OptionForm Name='a'></CSVOptionSetting>"));
-  EXPECT_EQ(First().Name, "Form1");
-  EXPECT_EQ(log_.Codes(), "configuration-invalid");
+  EXPECT_EQ(log_.Remarks.at(0).file, missing);
+  EXPECT_EQ(folder_.Names().size(), 0U);
 }
 
 TEST_F(FormatConfigurationTest, TellsWhyAndWhereNothingWasRead) {
   using qv::XmlProblem;
-  const struct {
-    qv::XmlError error;
-    const char *current, *code, *message;
-  } cases[] = {
-      {{XmlProblem::MissingFile, 0, 0, "gone"},
-       "Form1",
-       "configuration-missing",
-       "The format file is missing (gone); the built-in format is used."},
+  const std::pair<qv::XmlError, const char*> cases[] = {
+      {{XmlProblem::MissingFile, 0, 0, "gone"}, "missing (gone); the built-in format is used."},
       {{XmlProblem::Unreadable, 2, 5, "odd"},
-       "Form1",
-       "configuration-invalid",
-       "The format file cannot be read at line 2, column 5 (odd); the built-in format is used."},
-      {{XmlProblem::NoComponent, 0, 0, "no parser"},
-       "mine",
-       "configuration-invalid",
-       "The format file cannot be read (no parser); the formats stay as they were."},
-  };
-  for (const auto& test : cases) {
-    SCOPED_TRACE(test.message);
+       "cannot be read at line 2, column 5 (odd); the built-in format is used."},
+      {{XmlProblem::NoComponent, 0, 0, "no"}, "cannot be read (no); the formats stay as they were."}};
+  for (const auto& [error, message] : cases) {
+    SCOPED_TRACE(message);
+    const bool isMissing = error.problem == XmlProblem::MissingFile;
+    const bool hasParser = error.problem != XmlProblem::NoComponent;
     configuration_.Formats = FormatList{"mine", {}};
     log_.Remarks.clear();
     qv::LoadedFormats loaded;
-    loaded.error = test.error;
-    EXPECT_EQ(qv::TakeFormats(configuration_, loaded, "a.xml"),
-              test.error.problem != XmlProblem::NoComponent);
-    EXPECT_EQ(List().CurrentFormat, test.current);
-    EXPECT_EQ(log_.Codes(), test.code);
-    EXPECT_EQ(log_.Remarks.at(0).line, test.error.line);
-    EXPECT_EQ(log_.Remarks.at(0).message, test.message);
+    loaded.error = error;
+    EXPECT_EQ(qv::TakeFormats(configuration_, loaded, "a.xml"), hasParser);
+    EXPECT_EQ(List().CurrentFormat, hasParser ? "Form1" : "mine");
+    EXPECT_EQ(log_.Codes(), isMissing ? "configuration-missing" : "configuration-invalid");
+    EXPECT_EQ(log_.Remarks.at(0).line, error.line);
+    EXPECT_TRUE(log_.Remarks.at(0).message.ends_with(message)) << log_.Remarks.at(0).message;
   }
 }
 
@@ -172,7 +103,7 @@ FormatList Sample() {
                        "Tab,Other",
                        "\t|'\n",
                        2,
-                       false,
+                       true,
                        "Path",
                        {{"C-CutPunch", "3"}, {"Ignore", "0,2,"}, {"Mine", " x "}}};
   OptionForm bare;
@@ -192,29 +123,14 @@ TEST_F(FormatConfigurationTest, ReadsBackWhatItSaved) {
   FormatConfiguration loaded;
   ASSERT_TRUE(LoadFromFile(loaded, path.c_str()));
   EXPECT_EQ(log_.Codes(), "");
-  const FormatList saved = Sample();
-  EXPECT_EQ(loaded.Formats->CurrentFormat, saved.CurrentFormat);
-  ASSERT_EQ(loaded.Formats->Formats.size(), saved.Formats.size());
-  for (std::size_t i = 0; i < saved.Formats.size(); ++i)
-    EXPECT_EQ(FormatLine(loaded.Formats->Formats[i]), FormatLine(saved.Formats[i]));
-}
-
-TEST_F(FormatConfigurationTest, ASavedFlagReadsBackClear) {
-  OptionForm form;
-  form.TreatAsOne = true;
-  configuration_.Formats = FormatList{"", {form}};
-  const std::string path = folder_ / "saved.xml";
-  ASSERT_TRUE(SaveToFile(configuration_, path.c_str()));
+  EXPECT_EQ(loaded.Formats->CurrentFormat, "nowhere");
+  const std::vector<OptionForm>& before = configuration_.Formats->Formats;
+  const std::vector<OptionForm>& after = loaded.Formats->Formats;
+  ASSERT_EQ(after.size(), before.size());
+  for (std::size_t i = 0; i < before.size(); ++i) EXPECT_EQ(FormatLine(after[i]), FormatLine(before[i]));
+  // The word that is saved is another than the one that is read.
   EXPECT_NE(TemporaryFolder::Read(path).find("TreatAsOne=\"1\""), std::string::npos);
-  ASSERT_TRUE(LoadFromFile(configuration_, path.c_str()));
-  EXPECT_FALSE(First().TreatAsOne);
-}
-
-TEST_F(FormatConfigurationTest, SavesAnAbsentListAsAnEmptyOne) {
-  const std::string path = folder_ / "saved.xml";
-  ASSERT_TRUE(SaveToFile(FormatConfiguration(), path.c_str()));
-  ASSERT_TRUE(LoadFromFile(configuration_, path.c_str()));
-  EXPECT_EQ(List().Formats.size(), 0U);
+  EXPECT_FALSE(after[0].TreatAsOne);
 }
 
 TEST_F(FormatConfigurationTest, WritesNothingWhenANodeCannotBe) {

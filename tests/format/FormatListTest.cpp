@@ -1,12 +1,7 @@
 #include "format/FormatList.h"
 
-#include "format/DefaultHeaderKeywords.h"
-#include "format/FormatConfiguration.h"
-#include "tests/support/FormatText.h"
-
 #include <gtest/gtest.h>
 
-#include <set>
 #include <string>
 
 namespace {
@@ -51,17 +46,6 @@ TEST(FormatListTest, KeepsNamesUnique) {
   EXPECT_EQ(NamesAndLines(list), "a4 b2 A3 c5 ");
 }
 
-TEST(FormatListTest, ACopyIsOnesOwn) {
-  FormatList list{"", {Named("a")}};
-  OptionForm copy;
-  ASSERT_TRUE(FindFormat(list, "a", copy));
-  copy.Items[0].Order = "7";
-  EXPECT_EQ(list.Formats[0].Items[0].Order, "0");
-  AddFormat(list, &copy);
-  copy.Items.clear();
-  EXPECT_EQ(list.Formats[0].Items[0].Order, "7");
-}
-
 TEST(FormatListTest, CompletesAFormatWithEveryKeywordOnce) {
   OptionForm form;
   form.Items = {{"Customer", "1"}, {"PartName", "0"}, {"partname", "2"}, {"Mine", "3"}};
@@ -75,27 +59,6 @@ TEST(FormatListTest, CompletesAFormatWithEveryKeywordOnce) {
 
   CompleteWithKeywords(form);
   EXPECT_EQ(form.Items.size(), 35U) << "a second time adds nothing";
-}
-
-TEST(FormatListTest, TheKeywordsAreDistinctAndCanBeElements) {
-  const std::set<std::string_view> distinct(DefaultHeaderKeywords.begin(), DefaultHeaderKeywords.end());
-  EXPECT_EQ(distinct.size(), 33U);
-}
-
-TEST(FormatListTest, TheBuiltInFormatHasNoColumnYet) {
-  FormatConfiguration configuration;
-  configuration.Formats = FormatList{"x", {Named("x"), Named("y")}};
-  EXPECT_TRUE(CreateDefaultConfiguration(configuration));
-  ASSERT_EQ(configuration.Formats->Formats.size(), 1U);
-  const OptionForm& form = configuration.Formats->Formats[0];
-  EXPECT_EQ(configuration.Formats->CurrentFormat, "Form1");
-  EXPECT_EQ(FormatLine(form), "Form1: 2 Tab,Comma [] 0 Name:");
-  EXPECT_FALSE(form.TreatAsOne);
-  ASSERT_EQ(form.Items.size(), 33U);
-  for (std::size_t i = 0; i < form.Items.size(); ++i) {
-    EXPECT_EQ(form.Items[i].Name, DefaultHeaderKeywords[i]);
-    EXPECT_EQ(form.Items[i].Order, "-1");
-  }
 }
 
 }  // namespace
