@@ -4,6 +4,7 @@
 #include "platform/CodePage.h"
 #include "platform/FileSystem.h"
 #include "support/CaseFile.h"
+#include "support/FormatText.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -101,17 +102,16 @@ TEST(OddFiles, AreReadCheckedAndConverted) {
   EXPECT_GT(files, 40);
 }
 
-std::string FormatText(const std::string& columns, const std::string& attributes) {
-  const auto either = [&](const std::string& key, const char* value) {
-    return attributes.find(key) == std::string::npos ? " " + key + "=\"" + value + "\"" : std::string();
-  };
+/// A format file of the columns, with these attributes where they are not the usual ones.
+std::string FormatsOf(const std::string& columns, std::string attributes) {
+  for (const auto& [key, value] : {std::pair("Line", "1"), {"Delimiters", "Tab,"}, {"Qualifier", "2"}})
+    if (attributes.find(key) == std::string::npos)
+      attributes += std::string(" ") + key + "=\"" + value + "\"";
   std::string items;
   std::istringstream keywords(columns);
   for (auto [keyword, rank] = std::pair(std::string(), 0); std::getline(keywords, keyword, ','); ++rank)
-    items += "<" + keyword + " Order=\"" + std::to_string(rank) + "\"/>";
-  return "<CSVOptionSetting Current=\"f\"><OptionForm Name=\"f\"" + either("Line", "1") +
-         either("Delimiters", "Tab,") + either("Qualifier", "2") + " " + attributes + ">" + items +
-         "</OptionForm></CSVOptionSetting>";
+    items += keyword + "=" + std::to_string(rank) + " ";
+  return FormatFile("f", FormatElement("f", items, attributes));
 }
 
 std::string Suggested(const Json& report) {
@@ -123,7 +123,7 @@ std::string Suggested(const Json& report) {
 
 TEST(Suggestions, NameTheEncodingThatTextsAreOf) {
   const TemporaryFolder folder;
-  folder.Write("AssemblyFormats.xml", FormatText("PartName,PartQuantity", ""));
+  folder.Write("AssemblyFormats.xml", FormatsOf("PartName,PartQuantity", ""));
   for (const auto& row : ReadTable("cli/tables/encodings.table")) {
     if (row[4] == "posix" && kEndOfText >= 0) continue;
     const auto text = EncodeText("a\tb\n" + row[2] + "\n", row[0]);
@@ -139,7 +139,7 @@ TEST(Suggestions, AreThoseOfTheTable) {
   const TemporaryFolder folder;
   for (const auto& row : ReadTable("cli/tables/suggestions.table")) {
     if (row[5] == "posix" && kEndOfText >= 0) continue;
-    folder.Write("AssemblyFormats.xml", FormatText(row[1], row[2]));
+    folder.Write("AssemblyFormats.xml", FormatsOf(row[1], row[2]));
     const Outcome check = RunOn(
         {"--encoding", "utf-8", "check", "--kind", row[0], "--as", "json", folder.Write("a.txt", row[3])});
     const std::string messages = Suggested(Json::parse(check.out));
@@ -161,9 +161,9 @@ class GoodFile {
       text_ += Of({"List of parts", "", "2026-12-01", "ERP 4.1"}) + "\n";
     AddLine(Headings(), delimiter, isWrapped);
     for (std::size_t row = 0; row < rows; ++row) AddLine(Row(), delimiter, isWrapped);
-    format_ = FormatText(Keywords(), "Line=\"" + std::to_string(preamble + 1) +
-                                         "\" Delimiters=\"Other,\" Other=\"" +
-                                         (delimiter == "\t" ? "&#9;" : delimiter) + "\" Qualifier=\"0\"");
+    format_ =
+        FormatsOf(Keywords(), "Line=\"" + std::to_string(preamble + 1) + "\" Delimiters=\"Other,\" Other=\"" +
+                                  (delimiter == "\t" ? "&#9;" : delimiter) + "\" Qualifier=\"0\"");
   }
 
   std::string Kind() const { return std::string(type_->name); }
@@ -221,22 +221,12 @@ class GoodFile {
   }
 
   std::string Everyday(const std::string& keyword) {
-    static const std::map<std::string, std::vector<std::string>> kNames = {
-        {"PartName", {"Teil", "Bezeichnung", "Part", "Benennung", "Artikel", "Name"}},
-        {"PartNumber", {"Teile-Nr.", "Drawing No", "Artikelnummer", "Artikel", "Name", "Teil"}},
-        {"PartQuantity", {"Menge", "QTY", "Stück", "Anzahl"}},
-        {"Quantity", {"Bestand", "Menge", "Stk"}},
-        {"MaterialType", {"Werkstoff", "Material", "Güte"}},
-        {"MatName", {"Material", "Werkstoff"}},
-        {"MaterialThickness", {"Dicke", "Thk.", "Stärke (mm)"}},
-        {"Thickness", {"Dicke", "Blechdicke", "t"}},
-        {"PartComment", {"Bemerkung", "Notes", "Text"}},
-        {"Customer", {"Kunde", "Client", "Name"}},
-        {"SizeX", {"Länge", "Length"}},
-        {"SizeY", {"Breite", "Width"}},
-        {"ID", {"Nummer", "Tool No"}}};
-    const auto known = kNames.find(keyword);
-    return known == kNames.end() ? Vague() : known->second[random_() % known->second.size()];
+    static const auto kNames = ReadTable("cli/tables/everyday-headings.table");
+    for (const auto& row : kNames)
+      if (row[0] == keyword)
+        return row[1 + random_() %
+                           static_cast<std::size_t>(std::find(row.begin(), row.end(), "") - row.begin() - 1)];
+    return Vague();
   }
 
   std::string Cell(const KindColumn& known) {

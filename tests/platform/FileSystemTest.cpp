@@ -60,21 +60,8 @@ TEST(FileSystemTest, PassesEveryByteThrough) {
   const auto out = PlatformFiles().Open(folder / "a", OpenMode::Write, reason);
   EXPECT_TRUE(out->Write(bytes) && out->Flush() && out->Close());
   EXPECT_EQ(TemporaryFolder::Read(folder / "a"), bytes);
-
-  const auto in = PlatformFiles().Open(folder / "a", OpenMode::Read, reason);
-  std::string read(bytes.size() + 1, '\0');
-  EXPECT_EQ(in->Read(read.data(), read.size()), static_cast<std::ptrdiff_t>(bytes.size()));
-  EXPECT_EQ(in->Read(read.data(), read.size()), 0);
-  read.pop_back();
-  EXPECT_EQ(read, bytes);
-}
-
-TEST(FileSystemTest, ReadsAFileOrItsStart) {
-  const TemporaryFolder folder;
-  const std::string bytes(100'000, 'x'), path = folder.Write("a", bytes);
-  std::string reason;
-  EXPECT_EQ(qv::ReadFile(path, reason), bytes);
-  EXPECT_EQ(qv::ReadFile(path, reason, 7), "xxxxxxx");
+  EXPECT_EQ(qv::ReadFile(folder / "a", reason), bytes);
+  EXPECT_EQ(qv::ReadFile(folder / "a", reason, 300), bytes.substr(0, 300));
   EXPECT_EQ(qv::ReadFile(folder / "none", reason), std::nullopt);
   EXPECT_NE(reason, "");
 }

@@ -17,7 +17,6 @@ class ProfileFileTest : public testing::Test {
   bool Write(const std::string& value) const {
     return qv::WriteProfileText(folder_ / "Setting.ini", "CsvXlsFormat", "DefaultFormat", value);
   }
-  std::string Content() const { return TemporaryFolder::Read(folder_ / "Setting.ini"); }
 
   TemporaryFolder folder_;
 };
@@ -28,14 +27,6 @@ TEST_F(ProfileFileTest, FindsTheValue) {
     folder_.Write("Setting.ini", row[1]);
     EXPECT_EQ(Read(), row[2]);
   }
-}
-
-TEST_F(ProfileFileTest, AMissingFileReadsAsEmptyAndIsCreated) {
-  EXPECT_EQ(Read(), "");
-  EXPECT_TRUE(Write("Form1"));
-  EXPECT_EQ(Read(), "Form1");
-  EXPECT_TRUE(Write(""));
-  EXPECT_EQ(Read(), "");
 }
 
 TEST_F(ProfileFileTest, WritesWhatItReadsBack) {

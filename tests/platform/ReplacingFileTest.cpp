@@ -69,17 +69,6 @@ TEST(ReplacingFileTest, MakesTheContentDurableBeforeItReplaces) {
                                                    "flush " + working, "close " + working, "replace a"}));
 }
 
-TEST(ReplacingFileTest, RefusesToCommitAfterAFailedWrite) {
-  FakeFileSystem files;
-  files.FailAt(1, "write");
-  ReplacingFile file("a", WorkingPlace::BesideTarget);
-  EXPECT_TRUE(file.Open());
-  EXPECT_FALSE(file.Write("x"));
-  EXPECT_FALSE(file.Write("y"));
-  EXPECT_FALSE(file.Commit());
-  EXPECT_EQ(file.Reason(), FakeFileSystem::kReason);
-}
-
 TEST(ReplacingFileTest, TakesWhatAnotherComponentWrote) {
   FakeFileSystem files;
   {

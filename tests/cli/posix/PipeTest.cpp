@@ -1,12 +1,17 @@
-#include "cli/Program.h"
+#include "cli/RunProgram.h"
+#include "cli/SpawnProgram.h"
+#include "support/CaseFile.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <signal.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <thread>
 
 // A pipe gives its bytes once, to whoever opens it first: no command looks twice, and none waits for more.
@@ -14,61 +19,58 @@
 namespace qv {
 namespace {
 
-constexpr const char* kFormats =
-    "<CSVOptionSetting Current=\"f\"><OptionForm Name=\"f\" Line=\"1\"><PartName Order=\"0\"/></OptionForm>"
-    "</CSVOptionSetting>";
+constexpr const char* kList = "name,qty\nA1,5\n";
 
-constexpr const char* kParts = "name\nA1\n";
+class PipeTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    folder_.Write("list.csv", kList);
+    folder_.Write("out.csv", "old");
+    folder_.Write("f.xml", kOneFormat);
+    ASSERT_EQ(::mkfifo((folder_ / "pipe.csv").c_str(), 0600), 0);
+    std::filesystem::current_path(folder_ / ".");
+  }
+  void TearDown() override { std::filesystem::current_path("/"); }
 
-TEST(Pipes, AreReadOnce) {
-  const TemporaryFolder folder;
-  const std::string list = folder.Write("list.csv", kParts);
-  const std::string config = folder.Write("f.xml", kFormats);
-  const std::string pipe = folder / "in.csv";
-  const std::string file = folder / "out.csv";
-  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-  const struct {
-    const char* written;  // to the pipe; null: nothing is read from it
-    std::vector<std::string> arguments;
-    int code;
-    std::string output;  // a part of it
-  } cases[] = {
-      {kParts, {"check", "--kind", "parts", "--config", config, pipe}, 0, "1 record, nothing to remark on"},
-      {kParts,
-       {"import", "--kind", "parts", "--config", config, "--as", "jsonl", pipe},
-       0,
-       "{\"PartName\":\"A1\""},
-      {kParts, {"headers", "--config", config, pipe}, 0, "name\n"},
-      {kParts, {"convert", "--kind", "parts", "--config", config, pipe, file}, 0, ""},
-      {nullptr, {"check", "--kind", "parts", "--config", config, "--rejects", file, pipe}, 2, "--rejects"},
-      {nullptr, {"convert", "--strict", "--kind", "parts", "--config", config, list, pipe}, 2, "--strict"},
-      {nullptr, {"format-name", "set", pipe, "f"}, 3, "pipe"},
-      {kFormats, {"formats", "list", "--config", pipe}, 0, "f"},
-      {kFormats,
-       {"import", "--kind", "parts", "--config", pipe, "--as", "jsonl", list},
-       0,
-       "{\"PartName\":\"A1\""},
-      {"<a>\n<b></a>",
-       {"formats", "list", "--config", pipe},
-       3,
-       ":2: the format file cannot be read: column 6: "},
-      {nullptr, {"formats", "use", "--config", pipe, "f"}, 3, "pipe"},
-      {nullptr, {"options", "--config", pipe}, 3, "pipe"},
-  };
-  for (const auto& test : cases) {
-    SCOPED_TRACE(test.arguments.front());
+  const TemporaryFolder folder_;
+};
+
+TEST_F(PipeTest, IsReadOnce) {
+  for (const auto& row : ReadTable("cli/tables/pipes.table")) {
+    SCOPED_TRACE(row[1]);
     std::thread writer([&] {
-      if (test.written != nullptr) std::ofstream(pipe) << test.written;
+      const std::string text = row[0] == "list" ? kList : row[0] == "formats" ? kOneFormat : row[0];
+      if (!text.empty()) std::ofstream("pipe.csv") << text;
     });
-    std::vector<std::string> arguments = {"qvassembly"};
-    arguments.insert(arguments.end(), test.arguments.begin(), test.arguments.end());
-    std::istringstream in;
-    std::ostringstream out;
-    EXPECT_EQ(RunProgram(arguments, Streams{in, out, out}), test.code);
-    EXPECT_NE(out.str().find(test.output), std::string::npos) << out.str();
+    const Outcome run = RunOn(SplitArguments(row[1]));
+    EXPECT_EQ(run.code, std::stoi(row[2]));
+    EXPECT_NE((run.out + run.error).find(row[3]), std::string::npos) << run.out << run.error;
     writer.join();
   }
-  EXPECT_EQ(TemporaryFolder::Read(file), "\"PartName\",\n\"A1\"\n");
+  EXPECT_EQ(TemporaryFolder::Read("out.csv"), "\"PartName\",\"PartQuantity\",\n\"A1\",\"5\"\n");
+}
+
+// The program itself, in the middle of a list that never ends.
+TEST_F(PipeTest, ASignalClearsUpAndEndsTheProgram) {
+  const std::set<std::string> names = folder_.Names();
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+      ::execl(QV_PROGRAM, QV_PROGRAM, "convert", "--kind", "parts", "--config", "f.xml", "pipe.csv",
+              "out.csv", nullptr);
+      ::_exit(127);
+    }
+    std::ofstream list("pipe.csv");
+    list << kList << std::flush;
+    while (folder_.Names() == names) ::usleep(1000);  // until there is a working file
+    ::kill(child, signal);
+    list.close();  // a read that starts after the signal would wait for ever
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal) << status;
+    EXPECT_EQ(folder_.Names(), names);
+    EXPECT_EQ(TemporaryFolder::Read("out.csv"), "old");
+  }
 }
 
 }  // namespace
