@@ -1,18 +1,12 @@
 #include "guess/Headings.h"
 #include "guess/LayoutGuess.h"
 #include "support/CaseFile.h"
+#include "support/FilledRecord.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace qv {
 namespace {
-
-const RecordType& TypeNamed(const std::string& name) {
-  return *std::find_if(RecordTypes().begin(), RecordTypes().end(),
-                       [&](const RecordType& type) { return type.name == name; });
-}
 
 std::string Joined(const std::vector<std::string>& words) {
   std::string joined;
@@ -27,7 +21,7 @@ std::string Described(const LayoutProposal& layout) {
 
 TEST(Guess, FindsLayoutAndColumnsOfTheTable) {
   for (const auto& row : ReadTable("guess/tables/proposals.table")) {
-    const RecordType& type = TypeNamed(row[0]);
+    const RecordType& type = RecordTypeOf(KindNamed(row[0]));
     const LayoutProposal layout = ProposeLayout(SampleLines(row[1], true), type);
     EXPECT_EQ(Described(layout), row[2]) << row[1];
     EXPECT_EQ(Joined(ProposeColumns(type, layout.headings)), row[3]) << row[1];

@@ -2,6 +2,7 @@
 #include "host/CInterface.h"
 #include "support/CaseFile.h"
 #include "support/DiagnosticLog.h"
+#include "support/FilledRecord.h"
 #include "support/FormatText.h"
 #include "support/Host.h"
 #include "support/Trickle.h"
@@ -147,15 +148,11 @@ class CaseTest : public testing::TestWithParam<TestCase> {
   void SetUp() override {
     formats = folder.Write("formats.xml", FormatOf(GetParam()));
     manager.LoadFormatConfiguration(formats.c_str());
-    const std::string name = GetParam().Setting("kind", "");
-    for (const qv::RecordType& known : qv::RecordTypes())
-      if (known.name == name) type = &known;
-    ASSERT_NE(type, nullptr) << name;
-    list = &kLists[static_cast<std::size_t>(Kind())];
+    kind = qv::KindNamed(GetParam().Setting("kind", ""));
+    type = &qv::RecordTypeOf(kind);
+    list = &kLists[static_cast<std::size_t>(kind)];
     path = folder / GetParam().Setting("file", "");
   }
-
-  RecordKind Kind() const { return static_cast<RecordKind>(type - qv::RecordTypes().data()); }
 
   int Count() { return (manager.*list->count)(); }
 
@@ -186,7 +183,7 @@ class CaseTest : public testing::TestWithParam<TestCase> {
   std::vector<std::string> CheckImportInC(const TestCase& c) {
     qva::Manager through;
     through.loadFormats(formats);
-    qva::Reader reader = through.read(path, static_cast<qva::Kind>(Kind()));
+    qva::Reader reader = through.read(path, static_cast<qva::Kind>(kind));
     if (c.Has("headers")) {
       std::vector<std::string> headers = reader.headers();
       for (std::string& header : headers) header = qv::FromUtf8(header);
@@ -205,9 +202,9 @@ class CaseTest : public testing::TestWithParam<TestCase> {
   std::vector<std::string> CheckExportInC(const TestCase& c) {
     qva::Manager through;
     through.loadFormats(formats);
-    qva::Writer writer = through.write(path, static_cast<qva::Kind>(Kind()));
+    qva::Writer writer = through.write(path, static_cast<qva::Kind>(kind));
     for (const AnyRecord& record : RecordsOf(c, *type)) {
-      qva::Record given(static_cast<qva::Kind>(Kind()));
+      qva::Record given(static_cast<qva::Kind>(kind));
       c_interface::Give(*type, record.Pointer(), given);
       writer.put(given);
     }
@@ -220,7 +217,7 @@ class CaseTest : public testing::TestWithParam<TestCase> {
   void CheckReading() {
     std::vector<json> held, read;
     for (int index = 0; index < Count(); ++index) held.push_back(ToJson(list->at(manager, index), *type));
-    AnyRecordReader reader(manager, Kind(), path.c_str());
+    AnyRecordReader reader(manager, kind, path.c_str());
     while (void* const record = reader.Next()) read.push_back(ToJson(record, *type));
     EXPECT_FALSE(reader.HasFailed());
     EXPECT_EQ(read, held);
@@ -231,7 +228,7 @@ class CaseTest : public testing::TestWithParam<TestCase> {
   void CheckExport(const TestCase& c, bool singly) {
     std::vector<AnyRecord> records = RecordsOf(c, *type);
     if (singly) {
-      AnyRecordWriter writer(manager, Kind(), path.c_str());
+      AnyRecordWriter writer(manager, kind, path.c_str());
       for (const AnyRecord& record : records) EXPECT_TRUE(writer.Put(record.Pointer()));
       EXPECT_TRUE(writer.Commit());
     } else {
@@ -241,29 +238,18 @@ class CaseTest : public testing::TestWithParam<TestCase> {
     EXPECT_EQ(TemporaryFolder::Read(path), host::AsTextFile(c.Text("output")));
   }
 
-  static std::string RemarkOf(std::int64_t line, const std::string& column, const std::string& code) {
-    return std::to_string(line) + " " + (column.empty() ? "-" : column) + " " + code;
-  }
-
-  static std::vector<std::string> RemarksOf(const DiagnosticLog& log) {
-    std::vector<std::string> remarks;
-    for (const Diagnostic& remark : log.Remarks) {
-      remarks.push_back(RemarkOf(remark.line, remark.column, DiagnosticCodeName(remark.code)));
-      EXPECT_FALSE(remark.message.empty());
-    }
-    return remarks;
-  }
-
   static std::vector<std::string> RemarksOf(qva::Manager& through) {
     std::vector<std::string> remarks;
     for (const qva::Diagnostic& remark : through.takeDiagnostics())
-      remarks.push_back(RemarkOf(remark.line, remark.column, remark.code));
+      remarks.push_back(std::to_string(remark.line) + " " + (remark.column.empty() ? "-" : remark.column) +
+                        " " + remark.code);
     return remarks;
   }
 
   TemporaryFolder folder;
   std::string formats;
   CAssemblyFileMgr manager;
+  RecordKind kind{};
   const qv::RecordType* type = nullptr;
   const ListOperations* list = nullptr;
   std::string path;
@@ -278,7 +264,7 @@ TEST_P(CaseTest, Holds) {
       CheckExport(c, singly);
     else
       singly ? CheckReading() : CheckImport(c);
-    EXPECT_EQ(RemarksOf(log), c.Lines("diagnostics")) << (singly ? "one by one" : "as a list");
+    EXPECT_EQ(log.Lines(), c.Lines("diagnostics")) << (singly ? "one by one" : "as a list");
   }
   EXPECT_EQ(c.Has("export") ? CheckExportInC(c) : CheckImportInC(c), c.Lines("diagnostics")) << "in C";
 }

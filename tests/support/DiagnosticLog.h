@@ -22,9 +22,23 @@ class DiagnosticLog {
   /// The remarks' codes, in order: "row-left-out not-a-number".
   std::string Codes() const {
     std::string codes;
-    for (const Diagnostic& remark : Remarks) {
+    for (const Diagnostic& remark : Remarks)
       codes.append(codes.empty() ? "" : " ").append(DiagnosticCodeName(remark.code));
-    }
     return codes;
+  }
+
+  /// A line for each remark: "3 PartQuantity not-a-number", with "-" for no column.
+  std::vector<std::string> Lines() const {
+    std::vector<std::string> lines;
+    for (const Diagnostic& remark : Remarks)
+      lines.push_back(std::to_string(remark.line) + " " + (remark.column.empty() ? "-" : remark.column) +
+                      " " + DiagnosticCodeName(remark.code));
+    return lines;
+  }
+
+  std::vector<std::string> Messages() const {
+    std::vector<std::string> messages;
+    for (const Diagnostic& remark : Remarks) messages.push_back(remark.message);
+    return messages;
   }
 };

@@ -8,6 +8,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -53,11 +54,14 @@ class FakeSpreadsheet final {
   }
   bool Failed() const { return failed_; }
 
-  int CountCalls(const std::string& kind) const {
-    return static_cast<int>(std::count_if(Calls.begin(), Calls.end(), [&](const std::string& call) {
-      return call == kind || call.starts_with(kind + " ");
-    }));
+  /// The calls of these kinds, in order.
+  std::vector<std::string> CallsOf(const std::set<std::string>& kinds) const {
+    std::vector<std::string> calls;
+    for (const std::string& call : Calls)
+      if (kinds.contains(call.substr(0, call.find(' ')))) calls.push_back(call);
+    return calls;
   }
+  int CountCalls(const std::string& kind) const { return static_cast<int>(CallsOf({kind}).size()); }
 
   /// Makes a workbook file of one sheet.
   static void Store(const std::string& path, const SheetRows& rows) {

@@ -4,11 +4,20 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// Records of any kind with a value of its own in every field.
 namespace qv {
+
+/// Throws when there is no kind of that name.
+inline RecordKind KindNamed(std::string_view name) {
+  for (const RecordType& type : RecordTypes())
+    if (type.name == name) return static_cast<RecordKind>(&type - RecordTypes().data());
+  throw std::invalid_argument("no kind: " + std::string(name));
+}
 
 /// What the field reads; a list is the number of its elements, followed by what they hold.
 inline std::string ReadField(void* record, const RecordField& field) {

@@ -2,6 +2,7 @@
 
 #include "engines/workbook/CXLSAssembly.h"
 #include "engines/workbook/SheetWriter.h"
+#include "support/CaseFile.h"
 #include "workbook/RecordRows.h"
 
 #include <gtest/gtest.h>
@@ -28,33 +29,8 @@ bool Import(CAssemblyFile& engine, const char* path) {
 /// Texts of which applications like to make something else, and any others. What a column takes for its value
 /// depends on the column.
 inline Texts Samples() {
-  Texts samples = {"12",
-                   "3.5",
-                   "Y",
-                   "0012 Zürich",
-                   "0012",
-                   "=1+1",
-                   "=> see drawing",
-                   "Line",
-                   "",
-                   " x ",
-                   "no prefer",
-                   "-7",
-                   "2026-12-17",
-                   "1E5",
-                   "TRUE",
-                   "5%",
-                   "1/2",
-                   "10:30",
-                   "#N/A",
-                   "'x",
-                   "+5",
-                   "-x",
-                   "@a",
-                   "1,234",
-                   "-0",
-                   "0 1/2",
-                   "1234567890.123456"};
+  Texts samples;
+  for (const Texts& row : ReadTable("workbook/tables/samples.table")) samples.push_back(row[0]);
   constexpr std::string_view kAlphabet = "0123456789=+-.,/:%'#@ eEAPM$()";
   std::minstd_rand random(7);
   while (samples.size() < 40) {
