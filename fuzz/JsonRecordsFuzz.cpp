@@ -1,6 +1,6 @@
 #include "cli/records/RecordJson.h"
 #include "fuzz/ByteSource.h"
-#include "support/Trickle.h"
+#include "support/FakeFileSystem.h"
 
 #include <optional>
 
@@ -18,7 +18,8 @@ struct Outcome {
 };
 
 Outcome Read(const qv::RecordType& type, const std::string& text, std::size_t step) {
-  Trickle file(text, step);
+  FakeFileSystem files;
+  const auto file = files.OpenText(text, step);
   const qv::TextCoding coding;
   Outcome outcome;
   const auto add = [&](const qv::Utf8Diagnostic& told) {
@@ -27,7 +28,7 @@ Outcome Read(const qv::RecordType& type, const std::string& text, std::size_t st
   };
   try {
     std::string written;
-    qv::ReadRecordsJson("r.json", file, type, coding, add, [&](const qv::AnyRecord& record) {
+    qv::ReadRecordsJson("r.json", *file, type, coding, add, [&](const qv::AnyRecord& record) {
       qv::JsonWriter json(written);
       qv::WriteRecordJson(json, type, record.Pointer(), coding);
       written += '\n';

@@ -31,27 +31,15 @@ constexpr Example kExamples[] = {
     {qva::Kind::MaterialLibrary, "material-library", "material-library.csv"},
 };
 
-std::string ValueOf(const qva::Record& record, std::int32_t field, std::int32_t type) {
-  switch (type) {
-    case QVA_TEXT:
-      return record.text(field);
-    case QVA_INTEGER:
-      return std::to_string(record.integer(field));
-    case QVA_NUMBER:
-      return std::to_string(record.number(field));
-    case QVA_FLAG:
-      return record.flag(field) ? "yes" : "no";
-    default:
-      return "list";
-  }
-}
-
+/// Its texts and numbers.
 std::string ValuesOf(const qva::Record& record, qva::Kind kind) {
   std::string values;
   std::int32_t type = 0;
   for (std::int32_t field = 0; qva_field_type(static_cast<std::int32_t>(kind), field, &type) == QVA_OK;
-       ++field)
-    values += ValueOf(record, field, type) + "|";
+       ++field) {
+    if (type == QVA_TEXT) values += record.text(field) + "|";
+    if (type == QVA_INTEGER || type == QVA_NUMBER) values += std::to_string(record.number(field)) + "|";
+  }
   return values;
 }
 

@@ -1,7 +1,7 @@
 #include "cli/records/RecordJson.h"
 #include "support/CaseFile.h"
+#include "support/FakeFileSystem.h"
 #include "support/FilledRecord.h"
-#include "support/Trickle.h"
 
 #include <gtest/gtest.h>
 
@@ -24,10 +24,11 @@ std::string Told(const Utf8Diagnostic& diagnostic) {
 Outcome Read(const std::string& json, RecordKind kind = RecordKind::Parts, std::size_t step = 7,
              const TextCoding& coding = {}) {
   Outcome outcome;
-  Trickle file(json, step);
+  FakeFileSystem files;
+  const auto file = files.OpenText(json, step);
   try {
     ReadRecordsJson(
-        "r.json", file, RecordTypeOf(kind), coding,
+        "r.json", *file, RecordTypeOf(kind), coding,
         [&](const Utf8Diagnostic& diagnostic) { outcome.warnings += Told(diagnostic) + ";"; },
         [&](AnyRecord record) { outcome.records.push_back(std::move(record)); });
   } catch (const FileError& error) {

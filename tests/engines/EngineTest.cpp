@@ -1,6 +1,9 @@
 #include "engines/CAssemblyFile.h"
+#include "engines/columns/ColumnTables.h"
 #include "engines/text/CTxtAssembly.h"
 #include "support/CaseFile.h"
+#include "support/DiagnosticLog.h"
+#include "support/FakeFileSystem.h"
 #include "support/FormatText.h"
 #include "support/Host.h"
 
@@ -48,6 +51,38 @@ TEST(Engine, QualifiesAndDelimits) {
       EXPECT_EQ(cell, engine == &text ? row[3] : "\"a\",") << row[1];
     }
   }
+}
+
+TEST(Reading, KeepsWhatCameBeforeAFailureAndTellsIt) {
+  for (int call = 1; call <= 2; ++call) {
+    FakeFileSystem files;
+    files.Contents["parts.csv"] = "name,qty\nA1,5\n";
+    files.LargestRead = 12;  // the header row and a part's name
+    files.FailAt(call, "read");
+    DiagnosticLog log;
+    CTxtAssembly engine;
+    engine.Delimiters = "Comma";
+    engine.Columns(RecordKind::Parts) = {"PartName"};
+    EXPECT_TRUE(engine.ImportParts("parts.csv"));
+    EXPECT_EQ(engine.StagedRecords.Of<PartInformation>().Size(), call == 1 ? 0u : 1u);
+    EXPECT_EQ(log.Codes(), "file-not-opened");
+  }
+}
+
+// Keywords that no format file can hold, for an XML tag ends at a blank and has no slash.
+TEST(Columns, KeywordsBeyondTheFormatFile) {
+  FakeFileSystem files;
+  files.Contents["m.csv"] = "h\n1,2\n";
+  CCSVAssembly engine;
+  engine.Columns(RecordKind::Materials) = {"Ignore", "OUTSIDECUTOUTS-EXCEEDSY "};
+  engine.ImportMaterials("m.csv");
+  EXPECT_EQ(engine.StagedRecords.Of<MaterialInfomation>()[0]->GetOutsideCutouts_ExceedsY(), 2.0f);
+
+  CCSVAssembly writer;
+  writer.Columns(RecordKind::Parts) = {"c-cut/punch", "RectangularTrueShape", "RECTANGULAR/TRUESHAPE"};
+  writer.Export("p.csv");
+  EXPECT_EQ(files.Contents["p.csv"], "\"c-cut/punch\",\"RectangularTrueShape\",\"RECTANGULAR/TRUESHAPE\"," +
+                                         std::string(qv::kLineEnd));
 }
 
 TEST(EngineFactory, GoesByTheExtension) {

@@ -1,6 +1,6 @@
 #include "engines/text/LineReader.h"
 
-#include "support/Trickle.h"
+#include "support/FakeFileSystem.h"
 #include "text/Phrases.h"
 
 #include <gtest/gtest.h>
@@ -10,8 +10,10 @@
 
 namespace {
 
-std::vector<std::string> LinesOf(qv::OpenFile& file) {
-  qv::LineReader reader(file);
+std::vector<std::string> LinesOf(const std::string& text, std::size_t step) {
+  FakeFileSystem files;
+  const auto file = files.OpenText(text, step);
+  qv::LineReader reader(*file);
   std::vector<std::string> lines;
   for (std::string_view line; reader.Next(line);) lines.emplace_back(line);
   EXPECT_EQ(reader.LineNumber(), static_cast<std::int64_t>(lines.size()));
@@ -21,18 +23,17 @@ std::vector<std::string> LinesOf(qv::OpenFile& file) {
 TEST(LineReader, EndsLinesAtLfAndCrLf) {
   const std::string text = "one\ntwo\r\n\r\n\nlone\rcr\r\r\nlast\r";
   const std::vector<std::string> lines = {"one", "two", "", "", "lone\rcr\r", "last\r"};
-  for (const std::size_t step : {1u, 2u, 3u, 7u, 100u}) {
-    Trickle file(text, step);
-    EXPECT_EQ(LinesOf(file), lines) << "read " << step << " bytes at a time";
-  }
+  for (const std::size_t step : {1u, 2u, 3u, 7u, 100u})
+    EXPECT_EQ(LinesOf(text, step), lines) << "read " << step << " bytes at a time";
 }
 
 // Old programs fill the last block of a file up with the byte that ends a text.
 TEST(LineReader, TellsTextBehindTheEndByteFromFilling) {
   for (const std::size_t step : {1u, 2u, 3u, 100u})
     for (const bool goesOn : {false, true}) {
-      Trickle file(std::string("a\nb") + std::string(5, '\x1a') + (goesOn ? "c\n" : ""), step);
-      qv::LineReader reader(file, 0x1A);
+      FakeFileSystem files;
+      const auto file = files.OpenText("a\nb" + std::string(5, '\x1a') + (goesOn ? "c\n" : ""), step);
+      qv::LineReader reader(*file, 0x1A);
       std::string_view line;
       ASSERT_TRUE(reader.Next(line) && reader.Next(line));
       EXPECT_EQ(line, "b");
@@ -43,8 +44,7 @@ TEST(LineReader, TellsTextBehindTheEndByteFromFilling) {
 
 TEST(LineReader, GrowsForALongLine) {
   const std::string longLine(3'000'000, 'x');
-  Trickle file("a\n" + longLine + "\nb\n", 100'000);
-  EXPECT_EQ(LinesOf(file), (std::vector<std::string>{"a", longLine, "b"}));
+  EXPECT_EQ(LinesOf("a\n" + longLine + "\nb\n", 100'000), (std::vector<std::string>{"a", longLine, "b"}));
 }
 
 // A person gets to see it, so it never ends inside a character of UTF-8.

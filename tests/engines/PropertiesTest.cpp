@@ -1,6 +1,7 @@
 #include "engines/CAssemblyFile.h"
 #include "engines/RecordStreams.h"
 #include "engines/columns/RecordFields.h"
+#include "engines/columns/Words.h"
 #include "format/Delimiters.h"
 #include "support/DiagnosticLog.h"
 #include "support/FakeFileSystem.h"
@@ -43,20 +44,6 @@ const Kind kKinds[] = {
       "ClampPosition"}},
 };
 
-/// The numbers that have a word in files; another one is not brought back.
-const std::map<std::string_view, std::vector<int>> kChoices = {
-    {"ToolType", {1, 3, 103, 104, 105, 106, 107, 108, 109, 110}},
-    {"PierceType", {0, 1, 2, 3, 4, 5}},
-    {"AfterCutConditionsInformation", {0, 1, 2}},
-    {"CustomPeri_ComCutting_Style", {0, 1, 2}},
-    {"DwellBeforePierce", {0, 1}},
-    {"DwellAfterPierce", {0, 1}},
-    {"PeriNotchReliefLeadInType", {0, 1}},
-    {"PeriNotchReliefLeadOutType", {0, 1}},
-    {"SplitSheetLeadInType", {0, 1}},
-    {"SplitSheetLeadOutType", {0, 1}},
-};
-
 struct Setting {
   std::string path;
   OptionForm form;
@@ -97,8 +84,10 @@ std::string AnyText(Random& random) {
 /// A text is put into `text`.
 FieldValue AnyValue(Random& random, const RecordField& field, std::string& text) {
   const auto whole = static_cast<int>(random()) >> (random() % 32);
-  if (const auto choice = kChoices.find(field.stem); choice != kChoices.end())
-    return choice->second[random() % choice->second.size()];
+  // Of choices, a number that has no word is not brought back.
+  if (const WordTable* const choices = field.columns[0].readWords;
+      choices != nullptr && field.type == FieldType::Int)
+    return choices->words[random() % choices->words.size()].value;
   switch (field.type) {
     case FieldType::Int:
       return whole;

@@ -1,11 +1,12 @@
 #include "cli/records/RecordJson.h"
 #include "host/CInterface.h"
+#include "platform/FileSystem.h"
 #include "support/CaseFile.h"
 #include "support/DiagnosticLog.h"
+#include "support/FakeFileSystem.h"
 #include "support/FilledRecord.h"
 #include "support/FormatText.h"
 #include "support/Host.h"
-#include "support/Trickle.h"
 
 #include <QVAssemblyFile/QVAssemblyFile.h>
 
@@ -124,10 +125,11 @@ json ToJson(void* record, const qv::RecordType& type) {
 std::vector<AnyRecord> RecordsOf(const TestCase& c, const qv::RecordType& type) {
   std::string text;
   for (const std::string& line : c.Lines("export")) text += line + "\n";
-  Trickle file(text, text.size());
+  FakeFileSystem files;
+  const auto file = files.OpenText(text, text.size());
   std::vector<AnyRecord> records;
   qv::ReadRecordsJson(
-      c.file, file, type, kUtf8, [](const qv::Utf8Diagnostic&) {},
+      c.file, *file, type, kUtf8, [](const qv::Utf8Diagnostic&) {},
       [&](AnyRecord record) { records.push_back(std::move(record)); });
   return records;
 }
@@ -257,6 +259,7 @@ class CaseTest : public testing::TestWithParam<TestCase> {
 
 TEST_P(CaseTest, Holds) {
   const TestCase& c = GetParam();
+  if (c.Setting("system", "") == "windows" && qv::kEndOfText < 0) GTEST_SKIP() << "no byte ends a text here";
   SCOPED_TRACE(c.file + ":" + std::to_string(c.lineNumber) + ": " + c.name);
   for (const bool singly : {false, true}) {
     const DiagnosticLog log;

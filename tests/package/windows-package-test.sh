@@ -63,6 +63,13 @@ LIST
 diff -r "$source/examples" "$package/share/doc/QVAssemblyFile/examples" || miss "the examples are others"
 for file in "$package"/share/doc/QVAssemblyFile/licences/*; do [ -s "$file" ] || miss "$file is empty"; done
 
+echo "the properties of the libraries"
+version=$(sed -n 's/^set(PACKAGE_VERSION "\(.*\)")$/\1/p' "$package"/lib/cmake/QVAssemblyFile/QVAssemblyFileConfigVersion.cmake)
+# property NAME: what the properties of the library call so.
+property() { strings -el "$package/bin/QVAssemblyFile.dll" | grep -xA1 "$1" | tail -n 1; }
+expect "the version" "$(property ProductVersion)" "$version"
+expect "the name" "$(property OriginalFilename)" QVAssemblyFile.dll
+
 check_headers "$package/include" "$compiler"
 
 echo "a host"

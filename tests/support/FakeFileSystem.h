@@ -46,6 +46,14 @@ class FakeFileSystem final : public qv::FileSystem {
   /// Whether a call was made to fail.
   bool Failed() const { return failed_; }
 
+  /// Opens a file that holds the text and hands out so many bytes at a time.
+  std::unique_ptr<qv::OpenFile> OpenText(std::string text, std::size_t step) {
+    Contents["text"] = std::move(text);
+    LargestRead = step;
+    std::string reason;
+    return Open("text", qv::OpenMode::Read, reason);
+  }
+
   /// The path that a new content of `target` is written to.
   static std::string WorkingPathOf(const std::string& target) { return target + ".working"; }
 

@@ -88,18 +88,6 @@ TEST(ComTest, LosesOnlyWhatTheCodePageCannotHold) {
             "e \x80");
 }
 
-// The platform's document refuses what could declare entities, wherever they would come from.
-TEST(ComTest, RefusesADocumentType) {
-  const TemporaryFolder folder;
-  const DiagnosticLog log;
-  FormatConfiguration configuration;
-  const std::string path = folder.Write(
-      "formats.xml", "<!DOCTYPE a [<!ENTITY b 'c'>]><CSVOptionSetting Current='&b;'></CSVOptionSetting>");
-  EXPECT_TRUE(LoadFromFile(configuration, path.c_str()));
-  EXPECT_EQ(configuration.Formats->CurrentFormat, "Form1");
-  EXPECT_EQ(log.Codes(), "configuration-invalid");
-}
-
 // Every block of memory that this process holds, those of COM objects among them.
 std::size_t BlocksInUse() {
   std::size_t blocks = 0;
@@ -140,18 +128,6 @@ TEST(ComTest, LeaksNothingOverAThousandLoads) {
   ExpectNoLeak([&] {
     for (const std::string& path : paths) EXPECT_TRUE(LoadFromFile(configuration, path.c_str()));
   });
-}
-
-TEST(ComTest, KeepsNoHandleOverAThousandSaves) {
-  const TemporaryFolder folder;
-  const ComScope scope;
-  const std::string path = folder.Write("formats.xml", kPlainFormats);
-  FormatConfiguration configuration;
-  EXPECT_TRUE(LoadFromFile(configuration, path.c_str()));
-  for (int i = 0; i < 5; ++i) EXPECT_TRUE(SaveToFile(configuration, path.c_str()));
-  const DWORD handles = HandlesInUse();
-  for (int i = 0; i < 1000; ++i) EXPECT_TRUE(SaveToFile(configuration, path.c_str()));
-  EXPECT_LE(HandlesInUse(), handles);
 }
 
 }  // namespace

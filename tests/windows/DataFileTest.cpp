@@ -116,31 +116,6 @@ TEST_F(DataFileTest, WaitsForAProcessThatLetsGoSoon) {
   EXPECT_TRUE(TemporaryFolder::Read(path).starts_with("[FMT_Name=Other]\r\n"));
 }
 
-TEST_F(DataFileTest, TakesTextAsTextFilesHereHoldIt) {
-  const struct {
-    const char* why;
-    std::string text;
-    const char* parts;
-    std::int64_t end = 0;  // the line in which the text is told to end
-  } cases[] = {
-      {"line ends of both kinds", "x\nName;Quantity\r\na;1\nb;2\r\n", "a*1 b*2 "},
-      {"a last line without an end", "x\r\nName;Quantity\r\na;1", "a*1 "},
-      {"an end-of-file character ends the text", "x\r\nName;Quantity\r\na;1\r\n\x1A\r\nb;2\r\n", "a*1 ", 3},
-      {"also within a line", "x\r\nName;Quantity\r\na;1\r\nb;2\x1A;3\r\nc;3\r\n", "a*1 b*2 ", 4},
-      {"and behind the last line", "x\r\nName;Quantity\r\na;1\r\n\x1A", "a*1 "},
-      {"a carriage return alone is a character", "x\r\nName;Quantity\r\na\rb;1\r\n", "a\rb*1 "},
-  };
-  for (const auto& test : cases) {
-    SCOPED_TRACE(test.why);
-    const DiagnosticLog log;
-    EXPECT_EQ(Import(folder_.Write("parts.txt", test.text)), test.parts);
-    std::int64_t end = 0;
-    for (const Diagnostic& remark : log.Remarks)
-      if (remark.code == DiagnosticCode::EndOfText) end = remark.line;
-    EXPECT_EQ(end, test.end);
-  }
-}
-
 TEST_F(DataFileTest, RenamingKeepsWhatStandsBehindTheTextsEnd) {
   const std::string path = folder_.Write("parts.txt", "[FMT_Name=Old]\nName;Quantity\r\na;1\n\x1A rest");
   manager_.SetCurrentFormatToFile("New", path.c_str());

@@ -56,30 +56,22 @@ SeenBox CloseNextBox() {
   return seen;
 }
 
-SeenBox ImportUnsupported() {
+TEST(MessageBoxTest, IsARealOneOfTheActiveWindowThatAPersonCloses) {
+  const HWND window = CreateWindowA("Static", "host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 100,
+                                    nullptr, nullptr, nullptr, nullptr);
+  ASSERT_NE(window, nullptr);
+  SetActiveWindow(window);
+  ASSERT_EQ(GetActiveWindow(), window);
   SeenBox seen;
   std::thread person([&] { seen = CloseNextBox(); });
   CAssemblyFileMgr manager;
   char path[] = "C:\\parts.xlsx";
   EXPECT_FALSE(manager.ImportAssemblyFile(path));
   person.join();
-  return seen;
-}
-
-TEST(MessageBoxTest, OpensARealBoxThatAPersonCloses) {
-  const SeenBox seen = ImportUnsupported();
   EXPECT_EQ(seen.text, "File Format Error!");
   EXPECT_EQ(seen.buttons, 1);
   EXPECT_FALSE(seen.hasIcon);
-}
-
-TEST(MessageBoxTest, BelongsToTheActiveWindow) {
-  const HWND window = CreateWindowA("Static", "host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 100,
-                                    nullptr, nullptr, nullptr, nullptr);
-  ASSERT_NE(window, nullptr);
-  SetActiveWindow(window);
-  ASSERT_EQ(GetActiveWindow(), window);
-  EXPECT_EQ(ImportUnsupported().owner, window);
+  EXPECT_EQ(seen.owner, window);
   EXPECT_TRUE(IsWindowEnabled(window)) << "the host goes on afterwards";
   DestroyWindow(window);
 }

@@ -33,7 +33,7 @@ TEST(WorkbookImport, ReadsAsTheCasesSay) {
     engine.ReadHeaderOnly = c.Setting("headers-only", "") == "yes";
     const Texts columns = CellsOf(c.Setting("columns", ""));
     engine.Columns(RecordKind::Parts) = columns;
-    EXPECT_TRUE(engine.ImportParts(kPath));
+    EXPECT_TRUE(engine.ImportParts(c.Setting("file", kPath).c_str()));
     EXPECT_FALSE(engine.ReadHeaderOnly);
     EXPECT_EQ(HeadersOf(engine), CellsOf(c.Setting("headers", "")));
     std::vector<Texts> records = c.Rows("records");
@@ -82,17 +82,6 @@ TEST(WorkbookImport, GoesOnWithoutAnApplication) {
   EXPECT_EQ(name, "untouched");
   EXPECT_EQ(boxes.all, (Texts{"Error", "Error"}));
   EXPECT_EQ(log.Codes(), "no-spreadsheet no-spreadsheet");
-}
-
-TEST(WorkbookImport, TellsAFileThatCannotBeOpened) {
-  FakeFileSystem files;
-  FakeSpreadsheet fake;
-  DiagnosticLog log;
-  CXLSAssembly engine;
-  EXPECT_TRUE(engine.ImportParts("missing.xls"));
-  EXPECT_EQ(log.Codes(), "file-not-opened");
-  EXPECT_EQ(log.Remarks[0].message, "cannot be read: No such file or directory");
-  EXPECT_EQ(fake.Objects + fake.Running, 0);
 }
 
 TEST(WorkbookImport, OutlivesAFailureOfEachCall) {

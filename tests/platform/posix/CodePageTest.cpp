@@ -18,8 +18,8 @@ TEST(CodePageTest, ReplacesEachIllFormedStretchOnce) {
 TEST(CodePageTest, ConvertsNamedEncodings) {
   for (const auto& row : ReadTable("platform/tables/encodings.table")) {
     SCOPED_TRACE(row[1] + " " + row[3]);
-    if (row[0] != "encode") EXPECT_EQ(qv::DecodeText(row[2], row[1]), row[3]);
-    if (row[0] != "decode") EXPECT_EQ(qv::EncodeText(row[3], row[1]), row[2]);
+    EXPECT_TRUE(row[0] == "encode" || qv::DecodeText(row[2], row[1]) == row[3]);
+    EXPECT_TRUE(row[0] == "decode" || qv::EncodeText(row[3], row[1]) == row[2]);
   }
 }
 

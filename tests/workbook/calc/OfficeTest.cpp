@@ -4,6 +4,7 @@
 #include "support/DiagnosticLog.h"
 #include "support/Host.h"
 #include "support/TemporaryFolder.h"
+#include "workbook/RecordRows.h"
 
 #include <gtest/gtest.h>
 
@@ -103,19 +104,14 @@ class Office : public testing::Test {
 TEST_F(Office, RunsOnceForEachOperation) {
   const TemporaryFolder files;
   const std::string path = files / "parts.xls";
-  CXLSAssembly out;
-  out.StartLine = 1;
-  out.Columns(RecordKind::Parts) = {"PartName"};
-  out.StagedRecords.Of<PartInformation>().Begin().SetPartName("A1");
-  out.StagedRecords.Of<PartInformation>().Keep();
+  CXLSAssembly out, in;
+  out.StartLine = in.StartLine = 1;
+  out.Columns(RecordKind::Parts) = in.Columns(RecordKind::Parts) = {"PartName"};
+  workbook::Add<PartInformation>(out, {"PartName"}, {"A1"});
   ASSERT_TRUE(out.Export(path.c_str()));
   ExpectNothingLeft();
-  CXLSAssembly in;
-  in.StartLine = 1;
-  in.Columns(RecordKind::Parts) = {"PartName"};
   EXPECT_TRUE(in.ImportParts(path.c_str()));
-  ASSERT_EQ(in.StagedRecords.Of<PartInformation>().Size(), 1u);
-  EXPECT_EQ(Text(*in.StagedRecords.Of<PartInformation>()[0], &PartInformation::GetPartName), "A1");
+  EXPECT_EQ(workbook::RowsOf<PartInformation>(in, {"PartName"}), (std::vector<workbook::Texts>{{"A1"}}));
   ExpectNothingLeft();
   EXPECT_EQ(files.Names(), (std::set<std::string>{"parts.xls"}));
 }
@@ -152,21 +148,14 @@ TEST_F(Office, GoesWithAProgramThatIsKilled) {
   ExpectNothingLeft();
 }
 
-struct MissingCase {
-  const char* variable;
-  const char* value;
-  const char* reason;
-};
-
-const MissingCase kMissingCases[] = {
-    {"QVASSEMBLY_OFFICE", "/nowhere", "LibreOffice is not installed"},
-    {"QVASSEMBLY_CALC", "/nowhere/QVAssemblyFileCalc.so",
-     "the component QVAssemblyFileCalc.so is not installed"},
-    {"QVASSEMBLY_CALC", "/dev/null", nullptr},
-};
-
 TEST(MissingOffice, IsAMissingApplication) {
-  for (const MissingCase& c : kMissingCases) {
+  const struct {
+    const char *variable, *value, *reason;
+  } cases[] = {{"QVASSEMBLY_OFFICE", "/nowhere", "LibreOffice is not installed"},
+               {"QVASSEMBLY_CALC", "/nowhere/QVAssemblyFileCalc.so",
+                "the component QVAssemblyFileCalc.so is not installed"},
+               {"QVASSEMBLY_CALC", "/dev/null", nullptr}};
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.value);
     const Variable missing(c.variable, c.value);
     std::string reason;
