@@ -30,7 +30,7 @@ const char* CharactersOf(const CString& text) { return text.GetString(); }
 const char* CharactersOf(const std::string& text) { return text.c_str(); }
 
 template <class String>
-void Change(unsigned how, String& text, String& other, const std::string& piece) {
+void Change(std::mt19937::result_type how, String& text, String& other, const std::string& piece) {
   String taken(how == 4 ? std::move(other) : String());
   if (how == 0) text = piece.c_str();
   if (how == 1) text = std::string_view(piece);
@@ -55,7 +55,7 @@ TEST(CStringTest, BehavesAsTextsDo) {
   for (int round = 0; round < 20'000; ++round) {
     const std::size_t at = random() % 4, other = random() % 4;
     const std::string piece = Letters(kLengths[random() % kLengths.size()]);
-    const unsigned how = expected[at].size() > 20'000 ? 9 : random() % 9;
+    const auto how = expected[at].size() > 20'000 ? 9 : random() % 9;
     Change(how, texts[at], texts[other], piece);
     Change(how, expected[at], expected[other], piece);
     for (std::size_t index = 0; index < 4; ++index) ExpectText(texts[index], expected[index]);
