@@ -225,13 +225,16 @@ class Host {
     const std::int32_t field = FirstTextField(kind);
     std::int64_t places[4];
     void* const arrays[] = {places};
-    std::vector<char> bytes(1 << 14);  // more than the file has
+    std::vector<char> bytes(8);  // grows until a text fits
     std::int32_t records = 0;
     qva_status status;
-    while ((status = qva_reader_fetch(reader, &field, 1, 2, arrays, bytes.data(), 1 << 14, &records)) ==
-           QVA_OK)
+    while ((status = qva_reader_fetch(reader, &field, 1, 2, arrays, bytes.data(),
+                                      static_cast<std::int64_t>(bytes.size()), &records)) == QVA_OK ||
+           status == QVA_SHORT_BUFFER) {
       for (std::int32_t row = 0; row < records; ++row)
         texts.emplace_back(bytes.data() + places[2 * row], static_cast<std::size_t>(places[2 * row + 1]));
+      if (status == QVA_SHORT_BUFFER) bytes.resize(2 * bytes.size());
+    }
     qva_reader_close(reader);
     if (status != QVA_END) return std::nullopt;
     return texts;

@@ -1,4 +1,5 @@
 #include "engines/CAssemblyFile.h"
+#include "engines/RecordStreams.h"
 #include "engines/columns/ColumnTables.h"
 #include "engines/text/CTxtAssembly.h"
 #include "support/CaseFile.h"
@@ -66,6 +67,11 @@ TEST(Reading, KeepsWhatCameBeforeAFailureAndTellsIt) {
     EXPECT_TRUE(engine.ImportParts("parts.csv"));
     EXPECT_EQ(engine.StagedRecords.Of<PartInformation>().Size(), call == 1 ? 0u : 1u);
     EXPECT_EQ(log.Codes(), "file-not-opened");
+    files.FailAt(call, "read");
+    const qv::FileDiagnostics diagnostics("parts.csv");
+    const auto source = qv::OpenRecords(engine, RecordKind::Parts, diagnostics);
+    while (source->Next() != nullptr) continue;
+    EXPECT_TRUE(source->HasFailed());
   }
 }
 

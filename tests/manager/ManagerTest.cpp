@@ -176,6 +176,8 @@ TEST_F(ManagerTest, CopiesRecordByRecordAsFarAsIsWanted) {
     const std::string all = header + rows.substr(0, static_cast<std::size_t>(std::min(wanted, 3)) * 8);
     EXPECT_EQ(TemporaryFolder::Read(out), wanted > 0 ? host::AsTextFile(all) : "as it was");
   }
+  RecordWriter<PartInformation>(manager, (folder / "abandoned.xls").c_str()).Put(PartInformation());
+  EXPECT_EQ(manager.GetPartsCount(), 0) << "nothing is kept of it";
   // Onto the file that is read, with one manager for both, which may be gone by then.
   auto both = std::make_unique<CAssemblyFileMgr>(manager);
   RecordReader<PartInformation> reader(*both, file.c_str());

@@ -40,6 +40,7 @@ TEST(ReplacingFileTest, KeepsTheOldFileWhateverCallFails) {
         [&](FakeFileSystem& files) {
           const std::string whole = outcome.written ? "new content" : existed ? "old" : "";
           EXPECT_EQ(files.Contents.contains("a.csv") ? files.Contents["a.csv"] : "", whole);
+          EXPECT_EQ(outcome.written, !files.Failed());
           EXPECT_EQ(outcome.reason, outcome.written ? "" : FakeFileSystem::kReason);
           EXPECT_FALSE(outcome.written && files.Contents.size() > 1);
         });

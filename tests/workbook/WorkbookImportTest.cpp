@@ -41,6 +41,8 @@ TEST(WorkbookImport, ReadsAsTheCasesSay) {
     for (Texts& record : records) record.resize(columns.size());
     EXPECT_EQ(workbook::RowsOf<PartInformation>(engine, columns), records);
     EXPECT_EQ(log.Lines(), c.Lines("remarks"));
+    const Texts ends = fake.CallsOf({"close", "close-workbooks", "quit"});
+    EXPECT_EQ(ends, c.settings.contains("file") ? Texts() : (Texts{"close", "close-workbooks", "quit"}));
     const Texts reads = fake.CallsOf({"read"});
     EXPECT_EQ(std::set<std::string>(reads.begin(), reads.end()).size(), reads.size()) << "a cell twice";
     EXPECT_EQ(std::to_string(reads.size()), c.Setting("reads", std::to_string(reads.size())));
