@@ -148,10 +148,11 @@ bool PutRow(const std::vector<BatchColumn>& columns, const void* object, std::si
 std::vector<BatchColumn> ColumnsOf(const qva_reader& reader, const std::int32_t* fields, std::int32_t count,
                                    void* const* arrays) {
   std::vector<BatchColumn> columns;
-  const qv::AnyRecord sample(reader.type);
+  const qv::RecordType& type = *reader.record.type;
+  const qv::AnyRecord sample(type);
   const void* const start = sample.Pointer();
   for (std::int32_t index = 0; index < count; ++index) {
-    const RecordField& field = FieldOf(reader.type, fields[index]);
+    const RecordField& field = FieldOf(type, fields[index]);
     if (field.type == FieldType::List)
       Fail(QVA_INVALID_ARGUMENT, "the field " + std::string(field.stem) + " is a list");
     if (arrays[index] == nullptr) Fail(QVA_INVALID_ARGUMENT, "an array is null");
@@ -173,6 +174,14 @@ std::int32_t Fetch(qva_reader& reader, const std::vector<BatchColumn>& columns, 
   return row;
 }
 
+/// What closing has to say goes to the manager.
+template <class Handle>
+void Close(Handle* handle) {
+  if (handle == nullptr) return;
+  const Listening listening(handle->manager);
+  delete handle;
+}
+
 }  // namespace
 
 qva_status QVA_CALL qva_reader_open(qva_manager* manager, int32_t kind, const char* path,
@@ -182,8 +191,8 @@ qva_status QVA_CALL qva_reader_open(qva_manager* manager, int32_t kind, const ch
     const Listening listening(Given(manager, "manager"));
     const RecordKind recordKind = KindFor(IsImported, kind, "written");
     auto opened = Open<AnyRecordReader>(listening, *manager, recordKind, path);
-    const qv::RecordType& type = qv::RecordTypeOf(recordKind);
-    *reader = new qva_reader{*manager, type, std::move(opened), HeadersOf(manager->manager), {type, nullptr}};
+    *reader = new qva_reader{
+        *manager, std::move(opened), HeadersOf(manager->manager), {qv::RecordTypeOf(recordKind), nullptr}};
   });
 }
 
@@ -231,11 +240,7 @@ qva_status QVA_CALL qva_reader_fetch(qva_reader* reader, const int32_t* fields, 
   });
 }
 
-void QVA_CALL qva_reader_close(qva_reader* reader) {
-  if (reader == nullptr) return;
-  const Listening listening(reader->manager);
-  delete reader;
-}
+void QVA_CALL qva_reader_close(qva_reader* reader) { Close(reader); }
 
 qva_status QVA_CALL qva_import(qva_manager* manager, int32_t kind, const char* path, int32_t* count) {
   return Guarded([&] {
@@ -296,8 +301,4 @@ qva_status QVA_CALL qva_writer_commit(qva_writer* writer) {
   });
 }
 
-void QVA_CALL qva_writer_abandon(qva_writer* writer) {
-  if (writer == nullptr) return;
-  const Listening listening(writer->manager);
-  delete writer;
-}
+void QVA_CALL qva_writer_abandon(qva_writer* writer) { Close(writer); }

@@ -71,7 +71,6 @@ struct qva_manager {
 
 struct qva_reader {
   qva_manager& manager;
-  const qv::RecordType& type;
   std::unique_ptr<AnyRecordReader> reader;
   std::vector<std::string> headers;
   qva_record record;
