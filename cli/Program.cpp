@@ -123,9 +123,9 @@ std::string WhatIsWrong(const CLI::App& program, const CLI::ParseError& error) {
 }
 
 int TellUsage(Session& session, const CLI::App& program, const std::string& what) {
-  const std::string hint = "\nRun \"" + FullName(ReachedCommand(program)) + " --help\" for its options.";
   session.diagnostics.Fail({"", 0, "", "command-line", "", what});
-  if (!session.diagnostics.style.isJson) session.streams.error << hint.substr(1) << '\n';
+  if (!session.diagnostics.style.isJson)
+    session.streams.error << "Run \"" << FullName(ReachedCommand(program)) << " --help\" for its options.\n";
   return kWrongUsage;
 }
 

@@ -135,8 +135,8 @@ constexpr std::string_view kNumberWords[] = {"number", "nummer", "nr"};
 std::string Folded(std::string_view text) {
   std::string folded;
   while (!text.empty()) {
-    const auto* const folding = std::find_if(std::begin(kFoldings), std::end(kFoldings),
-                                             [&](const auto& f) { return text.starts_with(f.first); });
+    const auto isNext = [&](const auto& folding) { return text.starts_with(folding.first); };
+    const auto* const folding = std::ranges::find_if(kFoldings, isNext);
     const bool isFolded = folding != std::end(kFoldings);
     folded += isFolded ? folding->second : text.substr(0, 1);
     text.remove_prefix(isFolded ? folding->first.size() : 1);

@@ -25,11 +25,9 @@ bool Exists(const Utf8Path& path) { return Files().Exists(PathFromUtf8(path)); }
 /// Where a format file that nobody names is looked for, each place once.
 std::vector<Utf8Path> PlacesFor(const std::vector<Utf8Path>& dataFiles) {
   std::vector<Utf8Path> places;
+  const auto normal = [](const Utf8Path& place) { return NativePath(place).lexically_normal(); };
   const auto add = [&](const Utf8Path& place) {
-    const auto isSame = [&](const Utf8Path& known) {
-      return NativePath(known).lexically_normal() == NativePath(place).lexically_normal();
-    };
-    if (std::none_of(places.begin(), places.end(), isSame)) places.push_back(place);
+    if (std::ranges::find(places, normal(place), normal) == places.end()) places.push_back(place);
   };
   for (const Utf8Path& dataFile : dataFiles)
     if (!IsStandardStream(dataFile)) add(Beside(dataFile));
@@ -51,18 +49,14 @@ std::optional<Utf8Path> FormatFile::NamedFile(const std::optional<Utf8Path>& nam
 FormatFile::FormatFile(const std::optional<Utf8Path>& named, const std::vector<Utf8Path>& dataFiles,
                        DiagnosticPrinter& diagnostics, Use use) {
   const std::optional<Utf8Path> chosen = NamedFile(named);
-  if (chosen) {
-    path_ = *chosen;
+  if (!chosen) searched_ = PlacesFor(dataFiles);
+  const auto found = std::ranges::find_if(searched_, Exists);
+  const bool isFound = found != searched_.end();
+  path_ = chosen ? *chosen : isFound ? *found : searched_.front();
+  if (chosen || isFound)
     Load(diagnostics, use);
-    return;
-  }
-  searched_ = PlacesFor(dataFiles);
-  const auto found = std::find_if(searched_.begin(), searched_.end(), Exists);
-  path_ = found == searched_.end() ? searched_.front() : *found;
-  if (found == searched_.end())
-    loaded_.list = BuiltInFormats();
   else
-    Load(diagnostics, use);
+    loaded_.list = BuiltInFormats();
 }
 
 void FormatFile::Load(DiagnosticPrinter& diagnostics, Use use) {
