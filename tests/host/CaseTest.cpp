@@ -17,7 +17,7 @@
 
 // Runs the case files through the public interfaces, in C++ and in C: a format file is written, then the
 // case's input is imported, or its records are exported, by a manager. Fields that a case does not name must
-// be those of a fresh record, except the availability flags.
+// be those of a fresh record, except the availability flags. Cases of the system "windows" hold there alone.
 
 namespace {
 
@@ -270,6 +270,18 @@ TEST_P(CaseTest, Holds) {
     EXPECT_EQ(log.Lines(), c.Lines("diagnostics")) << (singly ? "one by one" : "as a list");
   }
   EXPECT_EQ(c.Has("export") ? CheckExportInC(c) : CheckImportInC(c), c.Lines("diagnostics")) << "in C";
+}
+
+// A kind that is only read is not read from workbooks.
+TEST(KindTest, CanDoInCWhatTheManagerCan) {
+  for (const ListOperations& list : kLists) {
+    const auto kind = static_cast<std::int32_t>(&list - kLists);
+    const int reads = list.read == nullptr ? 0 : QVA_CAN_READ;
+    const int writes = list.write == nullptr ? 0 : QVA_CAN_WRITE | QVA_CAN_WRITE_WORKBOOK;
+    std::int32_t abilities = 0;
+    EXPECT_EQ(qva_kind_abilities(kind, &abilities), QVA_OK);
+    EXPECT_EQ(abilities, reads | writes | (reads != 0 && writes != 0 ? QVA_CAN_READ_WORKBOOK : 0)) << kind;
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, CaseTest, testing::ValuesIn(ReadTestCases("cases")), NameOfCase);
