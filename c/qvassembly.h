@@ -73,7 +73,7 @@ QVA_API const char* QVA_CALL qva_status_text(qva_status status);
  * call. */
 QVA_API const char* QVA_CALL qva_last_error(void);
 
-/* "0.1.0". A static text. */
+/* "MAJOR.MINOR.PATCH". A static text. */
 QVA_API const char* QVA_CALL qva_version(void);
 
 /* Grows when functions are added. Functions are never taken away or changed: a host that was built for a

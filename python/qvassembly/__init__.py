@@ -12,7 +12,10 @@ from __future__ import annotations
 from ._core import AssemblyFileError, Cancelled, Field, FieldError, FieldType, QVAssemblyError, kind_number, record_type
 from ._files import Diagnostic, Manager, Reader, Writer, from_pandas, read, write
 from ._records import Record, RecordList
-from ._version import __version__
+from ._library import library as _library
+
+#: The version of the library.
+__version__ = _library.qva_version().decode()
 
 #: The kinds of record.
 KINDS = (

@@ -33,6 +33,9 @@ absolute() { realpath -m -- "$1"; }
 
 job_count() { printf '%s\n' "${JOBS:-$(nproc)}"; }
 
+# project_version SOURCE: the version, whose one place is CMakeLists.txt.
+project_version() { sed -nE 's/^project\(QVAssemblyFile VERSION ([0-9.]+).*/\1/p' "$1/CMakeLists.txt"; }
+
 is_installed() { [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]; }
 
 as_root() {

@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Makes the Python package with the library in it. Source this, do not run it.
+# Makes the Python package with the library in it. Source this after common.sh, do not run it.
 
 # make_wheel SOURCE LIBRARY FOLDER: writes the wheel for this machine into the folder, and nothing else there.
 make_wheel() {
@@ -7,6 +7,7 @@ make_wheel() {
   work=$(mktemp -d)
   cp -r "$source"/python/{README.md,pyproject.toml,qvassembly} "$work"
   find "$work" -name __pycache__ -prune -exec rm -r {} +
+  project_version "$source" >"$work/VERSION"
   # By the name that other programs load it by, and that the package looks for.
   strip -o "$work/qvassembly/libQVAssemblyFile.so.0" "$library"
   mkdir -p "$folder"

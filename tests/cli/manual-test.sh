@@ -18,6 +18,4 @@ read -ra words <<<"${_qvassembly_options[*]} $_qvassembly_common ${_qvassembly_c
 for word in "${words[@]}"; do
   grep -q -- "$word" <<<"$text" || miss "the manual page does not name $word"
 done
-version=$(sed -nE 's/^project\(QVAssemblyFile VERSION ([0-9.]+).*/\1/p' "$here/../../CMakeLists.txt")
-grep -q "QVAssemblyFile $version" "$page" || miss "the manual page is not of version $version"
 exit 0

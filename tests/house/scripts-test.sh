@@ -19,7 +19,7 @@ for script in "${scripts[@]}"; do
   grep -q '^set -.*u' "$script" || miss "$script does not stop at unset variables"
 done
 
-for script in scripts/analyse scripts/build scripts/coverage scripts/demo scripts/test scripts/update-declarations; do
+for script in scripts/analyse scripts/build scripts/coverage scripts/demo scripts/release scripts/test scripts/update-declarations; do
   "$script" --help | grep -q "^usage: $script" || miss "$script --help does not say how it is used"
 done
 scripts/build nonsense 2>/dev/null && miss "scripts/build accepts a tree that does not exist"

@@ -6,6 +6,8 @@ set -euo pipefail
 source=$1 library=$2 version=$3
 # shellcheck source=tests/house/expect.sh
 . "$source/tests/house/expect.sh"
+# shellcheck source=scripts/lib/common.sh
+. "$source/scripts/lib/common.sh"
 # shellcheck source=scripts/lib/wheel.sh
 . "$source/scripts/lib/wheel.sh"
 work=$(mktemp -d)
