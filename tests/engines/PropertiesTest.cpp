@@ -227,7 +227,7 @@ std::string AnyContent(Random& random) {
 }
 
 TEST_P(PropertiesTest, NothingDependsOnHowTheBytesArrive) {
-  for (unsigned round = 0; round < 300; ++round) {
+  for (unsigned round = 0; round < 100; ++round) {
     Random random(round);
     const Setting setting = AnySetting(random, type_);
     const std::string content = AnyContent(random);

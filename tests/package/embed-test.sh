@@ -54,10 +54,8 @@ if [ -x "$prefix/bin/qvassembly" ]; then
   expect "the records" "$(wc -l <"$scratch/parts.jsonl")" 48
   # The component for workbooks is found beside the library, wherever that has been moved.
   if [ -e "$library/qvassembly/QVAssemblyFileCalc.so" ]; then
-    # Leaks are looked for by the tests of the component: the leak checker itself falls, now and then, over the
-    # threads that the office's libraries end while the program does.
     convert() {
-      ASAN_OPTIONS=detect_leaks=0 "$prefix/bin/qvassembly" convert --kind parts --config "$source/examples/AssemblyFormats.xml" --to laser-list "$@"
+      "$prefix/bin/qvassembly" convert --kind parts --config "$source/examples/AssemblyFormats.xml" --to laser-list "$@"
     }
     convert --from orders "$source/examples/parts.csv" "$scratch/parts.csv"
     convert "$scratch/parts.csv" "$scratch/parts.xls"
@@ -69,7 +67,7 @@ if [ -x "$prefix/bin/qvassembly" ]; then
     echo "the installed dialog"
     sed 's/Current="orders"/Current="tools"/' "$source/examples/AssemblyFormats.xml" >"$scratch/formats.xml"
     # shellcheck disable=SC2016  # for the inner shell
-    NO_AT_BRIDGE=1 ASAN_OPTIONS=detect_leaks=0 timeout 60 xvfb-run -a bash -c '
+    NO_AT_BRIDGE=1 timeout 60 xvfb-run -a bash -c '
       "$0" options --config "$1" & dialog=$!
       # A key that comes before the window has the focus is lost.
       while kill -0 $dialog 2>/dev/null; do
