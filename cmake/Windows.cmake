@@ -14,6 +14,7 @@ endforeach()
 list(APPEND CMAKE_FIND_ROOT_PATH ${QV_HEADER_ROOT})
 
 enable_language(RC)
+add_link_options(LINKER:--no-insert-timestamp)  # the same sources give the same bytes
 add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN STRICT WINVER=0x0601 _WIN32_WINNT=0x0601)
 
 # QVAssemblyFile.dll, not libQVAssemblyFile.dll.

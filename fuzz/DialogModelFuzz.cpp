@@ -82,22 +82,21 @@ class Person {
   }
 
   void Arrange() {
-    model_.SelectSequence(Some());
-    switch (source_.Below(7)) {
-      case 0:
-        return model_.Add(Some());
-      case 1:
-        return model_.Insert(Some(), source_.Below(24));
-      case 2:
-        return model_.MoveTo(source_.Below(24));
+    using qv::ColumnLists;
+    static constexpr void (ColumnLists::*kMoves[])() = {&ColumnLists::Delete, &ColumnLists::MoveUp,
+                                                        &ColumnLists::MoveDown};
+    model_.Change(&ColumnLists::SelectSequence, Some());
+    switch (const unsigned move = source_.Below(7)) {
       case 3:
-        return model_.Delete();
+        return model_.Add(Some());
       case 4:
-        return model_.MoveUp();
+        return model_.Change(&ColumnLists::Insert, Some(), source_.Below(24));
       case 5:
-        return model_.MoveDown();
-      default:
+        return model_.Change(&ColumnLists::MoveTo, source_.Below(24));
+      case 6:
         return;
+      default:
+        return model_.Change(kMoves[move]);
     }
   }
 
@@ -117,7 +116,7 @@ class Person {
       if (keyword == "Ignore" || std::find(keywords.begin(), keywords.end(), keyword) == keywords.end())
         keywords.push_back(keyword);
     }
-    model_.ReplaceSequence(keywords);
+    model_.Change(&qv::ColumnLists::Replace, keywords);
   }
 
   void GoBack() {
