@@ -9,7 +9,6 @@
 #include "manager/ManagerFormats.h"
 #include "manager/ManagerState.h"
 #include "platform/Handlers.h"
-#include "platform/InvalidParameter.h"
 
 #include <algorithm>
 #include <cstring>

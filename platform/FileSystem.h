@@ -1,13 +1,12 @@
 #pragma once
 
-#include "platform/WorkingFile.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace qv {
 
@@ -44,6 +43,37 @@ class OpenFile {
   std::string reason_;
 };
 
+/// Where the working file lies while the new content of a file is written.
+enum class WorkingPlace {
+  BesideTarget,   ///< in the target's folder
+  WorkingFolder,  ///< Windows: a folder named after the current second at the root of the target's drive;
+                  ///< elsewhere the same as BesideTarget
+};
+
+/// The place where a file's new content is written, claimed against other processes until it is destroyed.
+/// Its destructor gives the place back and removes what the platform put there beside the working file (its
+/// folder, say), but not the working file itself.
+class WorkingFile {
+ public:
+  WorkingFile(std::string target, std::string path) : target_(std::move(target)), path_(std::move(path)) {}
+  virtual ~WorkingFile() = default;
+  WorkingFile(const WorkingFile&) = delete;
+  WorkingFile& operator=(const WorkingFile&) = delete;
+
+  /// The file that the working file will replace: the target of a link.
+  const std::string& Target() const { return target_; }
+
+  /// Where to write. It bears the target's extension, and does not exist yet.
+  const std::string& Path() const { return path_; }
+
+  /// The target is no file that could be replaced (a pipe, a terminal): write it in place.
+  bool IsTarget() const { return path_ == target_; }
+
+ private:
+  std::string target_;
+  std::string path_;
+};
+
 /// The file operations of the library. Paths are narrow text in the platform's code page. Every failing call
 /// leaves the system's reason for a person in `reason` ("No such file or directory").
 class FileSystem {
@@ -53,11 +83,12 @@ class FileSystem {
   /// Null on failure. A directory is not a file: opening one fails.
   virtual std::unique_ptr<OpenFile> Open(const std::string& path, OpenMode mode, std::string& reason) = 0;
 
-  /// Chooses and claims the place for a new content of `target`. A place that an earlier, killed run used for
+  /// Chooses and claims the place for a new content of `target`; the claim ends with its process, even one
+  /// that is killed. A place that an earlier, killed run used for
   /// the same target is cleared and used again where the platform's names allow it; one that another process
   /// is using is left alone. Null when there can be none: `target` is write-protected, its folder is missing.
   virtual std::unique_ptr<WorkingFile> PrepareWorkingFile(const std::string& target, WorkingPlace place,
-                                                          std::string& reason) = 0;
+                                                          std::string& reason);
 
   /// Makes `from` durable and puts it in the place of `to` in one step: a process that opens `to` sees the
   /// old file or the new one. An existing `to` passes its permissions on.

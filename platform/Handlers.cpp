@@ -91,9 +91,20 @@ void Report(const Diagnostic& diagnostic) {
     diagnosticHandler.function(diagnostic, diagnosticHandler.context);
 }
 
-ProgressListener CurrentProgressListener() {
-  if (ofThread != nullptr) return {ofThread->progress, ofThread->context};
-  return {progressHandler.function, progressHandler.context};
+ProgressMeter::ProgressMeter(const std::string& file, FileProgress::Work work, FileProgress::Unit unit)
+    : handler_(ofThread != nullptr ? ofThread->progress : progressHandler.function),
+      context_(ofThread != nullptr ? ofThread->context : progressHandler.context),
+      progress_{file.c_str(), work, unit, 0, 0} {}
+
+void ProgressMeter::Expect(std::int64_t total) {
+  progress_.done = 0;
+  progress_.total = total;
+}
+
+bool ProgressMeter::Tell(std::int64_t amount) {
+  progress_.done += amount;
+  if (!isCancelled_) isCancelled_ = !handler_(progress_, context_);
+  return !isCancelled_;
 }
 
 bool TellMessageHandler(const char* text) {

@@ -4,7 +4,6 @@
 #include "manager/SettingsFile.h"
 #include "platform/DynamicLibrary.h"
 #include "platform/Handlers.h"
-#include "platform/posix/ComponentFile.h"
 
 #include <dlfcn.h>
 

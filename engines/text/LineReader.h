@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/FileSystem.h"
-#include "platform/ProgressMeter.h"
+#include "platform/Handlers.h"
 
 #include <cstdint>
 #include <string_view>

@@ -2,7 +2,6 @@
 
 #include "engines/FileDiagnostics.h"
 #include "engines/columns/TextBuffer.h"
-#include "platform/ProgressMeter.h"
 #include "platform/ReplacingFile.h"
 
 #include <string>

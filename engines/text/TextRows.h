@@ -4,7 +4,6 @@
 #include "engines/text/CTxtAssembly.h"
 #include "engines/text/FieldSplitter.h"
 #include "engines/text/LineReader.h"
-#include "platform/ProgressMeter.h"
 
 #include <cstdint>
 #include <memory>

@@ -3,7 +3,7 @@
 #include "engines/CAssemblyFile.h"
 #include "engines/RecordStreams.h"
 #include "engines/text/FieldSplitter.h"
-#include "platform/ProgressMeter.h"
+#include "platform/Handlers.h"
 #include "platform/spreadsheet/SpreadsheetApplication.h"
 
 #include <cstdint>

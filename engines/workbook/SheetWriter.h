@@ -3,7 +3,6 @@
 #include "engines/WrittenCells.h"
 #include "engines/columns/ColumnTables.h"
 #include "engines/columns/ResolvedColumns.h"
-#include "platform/ProgressMeter.h"
 #include "platform/spreadsheet/SpreadsheetApplication.h"
 #include "text/Phrases.h"
 

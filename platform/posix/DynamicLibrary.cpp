@@ -1,12 +1,9 @@
 #include "platform/DynamicLibrary.h"
 
 #include "platform/FileSystem.h"
-#include "platform/posix/ComponentFile.h"
 
 #include <dlfcn.h>
 #include <unistd.h>
-
-#include <string>
 
 namespace qv {
 namespace {

@@ -14,10 +14,17 @@
 namespace qv {
 namespace {
 
-// What a call gives that the process is to make no more.
-int Interrupted() {
-  errno = EINTR;
-  return -1;
+// Makes a call of the system, again where a signal has interrupted it; not at all once the process is to end.
+template <class Call>
+auto Retrying(Call call) {
+  decltype(call()) result = -1;
+  do {
+    if (IsInterrupted())
+      errno = EINTR;
+    else
+      result = call();
+  } while (result < 0 && errno == EINTR && !IsInterrupted());
+  return result;
 }
 
 class PosixFile final : public OpenFile {
@@ -25,9 +32,7 @@ class PosixFile final : public OpenFile {
   explicit PosixFile(Descriptor descriptor) : descriptor_(std::move(descriptor)) {}
 
   std::ptrdiff_t Read(char* buffer, std::size_t capacity) override {
-    ssize_t count = 0;
-    do count = IsInterrupted() ? Interrupted() : ::read(descriptor_.Get(), buffer, capacity);
-    while (count < 0 && errno == EINTR && !IsInterrupted());
+    const ssize_t count = Retrying([&] { return ::read(descriptor_.Get(), buffer, capacity); });
     if (count < 0) reason_ = SystemReason(errno);
     return count;
   }
@@ -40,13 +45,9 @@ class PosixFile final : public OpenFile {
 
   bool Write(std::string_view bytes) override {
     while (!bytes.empty()) {
-      const ssize_t count =
-          IsInterrupted() ? Interrupted() : ::write(descriptor_.Get(), bytes.data(), bytes.size());
-      if (count >= 0) {
-        bytes.remove_prefix(static_cast<std::size_t>(count));
-      } else if (errno != EINTR || IsInterrupted()) {
-        return Fail(errno);
-      }
+      const ssize_t count = Retrying([&] { return ::write(descriptor_.Get(), bytes.data(), bytes.size()); });
+      if (count < 0) return Fail(errno);
+      bytes.remove_prefix(static_cast<std::size_t>(count));
     }
     return true;
   }
@@ -99,7 +100,7 @@ class PosixFileSystem final : public FileSystem {
  public:
   std::unique_ptr<OpenFile> Open(const std::string& path, OpenMode mode, std::string& reason) override {
     const int flags = mode == OpenMode::Read ? O_RDONLY : O_WRONLY | O_CREAT | O_TRUNC;
-    Descriptor descriptor = OpenRetrying(path, flags);
+    Descriptor descriptor(Retrying([&] { return ::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, 0666); }));
     struct stat status {};
     if (!descriptor.IsOpen() || ::fstat(descriptor.Get(), &status) != 0) {
       reason = SystemReason(errno);
@@ -110,11 +111,6 @@ class PosixFileSystem final : public FileSystem {
       return nullptr;
     }
     return std::make_unique<PosixFile>(std::move(descriptor));
-  }
-
-  std::unique_ptr<WorkingFile> PrepareWorkingFile(const std::string& target, WorkingPlace place,
-                                                  std::string& reason) override {
-    return ClaimWorkingFile(target, place, reason);
   }
 
   bool Replace(const std::string& from, const std::string& to, std::string& reason) override {
@@ -133,15 +129,6 @@ class PosixFileSystem final : public FileSystem {
   }
 
   bool Exists(const std::string& path) override { return ::access(path.c_str(), F_OK) == 0; }
-
- private:
-  static Descriptor OpenRetrying(const std::string& path, int flags) {
-    int descriptor = -1;
-    do
-      descriptor = IsInterrupted() ? Interrupted() : ::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, 0666);
-    while (descriptor < 0 && errno == EINTR && !IsInterrupted());
-    return Descriptor(descriptor);
-  }
 };
 
 }  // namespace

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <optional>
-#include <string_view>
 #include <utility>
 
 namespace qv {

@@ -1,5 +1,4 @@
-#include "platform/WorkingFile.h"
-
+#include "platform/FileSystem.h"
 #include "platform/posix/Descriptor.h"
 
 #include <fcntl.h>
@@ -178,22 +177,17 @@ bool FollowLinks(fs::path& path) {
 }
 
 bool MayReplace(const std::string& target, bool exists, std::string& reason) {
-  if (!exists && errno != ENOENT) {
-    reason = SystemReason(errno);
-    return false;
-  }
-  if (exists && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) {
-    reason = SystemReason(errno);
-    return false;
-  }
-  return true;
+  const bool may = exists ? ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) == 0 : errno == ENOENT;
+  if (!may) reason = SystemReason(errno);
+  return may;
 }
 
 }  // namespace
 
 // A hidden folder beside the target, named after it, so that the next run finds what a killed one left. Its
 // lock distinguishes a live process from a dead one.
-std::unique_ptr<WorkingFile> ClaimWorkingFile(const std::string& target, WorkingPlace, std::string& reason) {
+std::unique_ptr<WorkingFile> FileSystem::PrepareWorkingFile(const std::string& target, WorkingPlace,
+                                                            std::string& reason) {
   struct stat status {};
   const bool exists = ::stat(target.c_str(), &status) == 0;
   if (!MayReplace(target, exists, reason)) return nullptr;

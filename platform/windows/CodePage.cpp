@@ -1,6 +1,7 @@
 #include "platform/CodePage.h"
 
 #include "platform/windows/WideText.h"
+#include "text/Utf8.h"
 
 #include <windows.h>
 
@@ -82,8 +83,7 @@ std::string Utf16OfWide(std::wstring_view wide, unsigned codePage) {
 // 0 for an unknown name.
 unsigned CodePageOf(const std::string& encoding) {
   const std::string name = Plain(encoding);
-  const auto named = std::find_if(std::begin(kNamed), std::end(kNamed),
-                                  [&](const NamedCodePage& row) { return row.name == name; });
+  const auto named = std::ranges::find(kNamed, name, &NamedCodePage::name);
   unsigned codePage = named == std::end(kNamed) ? 0 : named->codePage;
   for (const NamedCodePage& row : kNumbered) {
     if (codePage == 0) codePage = NumberedCodePage(name, row);
@@ -105,10 +105,9 @@ std::optional<std::string> DecodeText(std::string_view text, const std::string& 
 }
 
 DecodedText DecodeStrictly(std::string_view text, const std::string& encoding) {
-  static constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
   std::optional<std::string> decoded = DecodeText(text, encoding);
   if (!decoded) return {};
-  const std::size_t lost = decoded->find(kReplacement);
+  const std::size_t lost = decoded->find(kReplacementCharacter);
   const bool whole = lost == std::string::npos || EncodeText(*decoded, encoding) == text;
   if (!whole) decoded->resize(lost);
   return {std::move(*decoded), true, whole};

@@ -125,11 +125,6 @@ class WindowsFileSystem final : public FileSystem {
     return std::make_unique<WindowsFile>(std::move(handle));
   }
 
-  std::unique_ptr<WorkingFile> PrepareWorkingFile(const std::string& target, WorkingPlace place,
-                                                  std::string& reason) override {
-    return ClaimWorkingFile(target, place, reason);
-  }
-
   bool Replace(const std::string& from, const std::string& to, std::string& reason) override {
     const std::wstring source = FullPath(from);
     const std::wstring target = RealPath(FullPath(to));
@@ -165,15 +160,5 @@ FileSystem& PlatformFiles() {
 
 const std::string_view kLineEnd = "\r\n";
 const int kEndOfText = 0x1A;
-
-std::string ProgramPath() {
-  std::wstring path(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    const bool whole = length < path.size();
-    path.resize(whole ? length : path.size() * 2);
-    if (whole) return NarrowPath(path);
-  }
-}
 
 }  // namespace qv

@@ -1,10 +1,12 @@
 #include "platform/windows/Paths.h"
 
+#include "platform/FileSystem.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/WideText.h"
 
 #include <windows.h>
 
+#include <algorithm>
 #include <string_view>
 
 namespace qv {
@@ -23,7 +25,7 @@ std::wstring Filled(Fill fill) {
     const DWORD length = fill(buffer.data(), static_cast<DWORD>(buffer.size()));
     if (length == 0) return {};
     const bool whole = length < buffer.size();
-    buffer.resize(length);
+    buffer.resize(whole ? length : std::max<std::size_t>(length, 2 * buffer.size()));
     if (whole) return buffer;
   }
 }
@@ -74,6 +76,11 @@ std::string NarrowPath(const std::wstring& path) {
   const std::wstring shortForm =
       Filled([&](wchar_t* buffer, DWORD size) { return GetShortPathNameW(path.c_str(), buffer, size); });
   return NarrowWhole(WithoutLongPrefix(shortForm)).value_or("");
+}
+
+std::string ProgramPath() {
+  return NarrowPath(
+      Filled([](wchar_t* buffer, DWORD size) { return GetModuleFileNameW(nullptr, buffer, size); }));
 }
 
 std::wstring FolderOf(const std::wstring& path) { return path.substr(0, path.find_last_of(L"\\/") + 1); }

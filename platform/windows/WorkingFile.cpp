@@ -1,5 +1,4 @@
-#include "platform/WorkingFile.h"
-
+#include "platform/FileSystem.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/Paths.h"
 #include "platform/windows/WideText.h"
@@ -147,25 +146,20 @@ std::unique_ptr<WorkingFile> ClaimInFolderOfThisSecond(const std::string& target
 }
 
 bool MayReplace(const std::wstring& real, std::string& reason) {
+  constexpr DWORD kProtected = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
   const DWORD attributes = GetFileAttributesW(real.c_str());
-  const bool isFolder = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-  const bool isProtected =
-      attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
-  if (real.empty() || FileNameOf(real).empty()) {
-    reason = SystemReason(ERROR_PATH_NOT_FOUND);
-  } else if (isFolder || isProtected) {
-    reason = SystemReason(ERROR_ACCESS_DENIED);
-  } else {
-    return true;
-  }
+  const bool isProtected = attributes != INVALID_FILE_ATTRIBUTES && (attributes & kProtected) != 0;
+  const bool isNamed = !FileNameOf(real).empty();
+  if (isNamed && !isProtected) return true;
+  reason = SystemReason(isNamed ? ERROR_ACCESS_DENIED : ERROR_PATH_NOT_FOUND);
   return false;
 }
 
 }  // namespace
 
 // By a lock file beside it that the system removes with its holder.
-std::unique_ptr<WorkingFile> ClaimWorkingFile(const std::string& target, WorkingPlace place,
-                                              std::string& reason) {
+std::unique_ptr<WorkingFile> FileSystem::PrepareWorkingFile(const std::string& target, WorkingPlace place,
+                                                            std::string& reason) {
   const std::wstring path = FullPath(target);
   if (IsDevice(path)) return std::make_unique<WorkingFile>(target, target);
   const std::wstring real = RealPath(path);

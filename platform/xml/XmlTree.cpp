@@ -9,22 +9,13 @@ namespace qv {
 namespace {
 
 // White space other than a blank would be read as a blank if it were not written as a reference.
+constexpr std::pair<char, std::string_view> kReferences[] = {
+    {'&', "&amp;"}, {'<', "&lt;"}, {'"', "&quot;"}, {'\t', "&#09;"}, {'\n', "&#10;"}, {'\r', "&#13;"}};
+
 void AppendValue(std::string& text, std::string_view value) {
-  for (const char c : value) {
-    if (c == '&')
-      text += "&amp;";
-    else if (c == '<')
-      text += "&lt;";
-    else if (c == '"')
-      text += "&quot;";
-    else if (c == '\t')
-      text += "&#09;";
-    else if (c == '\n')
-      text += "&#10;";
-    else if (c == '\r')
-      text += "&#13;";
-    else
-      text += c;
+  for (const char& c : value) {
+    const auto found = std::ranges::find(kReferences, c, &std::pair<char, std::string_view>::first);
+    text += found == std::end(kReferences) ? std::string_view(&c, 1) : found->second;
   }
 }
 
@@ -67,15 +58,13 @@ std::optional<XmlRefusal> FindRefusal(const XmlNode& node, const XmlNode* parent
 }
 
 bool HasPrefix(const XmlNode& node) {
-  return node.name.find(':') != std::string::npos ||
-         std::any_of(node.children.begin(), node.children.end(), HasPrefix);
+  return node.name.find(':') != std::string::npos || std::ranges::any_of(node.children, HasPrefix);
 }
 
 }  // namespace
 
 std::string XmlNode::Attribute(std::string_view attribute) const {
-  const auto found = std::find_if(attributes.begin(), attributes.end(),
-                                  [&](const auto& pair) { return pair.first == attribute; });
+  const auto found = std::ranges::find(attributes, attribute, &std::pair<std::string, std::string>::first);
   return found == attributes.end() ? std::string() : found->second;
 }
 

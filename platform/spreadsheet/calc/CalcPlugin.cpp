@@ -1,14 +1,14 @@
 #include "platform/spreadsheet/calc/CalcPlugin.h"
 
-#include "platform/posix/ComponentFile.h"
+#include "platform/DynamicLibrary.h"
 
 #include <dlfcn.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
+#include <sstream>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace qv {
@@ -31,13 +31,10 @@ fs::path FolderOfLauncher(const fs::path& launcher) {
 std::vector<fs::path> FoldersOfPath() {
   std::vector<fs::path> folders;
   const char* const variable = std::getenv("PATH");
-  std::string_view rest = variable == nullptr ? "" : variable;
-  while (!rest.empty()) {
-    const std::string_view folder = rest.substr(0, rest.find(':'));
-    rest.remove_prefix(std::min(rest.size(), folder.size() + 1));
+  std::istringstream path(variable == nullptr ? "" : variable);
+  for (std::string folder; std::getline(path, folder, ':');)
     for (const char* launcher : {"soffice", "libreoffice"})
       if (!folder.empty()) folders.push_back(FolderOfLauncher(fs::path(folder) / launcher));
-  }
   return folders;
 }
 

@@ -1,5 +1,6 @@
-#include "platform/InvalidParameter.h"
+#include "platform/Handlers.h"
 
+#include "platform/FileSystem.h"
 #include "platform/windows/WideText.h"
 
 #include <windows.h>
@@ -9,6 +10,13 @@
 
 namespace qv {
 namespace {
+
+// The caption is the host's name: the user works with the host.
+std::string HostName() {
+  std::string name = ProgramPath();
+  name.erase(0, name.find_last_of("/\\") + 1);
+  return name.substr(0, name.rfind('.'));
+}
 
 using GetHandler = _invalid_parameter_handler (*)();
 
@@ -23,6 +31,12 @@ _invalid_parameter_handler HostsHandler() {
 }
 
 }  // namespace
+
+// Without an active window of this thread the box stops every window of it instead.
+void ShowPlatformMessage(const char* text) {
+  const HWND owner = GetActiveWindow();
+  MessageBoxA(owner, text, HostName().c_str(), owner != nullptr ? MB_OK : MB_OK | MB_TASKMODAL);
+}
 
 void InvalidParameter(const char* what) {
   std::fprintf(stderr, "QVAssemblyFile: invalid parameter: %s\n", what);
