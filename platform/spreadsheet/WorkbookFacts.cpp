@@ -5,8 +5,6 @@
 #include "platform/spreadsheet/SpreadsheetApplication.h"
 
 #include <algorithm>
-#include <optional>
-#include <string>
 #include <vector>
 
 namespace qv {

@@ -6,6 +6,7 @@
 
 #include <objbase.h>
 #include <oleauto.h>
+#include <wrl/client.h>
 
 #include <string>
 #include <string_view>
@@ -29,45 +30,7 @@ class ComScope {
 };
 
 /// Owns one reference to a COM object.
-template <class Interface>
-class ComPtr {
- public:
-  ComPtr() = default;
-  ComPtr(const ComPtr& other) : object_(other.object_) {
-    if (object_ != nullptr) object_->AddRef();
-  }
-  ComPtr(ComPtr&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
-  ComPtr& operator=(ComPtr other) noexcept {
-    std::swap(object_, other.object_);
-    return *this;
-  }
-  ~ComPtr() { Reset(); }
-
-  Interface* Get() const { return object_; }
-  Interface* operator->() const { return object_; }
-  explicit operator bool() const { return object_ != nullptr; }
-
-  void Reset() {
-    if (object_ != nullptr) std::exchange(object_, nullptr)->Release();
-  }
-
-  /// Where a function puts a reference that this then owns.
-  Interface** Receive() {
-    Reset();
-    return &object_;
-  }
-
-  /// The same object through another of its interfaces; null when it has not got that.
-  template <class Other>
-  ComPtr<Other> As(const IID& id) const {
-    ComPtr<Other> other;
-    if (object_ != nullptr) object_->QueryInterface(id, reinterpret_cast<void**>(other.Receive()));
-    return other;
-  }
-
- private:
-  Interface* object_ = nullptr;
-};
+using Microsoft::WRL::ComPtr;
 
 /// Owns a string of the automation interfaces.
 class Bstr {
@@ -96,6 +59,7 @@ class Bstr {
 class Variant {
  public:
   Variant() { VariantInit(&value_); }
+  Variant(Variant&& other) noexcept : value_(std::exchange(other.value_, VARIANT{})) {}
   ~Variant() { VariantClear(&value_); }
   Variant(const Variant&) = delete;
   Variant& operator=(const Variant&) = delete;

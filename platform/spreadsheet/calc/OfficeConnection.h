@@ -1,11 +1,14 @@
 #pragma once
 
-#include "platform/spreadsheet/calc/OfficeProcess.h"
-
 #include <com/sun/star/frame/XDesktop2.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 
+#include <memory>
+#include <string>
+
 namespace qv {
+
+class OfficeProcess;
 
 /// A running office and the line to it. The destructor ends both.
 class OfficeConnection {
@@ -18,16 +21,13 @@ class OfficeConnection {
 
   const css::uno::Reference<css::frame::XDesktop2>& Desktop() const { return desktop_; }
 
-  /// The office's own context, in which its services are made.
-  const css::uno::Reference<css::uno::XComponentContext>& Context() const { return office_; }
-
   /// Tells the office to end and waits until it has. Throws css::uno::Exception when it refuses.
   void Quit();
 
  private:
   void Connect();
 
-  OfficeProcess process_;                                     // first, so that it goes last
+  std::unique_ptr<OfficeProcess> process_;                    // first, so that it goes last
   css::uno::Reference<css::uno::XComponentContext> context_;  // this process's
   css::uno::Reference<css::uno::XComponentContext> office_;
   css::uno::Reference<css::frame::XDesktop2> desktop_;

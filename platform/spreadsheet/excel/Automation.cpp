@@ -1,14 +1,10 @@
 #include "platform/spreadsheet/excel/Automation.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <vector>
 
 namespace qv {
 namespace {
-
-// The texts that are written carry a decimal point whatever the user's locale says.
-constexpr LCID kEnglish = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);
 
 constexpr int kMaxAttempts = 50;
 constexpr DWORD kRetryMilliseconds = 100;
@@ -116,32 +112,30 @@ VARIANT Argument(const AutomationObject& object) {
 AutomationObject ObjectOf(const VARIANT& value) {
   AutomationObject object;
   if (value.vt == VT_DISPATCH && value.pdispVal != nullptr)
-    value.pdispVal->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(object.Receive()));
+    value.pdispVal->QueryInterface(IID_PPV_ARGS(object.ReleaseAndGetAddressOf()));
   return object;
 }
 
-void Invoke(const AutomationObject& object, DISPID member, WORD kind, std::span<const VARIANT> arguments,
-            Variant& result) {
+Variant Invoke(const AutomationObject& object, DISPID member, WORD kind, std::span<const VARIANT> arguments) {
   if (!object) throw SpreadsheetError("the spreadsheet application gave no object");
+  Variant result;
   std::string reason;
   const HRESULT outcome = InvokePatiently(object.Get(), member, kind, arguments, result.Receive(), reason);
   if (IsBusy(outcome)) throw SpreadsheetError("the spreadsheet application is busy: " + reason);
   if (IsGone(outcome)) throw SpreadsheetError("the spreadsheet application is gone: " + reason);
   if (FAILED(outcome)) throw RefusedCall("the spreadsheet application refuses: " + reason);
+  return result;
 }
 
-AutomationObject InvokeForObject(const AutomationObject& object, DISPID member, WORD kind,
-                                 std::span<const VARIANT> arguments) {
-  Variant result;
-  Invoke(object, member, kind, arguments, result);
-  AutomationObject found = ObjectOf(result.Get());
+AutomationObject InvokeForObject(const AutomationObject& object, DISPID member,
+                                 std::span<const VARIANT> arguments, WORD kind) {
+  AutomationObject found = ObjectOf(Invoke(object, member, kind, arguments).Get());
   if (!found) throw SpreadsheetError("the spreadsheet application gave no object");
   return found;
 }
 
 std::int32_t InvokeForNumber(const AutomationObject& object, DISPID property) {
-  Variant number;
-  Invoke(object, property, DISPATCH_PROPERTYGET, {}, number);
+  const Variant number = Invoke(object, property, DISPATCH_PROPERTYGET);
   if (number.Get().vt != VT_I4) throw SpreadsheetError("the spreadsheet application gave no number");
   return number.Get().lVal;
 }

@@ -10,6 +10,9 @@ namespace qv {
 
 using AutomationObject = ComPtr<IDispatch>;
 
+/// In which texts are exchanged: their numbers have a decimal point whatever the user's locale says.
+inline constexpr LCID kEnglish = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);
+
 // Arguments. They borrow what they are made from.
 
 /// An optional argument that is left out.
@@ -40,12 +43,12 @@ AutomationObject ObjectOf(const VARIANT& value);
 /// Calls a member by its identifier, with the arguments in the order in which they are declared. `kind` is
 /// one of DISPATCH_METHOD, DISPATCH_PROPERTYGET and DISPATCH_PROPERTYPUT. Throws RefusedCall with the
 /// application's reason, or another SpreadsheetError.
-void Invoke(const AutomationObject& object, DISPID member, WORD kind, std::span<const VARIANT> arguments,
-            Variant& result);
+Variant Invoke(const AutomationObject& object, DISPID member, WORD kind,
+               std::span<const VARIANT> arguments = {});
 
-/// The same for members that give an object.
-AutomationObject InvokeForObject(const AutomationObject& object, DISPID member, WORD kind,
-                                 std::span<const VARIANT> arguments = {});
+/// The same for members that give an object, most of which are properties.
+AutomationObject InvokeForObject(const AutomationObject& object, DISPID member,
+                                 std::span<const VARIANT> arguments = {}, WORD kind = DISPATCH_PROPERTYGET);
 
 /// The same for properties that are numbers.
 std::int32_t InvokeForNumber(const AutomationObject& object, DISPID property);

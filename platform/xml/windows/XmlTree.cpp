@@ -27,7 +27,7 @@ Document NewDocument() {
   Document document;
   Require(CLSIDFromProgID(L"Msxml2.DOMDocument.6.0", &id));
   Require(CoCreateInstance(id, nullptr, CLSCTX_SERVER, IID_IXMLDOMDocument,
-                           reinterpret_cast<void**>(document.Receive())));
+                           reinterpret_cast<void**>(document.ReleaseAndGetAddressOf())));
   document->put_async(VARIANT_FALSE);
   document->put_validateOnParse(VARIANT_FALSE);
   document->put_resolveExternals(VARIANT_FALSE);
@@ -36,7 +36,7 @@ Document NewDocument() {
 
 Stream NewStream() {
   Stream stream;
-  Require(CreateStreamOnHGlobal(nullptr, TRUE, stream.Receive()));
+  Require(CreateStreamOnHGlobal(nullptr, TRUE, stream.ReleaseAndGetAddressOf()));
   return stream;
 }
 
@@ -50,11 +50,11 @@ std::string NameOf(const Node& node) {
 
 void ReadAttributes(const Node& from, XmlNode& to) {
   ComPtr<IXMLDOMNamedNodeMap> attributes;
-  Require(from->get_attributes(attributes.Receive()));
+  Require(from->get_attributes(attributes.ReleaseAndGetAddressOf()));
   if (!attributes) return;
   for (;;) {
     Node attribute;
-    Require(attributes->nextNode(attribute.Receive()));
+    Require(attributes->nextNode(attribute.ReleaseAndGetAddressOf()));
     if (!attribute) return;
     Variant value;
     Require(attribute->get_nodeValue(value.Receive()));
@@ -72,10 +72,10 @@ XmlNode ReadNode(const Node& from, int depth) {
   XmlNode to{NameOf(from), {}, {}};
   ReadAttributes(from, to);
   Node child;
-  for (Require(from->get_firstChild(child.Receive())); child;) {
+  for (Require(from->get_firstChild(child.ReleaseAndGetAddressOf())); child;) {
     to.children.push_back(ReadNode(child, depth + 1));
     Node next;
-    Require(child->get_nextSibling(next.Receive()));
+    Require(child->get_nextSibling(next.ReleaseAndGetAddressOf()));
     child = std::move(next);
   }
   return to;
@@ -96,13 +96,13 @@ bool Load(const Document& document, std::string_view bytes) {
 
 bool HasDocumentType(const Document& document) {
   ComPtr<IXMLDOMDocumentType> type;
-  return document->get_doctype(type.Receive()) == S_OK && type;
+  return document->get_doctype(type.ReleaseAndGetAddressOf()) == S_OK && type;
 }
 
 XmlError ErrorOf(const Document& document) {
   XmlError error{XmlProblem::Unreadable, 0, 0, "it is not well formed"};
   ComPtr<IXMLDOMParseError> told;
-  if (FAILED(document->get_parseError(told.Receive()))) return error;
+  if (FAILED(document->get_parseError(told.ReleaseAndGetAddressOf()))) return error;
   told->get_line(&error.line);
   told->get_linepos(&error.column);
   Bstr reason;
@@ -117,8 +117,8 @@ template <class Parent>
 void AppendElement(const Document& document, const Parent& parent, const XmlNode& from) {
   ComPtr<IXMLDOMElement> element;
   Node appended;
-  Require(document->createElement(Bstr(from.name).Get(), element.Receive()));
-  Require(parent->appendChild(element.Get(), appended.Receive()));
+  Require(document->createElement(Bstr(from.name).Get(), element.ReleaseAndGetAddressOf()));
+  Require(parent->appendChild(element.Get(), appended.ReleaseAndGetAddressOf()));
   for (const auto& [name, value] : from.attributes) {
     Variant text;
     text.SetText(Widen(value));
@@ -131,9 +131,10 @@ Document DocumentOf(const XmlNode& root) {
   const Document document = NewDocument();
   ComPtr<IXMLDOMProcessingInstruction> declaration;
   Node appended;
-  Require(document->createProcessingInstruction(
-      Bstr(L"xml").Get(), Bstr(L"version=\"1.0\" encoding=\"UTF-8\"").Get(), declaration.Receive()));
-  Require(document->appendChild(declaration.Get(), appended.Receive()));
+  Require(document->createProcessingInstruction(Bstr(L"xml").Get(),
+                                                Bstr(L"version=\"1.0\" encoding=\"UTF-8\"").Get(),
+                                                declaration.ReleaseAndGetAddressOf()));
+  Require(document->appendChild(declaration.Get(), appended.ReleaseAndGetAddressOf()));
   AppendElement(document, document, root);
   return document;
 }
@@ -158,15 +159,14 @@ std::optional<XmlNode> ParseXml(std::string_view bytes, XmlError& error) {
   const ComScope scope;
   try {
     const Document document = NewDocument();
-    Node root;
     if (!Load(document, bytes)) {
       error = ErrorOf(document);
       return std::nullopt;
     }
     if (HasDocumentType(document)) throw Refused{"a document type declaration is not allowed"};
     ComPtr<IXMLDOMElement> element;
-    Require(document->get_documentElement(element.Receive()));
-    return ReadNode(element.As<IXMLDOMNode>(IID_IXMLDOMNode), 1);
+    Require(document->get_documentElement(element.ReleaseAndGetAddressOf()));
+    return ReadNode(element, 1);
   } catch (const Refused& refused) {
     error = {XmlProblem::Unreadable, 0, 0, refused.why};
   } catch (const std::runtime_error& failure) {
