@@ -3,7 +3,7 @@
 #include "format/FormatConfiguration.h"
 #include "manager/FileStart.h"
 #include "manager/FormatOptionDialog.h"
-#include "manager/ManagerFormats.h"
+#include "manager/ManagerState.h"
 #include "platform/CodePage.h"
 #include "text/Phrases.h"
 

@@ -25,7 +25,7 @@ std::shared_ptr<AttachedRecord> AttachedRecord::Of(void* record, Deleter deleter
   // one, and a new one when memory runs out.
   Registry& registry = TheRegistry();
   std::shared_ptr<AttachedRecord> known;
-  auto attached = std::make_shared<AttachedRecord>(Key(), record, deleter);
+  std::shared_ptr<AttachedRecord> attached(new AttachedRecord(record, deleter));
   const std::lock_guard lock(registry.mutex);
   std::weak_ptr<AttachedRecord>& entry = registry.records[record];
   known = entry.lock();

@@ -8,18 +8,12 @@ namespace qv {
 /// with the last share in it. The same record attached twice, to one manager or to several, is one
 /// AttachedRecord.
 class AttachedRecord {
-  struct Key {
-    explicit Key() = default;
-  };
-  using Deleter = void (*)(void* record);
-
  public:
   template <class Record>
   static std::shared_ptr<AttachedRecord> Of(Record* record) {
     return Of(record, [](void* pointer) { delete static_cast<Record*>(pointer); });
   }
 
-  AttachedRecord(Key, void* record, Deleter deleter) : record_(record), deleter_(deleter) {}
   ~AttachedRecord();
   AttachedRecord(const AttachedRecord&) = delete;
   AttachedRecord& operator=(const AttachedRecord&) = delete;
@@ -30,6 +24,9 @@ class AttachedRecord {
   void TakeOver() { owned_ = true; }
 
  private:
+  using Deleter = void (*)(void* record);
+
+  AttachedRecord(void* record, Deleter deleter) : record_(record), deleter_(deleter) {}
   static std::shared_ptr<AttachedRecord> Of(void* record, Deleter deleter);
 
   void* record_;

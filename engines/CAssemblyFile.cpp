@@ -8,7 +8,6 @@
 #include "text/Ascii.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace {
 

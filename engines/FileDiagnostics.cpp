@@ -1,7 +1,5 @@
 #include "engines/FileDiagnostics.h"
 
-#include <array>
-
 namespace qv {
 namespace {
 
@@ -11,15 +9,14 @@ struct CellSentence {
   const char* what;
 };
 
-constexpr std::array kCellSentences = {
-    CellSentence{CellRemark::NotANumber, DiagnosticCode::NotANumber, "is not a number"},
-    CellSentence{CellRemark::TrailingText, DiagnosticCode::TrailingText, "has text after the number"},
-    CellSentence{CellRemark::NumberOutOfRange, DiagnosticCode::NumberOutOfRange,
-                 "is a number that the field cannot hold"},
-    CellSentence{CellRemark::EmptyValue, DiagnosticCode::EmptyValue, "the cell is empty"},
-    CellSentence{CellRemark::UnknownWord, DiagnosticCode::UnknownWord,
-                 "is none of the words for this column"},
-    CellSentence{CellRemark::TextCut, DiagnosticCode::TextCut, "is longer than the field"},
+constexpr CellSentence kCellSentences[] = {
+    {CellRemark::NotANumber, DiagnosticCode::NotANumber, "is not a number"},
+    {CellRemark::TrailingText, DiagnosticCode::TrailingText, "has text after the number"},
+    {CellRemark::NumberOutOfRange, DiagnosticCode::NumberOutOfRange,
+     "is a number that the field cannot hold"},
+    {CellRemark::EmptyValue, DiagnosticCode::EmptyValue, "the cell is empty"},
+    {CellRemark::UnknownWord, DiagnosticCode::UnknownWord, "is none of the words for this column"},
+    {CellRemark::TextCut, DiagnosticCode::TextCut, "is longer than the field"},
 };
 
 }  // namespace

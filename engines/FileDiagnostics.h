@@ -1,6 +1,5 @@
 #pragma once
 
-#include "engines/columns/CellRemark.h"
 #include "platform/Handlers.h"
 #include "text/Phrases.h"
 
@@ -9,6 +8,18 @@
 #include <string_view>
 
 namespace qv {
+
+/// What a column's reader noticed while it put a cell into a record.
+enum class CellRemark : unsigned char {
+  None,
+  NotANumber,
+  TrailingText,
+  NumberOutOfRange,
+  EmptyValue,
+  UnknownWord,
+  TextCut,
+  AbandonRow,  ///< the cell says that the row is no record at all
+};
 
 /// Reports to the diagnostic handler what an import or export of one file did not take as it stood. Costs
 /// nothing while there is no handler.
@@ -30,7 +41,6 @@ class FileDiagnostics {
     Report(code, line, {}, {}, {}, std::move(message));
   }
 
-  /// What a column's reader noticed about a cell.
   void ReportCell(CellRemark remark, std::int64_t line, std::string_view column, std::string_view text,
                   std::string_view stored) const;
 

@@ -39,7 +39,7 @@ class RecordBuilder {
 
   /// Fills a fresh record; false when the row gives none.
   bool Build(Record& record, const FieldViews& row, std::int64_t line) {
-    if (KindTraits<Record>::kSkipsEmptyRows && row.total == 0) {
+    if (kRecordKindOf<Record> == RecordKind::Parts && row.total == 0) {
       ReportLeftOut(line, row.line, "the row is empty");
       return false;
     }
@@ -100,7 +100,8 @@ class RecordBuilder {
   void ReportUnknownColumns(std::int64_t headerLine) const {
     if (keywords_.empty()) diagnostics_.ReportNoColumns(headerLine, "no cell is read");
     for (std::size_t index = 0; index < columns_.size(); ++index)
-      if (columns_[index] == nullptr && !Matches(KindTraits<Record>::kImportMatch, kIgnore, keywords_[index]))
+      if (columns_[index] == nullptr &&
+          !Matches(IgnoresCase(kRecordKindOf<Record>), kIgnore, keywords_[index]))
         diagnostics_.Report(DiagnosticCode::UnknownColumn, headerLine, keywords_[index], {}, {},
                             "no such column in a list of this kind; its cells are ignored");
   }
@@ -143,7 +144,7 @@ class BuiltRecords final : public RecordSource {
   template <class Engine>
   BuiltRecords(Engine& engine, const FileDiagnostics& diagnostics)
       : records_(engine.StagedRecords.template Of<Record>()), rows_(engine, diagnostics) {
-    const std::vector<std::string>& keywords = engine.Columns(KindTraits<Record>::kKind);
+    const std::vector<std::string>& keywords = engine.Columns(kRecordKindOf<Record>);
     if (!rows_.ReadHeader(engine.HeaderFields, keywords)) return;
     if (std::exchange(engine.ReadHeaderOnly, false)) return;
     builder_.emplace(keywords, diagnostics, rows_.LineNumber(), Rows::kHasTexts && engine.ReadsDecimalComma);

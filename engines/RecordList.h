@@ -1,25 +1,17 @@
 #pragma once
 
-#include "records/RecordKind.h"
+#include "engines/AttachedRecord.h"
+#include "platform/LargeBlock.h"
+#include "records/Records.h"
 
 #include <cstddef>
 #include <memory>
+#include <new>
+#include <ranges>
 #include <tuple>
 #include <type_traits>
+#include <utility>
 #include <vector>
-
-class JobProgressInfo;
-class MatAmncITInfo;
-class MatLibraryInfo;
-class MaterialInfomation;
-class PartInformation;
-class PrtInfo;
-class ShtInfo;
-class ToolInformation;
-
-namespace qv {
-class AttachedRecord;
-}
 
 /// The records of one kind that an engine holds: built by an import (the engine's own, in blocks of the
 /// list's) or staged for an export (held together with the manager that attached them). All of them go with
@@ -27,41 +19,49 @@ class AttachedRecord;
 template <class Record>
 class RecordList {
  public:
-  RecordList();
-  ~RecordList();
+  RecordList() = default;
+  ~RecordList() { Clear(); }
   RecordList(const RecordList&) = delete;
   RecordList& operator=(const RecordList&) = delete;
 
   /// A fresh record for the engine to fill. It becomes the last one of the list with Keep(); without, it is
   /// gone with the next Begin().
-  Record& Begin();
-  void Keep();
+  Record& Begin() {
+    DropBegun();
+    if (next_ == blockEnd_) AddBlock();
+    new (next_) Record;
+    hasBegun_ = true;
+    return *next_;
+  }
+  void Keep() {
+    hasBegun_ = false;
+    ++next_;
+    ++built_;
+  }
 
   /// Takes a share in a record that a host attached. The library owns it from now on.
-  void Stage(std::shared_ptr<qv::AttachedRecord> record);
+  void Stage(std::shared_ptr<qv::AttachedRecord> record) {
+    staged_.push_back(std::move(record));
+    staged_.back()->TakeOver();
+  }
 
   std::size_t Size() const { return built_ + staged_.size(); }
   Record* operator[](std::size_t index) const {
-    return index < built_ ? Built(index) : Staged(index - built_);
+    return index < built_ ? Built(index) : static_cast<Record*>(staged_[index - built_]->Pointer());
   }
-  void Clear();
-
-  class Iterator {
-   public:
-    Iterator(const RecordList& list, std::size_t index) : list_(&list), index_(index) {}
-    Record* operator*() const { return (*list_)[index_]; }
-    Iterator& operator++() {
-      ++index_;
-      return *this;
-    }
-    bool operator==(const Iterator& other) const { return index_ == other.index_; }
-
-   private:
-    const RecordList* list_;
-    std::size_t index_;
-  };
-  Iterator begin() const { return {*this, 0}; }
-  Iterator end() const { return {*this, Size()}; }
+  auto All() const {
+    return std::views::iota(std::size_t{0}, Size()) |
+           std::views::transform([this](std::size_t index) { return (*this)[index]; });
+  }
+  void Clear() {
+    DropBegun();
+    for (std::size_t index = 0; index < built_; ++index) std::destroy_at(Built(index));
+    for (std::size_t block = 0; block < blocks_.size(); ++block) FreeBlock(blocks_[block], block == 0);
+    built_ = 0;
+    next_ = blockEnd_ = nullptr;
+    blocks_.clear();
+    staged_.clear();
+  }
 
  private:
   // The first block is from the heap, which reuses it for one small file after another. The others are large,
@@ -76,10 +76,22 @@ class RecordList {
     const std::size_t later = index - kInFirst;
     return blocks_[1 + later / kInBlock] + later % kInBlock;
   }
-  Record* Staged(std::size_t index) const;
-  void AddBlock();
-  static void FreeBlock(Record* block, bool isFirst);
-  void DropBegun();
+  void AddBlock() {
+    blocks_.reserve(blocks_.size() + 1);
+    const bool isFirst = blocks_.empty();
+    void* const block = isFirst ? ::operator new(kFirstBlockSize) : qv::AcquireLargeBlock(kBlockSize);
+    if (block == nullptr) throw std::bad_alloc();
+    next_ = static_cast<Record*>(block);
+    blockEnd_ = next_ + (isFirst ? kInFirst : kInBlock);
+    blocks_.push_back(next_);
+  }
+  static void FreeBlock(Record* block, bool isFirst) {
+    isFirst ? ::operator delete(block) : qv::ReleaseLargeBlock(block, kBlockSize);
+  }
+  void DropBegun() {
+    if (hasBegun_) std::destroy_at(next_);
+    hasBegun_ = false;
+  }
 
   std::vector<Record*> blocks_;
   Record* next_ = nullptr;  // the place for the next record, in the last block
@@ -91,18 +103,22 @@ class RecordList {
 
 namespace qv {
 
-/// Something for each record class, in the order of RecordKind.
-template <template <class Record> class Of>
-using ForEachRecordClass =
-    std::tuple<Of<PartInformation>, Of<ToolInformation>, Of<MaterialInfomation>, Of<ShtInfo>, Of<PrtInfo>,
-               Of<MatAmncITInfo>, Of<MatLibraryInfo>, Of<JobProgressInfo>>;
-
 /// Calls `visit` with std::type_identity of the kind's record class, and returns what it returns.
 template <std::size_t Index = 0, class Visit>
 auto VisitRecordClass(RecordKind kind, Visit visit) {
   if constexpr (Index + 1 < kRecordKindCount)
     if (static_cast<std::size_t>(kind) != Index) return VisitRecordClass<Index + 1>(kind, visit);
   return visit(std::tuple_element_t<Index, ForEachRecordClass<std::type_identity>>());
+}
+
+/// Makes an Of<Record> for the kind's class, which implements the interface; null where IsCarried(kind) is
+/// false.
+template <class Interface, template <class Record> class Of, auto IsCarried, class... Arguments>
+std::unique_ptr<Interface> MakeForKind(RecordKind kind, Arguments&... arguments) {
+  return VisitRecordClass(kind, [&]<class Record>(std::type_identity<Record>) -> std::unique_ptr<Interface> {
+    if constexpr (IsCarried(kRecordKindOf<Record>)) return std::make_unique<Of<Record>>(arguments...);
+    return nullptr;
+  });
 }
 
 }  // namespace qv

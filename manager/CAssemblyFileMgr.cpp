@@ -2,11 +2,9 @@
 
 #include "engines/CAssemblyFile.h"
 #include "engines/RecordStreams.h"
-#include "engines/columns/ColumnTables.h"
 #include "format/FormatConfiguration.h"
 #include "manager/FileStart.h"
 #include "manager/FormatOptionDialog.h"
-#include "manager/ManagerFormats.h"
 #include "manager/ManagerState.h"
 #include "platform/Handlers.h"
 
@@ -72,7 +70,7 @@ template <class Record>
 bool Export(const Configuration& configuration, Engine& engine, const char* path,
             const std::vector<std::shared_ptr<qv::AttachedRecord>>& attached) {
   qv::FileDiagnostics diagnostics(path);
-  if (!qv::StartEngine(configuration, engine, qv::KindTraits<Record>::kKind, diagnostics)) return false;
+  if (!qv::StartEngine(configuration, engine, kRecordKindOf<Record>, diagnostics)) return false;
   for (const auto& record : attached) engine->StagedRecords.Of<Record>().Stage(record);
   qv::ExportRecords(*engine, diagnostics);
   return true;

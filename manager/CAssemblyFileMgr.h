@@ -2,6 +2,7 @@
 
 #include <QVAssemblyFile/Export.h>
 #include <QVAssemblyFile/FixedText.h>
+#include <QVAssemblyFile/RecordKind.h>
 #include <QVAssemblyFile/WindowHandle.h>
 
 #include <memory>
@@ -11,14 +12,6 @@
 class AnyRecordReader;
 class AnyRecordWriter;
 class CAssemblyFile;
-class JobProgressInfo;
-class MatAmncITInfo;
-class MatLibraryInfo;
-class MaterialInfomation;
-class PartInformation;
-class PrtInfo;
-class ShtInfo;
-class ToolInformation;
 struct FormatConfiguration;
 
 namespace qv {

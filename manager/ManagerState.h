@@ -2,10 +2,11 @@
 
 #include "engines/AttachedRecord.h"
 #include "engines/FileDiagnostics.h"
-#include "engines/RecordList.h"
+#include "format/FormatList.h"
 #include "manager/CAssemblyFileMgr.h"
 #include "records/RecordKind.h"
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -13,19 +14,20 @@
 /// share the records.
 struct CAssemblyFileMgr::State {
   template <class Record>
-  struct ExportList {
-    std::vector<std::shared_ptr<qv::AttachedRecord>> records;
-  };
-
-  template <class Record>
   std::vector<std::shared_ptr<qv::AttachedRecord>>& Of() {
-    return std::get<ExportList<Record>>(lists).records;
+    return lists[static_cast<std::size_t>(kRecordKindOf<Record>)];
   }
 
-  qv::ForEachRecordClass<ExportList> lists;
+  std::array<std::vector<std::shared_ptr<qv::AttachedRecord>>, kRecordKindCount> lists;
 };
 
 namespace qv {
+
+/// For those who have loaded a format file already.
+struct ManagerFormats {
+  /// Makes the manager and its copies hold these formats, as if it had loaded them itself.
+  static void Set(CAssemblyFileMgr& manager, FormatList formats);
+};
 
 /// What every import and export starts with: puts an engine for the diagnostics' file, with the current
 /// format for the kind, in the place of the manager's. False when there is nothing to go on with; the manager

@@ -23,26 +23,6 @@
 /// As for a manager, one thread at a time. Only std::bad_alloc is thrown. What is wrong with the file is
 /// reported to the diagnostic handler (Diagnostics.h).
 
-/// The kind of a record class.
-template <class Record>
-inline constexpr RecordKind kRecordKindOf = Record::NoRecordClass;
-template <>
-inline constexpr RecordKind kRecordKindOf<PartInformation> = RecordKind::Parts;
-template <>
-inline constexpr RecordKind kRecordKindOf<ToolInformation> = RecordKind::Tools;
-template <>
-inline constexpr RecordKind kRecordKindOf<MaterialInfomation> = RecordKind::Materials;
-template <>
-inline constexpr RecordKind kRecordKindOf<ShtInfo> = RecordKind::Sheets;
-template <>
-inline constexpr RecordKind kRecordKindOf<PrtInfo> = RecordKind::PartPrograms;
-template <>
-inline constexpr RecordKind kRecordKindOf<MatAmncITInfo> = RecordKind::MaterialInventory;
-template <>
-inline constexpr RecordKind kRecordKindOf<MatLibraryInfo> = RecordKind::MaterialLibrary;
-template <>
-inline constexpr RecordKind kRecordKindOf<JobProgressInfo> = RecordKind::JobProgress;
-
 /// Reads the records of a kind that is known at run time only: a record is a pointer to an object of the
 /// kind's class.
 class QVASSEMBLY_API AnyRecordReader {

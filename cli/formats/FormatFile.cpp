@@ -1,7 +1,7 @@
 #include "cli/formats/FormatFile.h"
 
 #include "cli/Session.h"
-#include "manager/ManagerFormats.h"
+#include "manager/ManagerState.h"
 #include "platform/CodePage.h"
 #include "platform/ConsoleProgram.h"
 #include "platform/FileSystem.h"

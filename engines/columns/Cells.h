@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
-#include <type_traits>
 
 /// How cells are read into a record and written from one: one function template per way of doing it.
 namespace qv {
@@ -85,6 +84,12 @@ CellRemark ReadText(RecordOf<Field>& record, std::string_view text, std::string*
   if (StoreText(record.*Field, text)) return CellRemark::None;
   if (stored != nullptr) *stored = ViewOf(record.*Field);
   return CellRemark::TextCut;
+}
+
+constexpr CellRemark RemarkOn(NumberFault fault) {
+  constexpr CellRemark kRemarks[] = {CellRemark::None, CellRemark::EmptyValue, CellRemark::NotANumber,
+                                     CellRemark::TrailingText, CellRemark::NumberOutOfRange};
+  return kRemarks[static_cast<std::size_t>(fault)];  // they are in its order
 }
 
 /// Stores a number or choice. An empty cell is worth a remark only where it changes what a fresh record

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "engines/columns/CellRemark.h"
+#include "engines/FileDiagnostics.h"
 #include "engines/columns/RecordFields.h"
 #include "engines/columns/TextBuffer.h"
+#include "text/Ascii.h"
 
 #include <cstddef>
 #include <string>
@@ -34,21 +35,14 @@ struct Column : FieldColumn {
   std::size_t (*count)(const Record& record) = nullptr;
 };
 
-/// How keywords of a format are compared with a table's.
-enum class KeywordMatch { Exact, IgnoringCase };
+/// Whether an import of the kind compares a format's keywords with its table's ignoring case: files that
+/// other software writes rely on either. Exports always do.
+constexpr bool IgnoresCase(RecordKind kind) {
+  return kind == RecordKind::Tools || kind == RecordKind::Materials || kind == RecordKind::MaterialLibrary;
+}
 
-/// What holds for a whole kind; specialised in ColumnTables.h.
-template <class Record>
-struct KindTraits;
-
-/// The shape of every KindTraits.
-template <RecordKind KindValue, KeywordMatch ImportMatchValue, bool SkipsEmptyRowsValue = false>
-struct KindTraitsOf {
-  static constexpr RecordKind kKind = KindValue;
-  /// Exports always ignore case.
-  static constexpr KeywordMatch kImportMatch = ImportMatchValue;
-  /// Whether a row without any field gives no record.
-  static constexpr bool kSkipsEmptyRows = SkipsEmptyRowsValue;
-};
+inline bool Matches(bool ignoresCase, std::string_view keyword, std::string_view text) {
+  return ignoresCase ? EqualsIgnoringCase(keyword, text) : keyword == text;
+}
 
 }  // namespace qv

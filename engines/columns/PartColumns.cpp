@@ -2,8 +2,6 @@
 #include "engines/text/FieldSplitter.h"
 #include "format/FormatColumns.h"
 
-#include <cmath>
-
 namespace qv {
 namespace {
 

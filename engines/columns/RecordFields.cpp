@@ -1,7 +1,6 @@
 #include "engines/columns/RecordFields.h"
 
 #include "engines/columns/FieldRows.h"
-#include "text/Ascii.h"
 
 #include <algorithm>
 
@@ -10,8 +9,7 @@ namespace {
 
 template <class Record>
 RecordType KindType(std::string_view name) {
-  return TypeOf<Record>(name, ColumnTable<Record>::Fields(),
-                        KindTraits<Record>::kImportMatch == KeywordMatch::IgnoringCase);
+  return TypeOf<Record>(name, ColumnTable<Record>::Fields(), IgnoresCase(kRecordKindOf<Record>));
 }
 
 template <class Condition>
@@ -53,7 +51,7 @@ const RecordField* FindFieldOfColumn(const RecordType& type, std::string_view ke
   if (keyword.empty()) return nullptr;
   return FindIf(type, [&](const RecordField& field) {
     return std::any_of(field.columns.begin(), field.columns.end(), [&](const FieldColumn& column) {
-      return type.ignoresCase ? EqualsIgnoringCase(column.keyword, keyword) : column.keyword == keyword;
+      return Matches(type.ignoresCase, column.keyword, keyword);
     });
   });
 }

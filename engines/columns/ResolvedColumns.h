@@ -2,7 +2,6 @@
 
 #include "engines/columns/Column.h"
 #include "records/RecordStorage.h"
-#include "text/Ascii.h"
 
 #include <algorithm>
 #include <string>
@@ -15,22 +14,18 @@ namespace qv {
 template <class Record>
 using ResolvedColumns = std::vector<const Column<Record>*>;
 
-inline bool Matches(KeywordMatch match, std::string_view keyword, std::string_view text) {
-  return match == KeywordMatch::Exact ? keyword == text : EqualsIgnoringCase(keyword, text);
-}
-
 /// Whether a column can be used in the direction in question.
 template <class Record>
 using ColumnFilter = bool (*)(const Column<Record>& column);
 
 template <class Record>
-ResolvedColumns<Record> Resolve(const std::vector<std::string>& keywords, KeywordMatch match,
+ResolvedColumns<Record> Resolve(const std::vector<std::string>& keywords, bool ignoresCase,
                                 ColumnFilter<Record> isUsable) {
   const auto table = ColumnTable<Record>::Columns();
   ResolvedColumns<Record> resolved;
   for (const std::string& keyword : keywords) {
     const auto found = std::find_if(table.begin(), table.end(), [&](const Column<Record>& column) {
-      return isUsable(column) && Matches(match, column.keyword, keyword);
+      return isUsable(column) && Matches(ignoresCase, column.keyword, keyword);
     });
     resolved.push_back(found == table.end() ? nullptr : &*found);
   }
@@ -40,14 +35,14 @@ ResolvedColumns<Record> Resolve(const std::vector<std::string>& keywords, Keywor
 /// The columns for reading: those without a reader count as unknown.
 template <class Record>
 ResolvedColumns<Record> ResolveForReading(const std::vector<std::string>& keywords) {
-  return Resolve<Record>(keywords, KindTraits<Record>::kImportMatch,
+  return Resolve<Record>(keywords, IgnoresCase(kRecordKindOf<Record>),
                          [](const Column<Record>& column) { return column.read != nullptr; });
 }
 
 /// The columns for writing: those without a writer count as unknown.
 template <class Record>
 ResolvedColumns<Record> ResolveForWriting(const std::vector<std::string>& keywords) {
-  return Resolve<Record>(keywords, KeywordMatch::IgnoringCase,
+  return Resolve<Record>(keywords, true,
                          [](const Column<Record>& column) { return column.write != nullptr; });
 }
 

@@ -1,8 +1,6 @@
 #include "engines/columns/TextBuffer.h"
 
-#include <algorithm>
 #include <array>
-#include <bit>
 #include <charconv>
 #include <cmath>
 #include <limits>

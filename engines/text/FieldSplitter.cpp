@@ -1,6 +1,5 @@
 #include "engines/text/FieldSplitter.h"
 
-#include <algorithm>
 #include <cstring>
 
 namespace qv {

@@ -41,7 +41,7 @@ template <class Record>
 class TextTarget final : public RecordTarget {
  public:
   TextTarget(CAssemblyFile& engine, const FileDiagnostics& diagnostics)
-      : keywords_(engine.Columns(KindTraits<Record>::kKind)),
+      : keywords_(engine.Columns(kRecordKindOf<Record>)),
         columns_(ResolveForWriting<Record>(keywords_)),
         staged_(engine.StagedRecords.Of<Record>()),
         quoting_(engine),
@@ -103,7 +103,7 @@ class TextTarget final : public RecordTarget {
 
   /// Only part lists have the columns about a part's group.
   static bool IsSkipped(std::string_view keyword) {
-    return KindTraits<Record>::kKind != RecordKind::Parts && IsGroupColumn(keyword);
+    return kRecordKindOf<Record> != RecordKind::Parts && IsGroupColumn(keyword);
   }
 
   // Every keyword gets its header, known or not, and every header a delimiter.
@@ -167,13 +167,7 @@ class TextTarget final : public RecordTarget {
 
 std::unique_ptr<RecordTarget> BeginTextRecords(CAssemblyFile& engine, RecordKind kind,
                                                const FileDiagnostics& diagnostics) {
-  return VisitRecordClass(kind,
-                          [&]<class Record>(std::type_identity<Record>) -> std::unique_ptr<RecordTarget> {
-                            if constexpr (IsExported(KindTraits<Record>::kKind))
-                              return std::make_unique<TextTarget<Record>>(engine, diagnostics);
-                            else
-                              return nullptr;
-                          });
+  return MakeForKind<RecordTarget, TextTarget, IsExported>(kind, engine, diagnostics);
 }
 
 }  // namespace qv

@@ -35,6 +35,9 @@ std::unique_ptr<OpenFile> Open(const CTxtAssembly& engine, const std::string& pa
   return Files().Open(path, OpenMode::Read, reason);
 }
 
+template <class Record>
+using TextRecords = BuiltRecords<Record, TextRows>;
+
 }  // namespace
 
 TextRows::TextRows(CTxtAssembly& engine, const FileDiagnostics& diagnostics)
@@ -164,13 +167,7 @@ void TextRows::CheckLine() const {
 
 std::unique_ptr<RecordSource> OpenTextRecords(CTxtAssembly& engine, RecordKind kind,
                                               const FileDiagnostics& diagnostics) {
-  return VisitRecordClass(kind,
-                          [&]<class Record>(std::type_identity<Record>) -> std::unique_ptr<RecordSource> {
-                            if constexpr (IsImported(KindTraits<Record>::kKind))
-                              return std::make_unique<BuiltRecords<Record, TextRows>>(engine, diagnostics);
-                            else
-                              return nullptr;
-                          });
+  return MakeForKind<RecordSource, TextRecords, IsImported>(kind, engine, diagnostics);
 }
 
 }  // namespace qv

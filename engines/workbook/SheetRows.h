@@ -1,16 +1,12 @@
 #pragma once
 
-#include "engines/CAssemblyFile.h"
-#include "engines/RecordStreams.h"
-#include "engines/text/FieldSplitter.h"
-#include "platform/Handlers.h"
+#include "engines/FileDiagnostics.h"
+#include "engines/FileSample.h"
 #include "platform/spreadsheet/SpreadsheetApplication.h"
 
 #include <cstdint>
-#include <limits>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace qv {
 
@@ -55,45 +51,6 @@ class OpenedSheet {
   std::int32_t columns_ = 0;
   std::int32_t lastRow_ = 0;
   bool hasFailed_ = false;
-};
-
-/// The rows of a workbook's active sheet, as the builders of records take them.
-class SheetRows {
- public:
-  static constexpr bool kHasTexts = false;
-
-  SheetRows(const CAssemblyFile& engine, const FileDiagnostics& diagnostics);
-
-  /// Reads the header row; false when the sheet has none. Below a start line of 1 the keywords take its
-  /// place: all rows are data.
-  bool ReadHeader(TextList& headers, const std::vector<std::string>& keywords);
-
-  /// Later cells are counted but not kept.
-  void KeepAtMost(std::size_t fields) { keep_ = fields; }
-
-  /// Goes to the next row; false, with the workbook closed, when there is none.
-  bool Next();
-
-  const FieldViews& Row() const { return views_; }
-  std::int64_t LineNumber() const { return row_; }
-  bool HasFailed() const { return sheet_.HasFailed() || meter_.IsCancelled(); }
-
- private:
-  bool ReadRow();
-  bool Finish();
-  void ReportOutOfReach() const;
-  std::size_t CountFields() const;
-
-  const std::int32_t headerRow_;  // 0: there is none
-  const FileDiagnostics& diagnostics_;
-  ProgressMeter meter_;
-  OpenedSheet sheet_;
-  std::int64_t row_;  // the last one read
-  std::vector<std::string> texts_;
-  std::string line_;         // the row as a text, for diagnostics
-  std::size_t columns_ = 0;  // of the format
-  std::size_t keep_ = std::numeric_limits<std::size_t>::max();
-  FieldViews views_;
 };
 
 }  // namespace qv

@@ -23,7 +23,7 @@ class WorkbookTarget final : public RecordTarget {
  public:
   WorkbookTarget(CAssemblyFile& engine, const FileDiagnostics& diagnostics)
       : engine_(engine),
-        keywords_(engine.Columns(KindTraits<Record>::kKind)),
+        keywords_(engine.Columns(kRecordKindOf<Record>)),
         records_(engine.StagedRecords.Of<Record>()),
         diagnostics_(diagnostics),
         meter_(diagnostics.File(), FileProgress::Work::Writing, FileProgress::Unit::Cells),
@@ -88,7 +88,7 @@ class WorkbookTarget final : public RecordTarget {
       return diagnostics_.ReportNoColumns(0, "no header and no rows written");
     }
     WriteSheet(*sheet, ColumnLevel::Record);
-    if (KindTraits<Record>::kKind != RecordKind::PartPrograms) return;
+    if (kRecordKindOf<Record> != RecordKind::PartPrograms) return;
     WriteSheet(*TakeSheet(workbook, "sheet2"), ColumnLevel::UsedTools);
     WriteSheet(*TakeSheet(workbook, "sheet3"), ColumnLevel::Holes);
     WriteSheet(*workbook.AddSheet(), ColumnLevel::Bends);
@@ -101,7 +101,7 @@ class WorkbookTarget final : public RecordTarget {
     writer.FormatColumns();
     WriteFormatName(sheet);
     writer.WriteHeader(engine_.StartLine);
-    for (const Record* record : records_) writer.Write(*record);
+    for (const Record* record : records_.All()) writer.Write(*record);
     refused_ += writer.Finish();
   }
 
@@ -147,13 +147,7 @@ std::optional<double> SheetNumber(std::string_view text) {
 
 std::unique_ptr<RecordTarget> BeginWorkbookRecords(CAssemblyFile& engine, RecordKind kind,
                                                    const FileDiagnostics& diagnostics) {
-  return VisitRecordClass(kind,
-                          [&]<class Record>(std::type_identity<Record>) -> std::unique_ptr<RecordTarget> {
-                            if constexpr (IsExported(KindTraits<Record>::kKind))
-                              return std::make_unique<WorkbookTarget<Record>>(engine, diagnostics);
-                            else
-                              return nullptr;
-                          });
+  return MakeForKind<RecordTarget, WorkbookTarget, IsExported>(kind, engine, diagnostics);
 }
 
 }  // namespace qv

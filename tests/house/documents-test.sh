@@ -21,7 +21,7 @@ documented() {
 # The quoted texts in the files, but for names of headers.
 quoted() { sed '/#include/d' "$@" | grep -oE '"[^"]+"' | sed -E 's/^"//; s/ ?"$//' | sort -u; }
 
-quoted engines/columns/*Columns.cpp engines/columns/Words.cpp | grep -vxE '(UsedTool|Hole|Bend)Info' | documented "column or word" docs/columns.md
+quoted engines/columns/*Columns.cpp engines/columns/Words.h | grep -vxE '(UsedTool|Hole|Bend)Info' | documented "column or word" docs/columns.md
 grep -hv '#define' engines/columns/*Columns.cpp | grep -oE '(TOOL|HOLE|BEND)\(\w+' | cut -d'(' -f2 | documented "column of a list" docs/columns.md
 sed -n '/kCodeNames\[\]/,/^};/p' platform/Handlers.cpp | quoted | documented remark docs/diagnostics.md
 quoted cli/*.cpp cli/*/*.cpp | grep -E '^(suggest|json)-' | documented "code of the program" docs/diagnostics.md

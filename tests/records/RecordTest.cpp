@@ -48,7 +48,7 @@ void ExpectDefaults(const RecordType& type) {
 template <class Record>
 class RecordTest : public testing::Test {
  protected:
-  const RecordType& type_ = RecordTypeOf(KindTraits<Record>::kKind);
+  const RecordType& type_ = RecordTypeOf(kRecordKindOf<Record>);
 };
 
 using Records = testing::Types<PartInformation, ToolInformation, MaterialInfomation, ShtInfo, PrtInfo,
@@ -164,7 +164,7 @@ TEST(RecordTableTest, NumbersAreAsShortAsTheyCanBe) {
 
 template <class Record>
 std::string Held(Record& record, const char* stem) {
-  return GetText(&record, *FindField(RecordTypeOf(KindTraits<Record>::kKind), stem));
+  return GetText(&record, *FindField(RecordTypeOf(kRecordKindOf<Record>), stem));
 }
 
 // One pair of accessors of each shape, and those that are unlike the others; macros make the rest.

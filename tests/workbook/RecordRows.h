@@ -29,7 +29,8 @@ Texts RowOf(const Record& record, const Texts& keywords) {
 template <class Record>
 std::vector<Texts> RowsOf(const CAssemblyFile& engine, const Texts& keywords) {
   std::vector<Texts> rows;
-  for (const Record* record : engine.StagedRecords.Of<Record>()) rows.push_back(RowOf(*record, keywords));
+  for (const Record* record : engine.StagedRecords.Of<Record>().All())
+    rows.push_back(RowOf(*record, keywords));
   return rows;
 }
 

@@ -72,7 +72,7 @@ std::string CellOf(const qv::Column<Record>& column, const std::string& text) {
 /// sheet that was written, row by row.
 template <class Record>
 std::vector<Texts> ExpectRoundTrip(const char* path, std::size_t records = std::string::npos) {
-  const RecordKind kind = qv::KindTraits<Record>::kKind;
+  const RecordKind kind = kRecordKindOf<Record>;
   const Texts keywords = RoundTripKeywords<Record>();
   EXPECT_GT(keywords.size(), 8u);
   CXLSAssembly out, in;
