@@ -6,7 +6,6 @@
 #include "text/Numbers.h"
 #include "text/Phrases.h"
 
-#include <string_view>
 #include <utility>
 
 namespace qv {

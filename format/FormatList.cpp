@@ -1,21 +1,48 @@
 #include "format/FormatList.h"
 
-#include "format/DefaultHeaderKeywords.h"
 #include "format/FormatColumns.h"
 
 #include <algorithm>
 #include <unordered_set>
 
-namespace {
-
-auto ByName(std::string_view name) {
-  return [name](const OptionForm& form) { return form.Name == name; };
-}
-
-}  // namespace
+const std::array<std::string_view, 33> DefaultHeaderKeywords = {
+    "Ignore",
+    "PartName",
+    "PartNumber",
+    "FullPath",
+    "PartQuantity",
+    "DueDate",
+    "MaterialType",
+    "MaterialThickness",
+    "PartComment",
+    "Revision",
+    "Machine",
+    "ToolInventory",
+    "MaterialGroup",
+    "Customer",
+    "RouterNumber",
+    "WorkOrderNumber",
+    "BinID",
+    "EstimateTime",
+    "PartPositionInGroup",
+    "GroupName",
+    "PreferredMaterial",
+    "RectangularTrueShape",
+    "StackTable",
+    "RotateSpecificAngle",
+    "Rotation",
+    "CommonCutting",
+    "C-CutPunch",
+    "GrainDirection",
+    "MaterialCode",
+    "MaterialDescription",
+    "CustomerMaterialType",
+    "Coating",
+    "Priority",
+};
 
 bool FindFormat(const FormatList& list, std::string_view name, OptionForm& record) {
-  const auto found = std::find_if(list.Formats.begin(), list.Formats.end(), ByName(name));
+  const auto found = std::ranges::find(list.Formats, name, &OptionForm::Name);
   if (found == list.Formats.end()) return false;
   record = *found;
   return true;
@@ -23,12 +50,11 @@ bool FindFormat(const FormatList& list, std::string_view name, OptionForm& recor
 
 bool AddFormat(FormatList& list, const OptionForm* record) {
   if (record == nullptr) return false;
-  const auto found = std::find_if(list.Formats.begin(), list.Formats.end(), ByName(record->Name));
-  if (found == list.Formats.end()) {
+  const auto found = std::ranges::find(list.Formats, record->Name, &OptionForm::Name);
+  if (found == list.Formats.end())
     list.Formats.push_back(*record);
-  } else {
+  else
     *found = *record;
-  }
   return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "format/OptionForm.h"
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,9 @@ bool FindFormat(const FormatList& list, std::string_view name, OptionForm& recor
 
 /// Puts a copy of `*record` in the place of the format of the same name, or at the end. False for null.
 bool AddFormat(FormatList& list, const OptionForm* record);
+
+/// The column keywords of a part list, in the order in which formats are completed with them.
+extern const std::array<std::string_view, 33> DefaultHeaderKeywords;
 
 /// Appends an item of order "-1" for every known column keyword that no item of the format bears.
 void CompleteWithKeywords(OptionForm& form);

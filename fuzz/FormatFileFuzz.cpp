@@ -1,5 +1,5 @@
-#include "format/DefaultHeaderKeywords.h"
 #include "format/FormatConfiguration.h"
+#include "format/FormatList.h"
 #include "fuzz/ByteSource.h"
 #include "support/FakeFileSystem.h"
 

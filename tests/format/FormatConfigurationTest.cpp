@@ -1,6 +1,5 @@
 #include "format/FormatConfiguration.h"
 
-#include "format/DefaultHeaderKeywords.h"
 #include "tests/support/CaseFile.h"
 #include "tests/support/DiagnosticLog.h"
 #include "tests/support/FakeFileSystem.h"
