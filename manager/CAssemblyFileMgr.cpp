@@ -190,88 +190,35 @@ void CAssemblyFileMgr::SetDecimalComma(bool whenRead, bool whenWritten) {
   configuration_->WritesDecimalComma = whenWritten;
 }
 
-bool CAssemblyFileMgr::ImportAssemblyFile(char* path) {
-  return Import(configuration_, engine_, RecordKind::Parts, path);
-}
+// A kind that is read: its class, and what imports, counts and hands out its records.
+#define QV_READ_KIND(Record, ImportFile, GetCount, GetAtRank)            \
+  bool CAssemblyFileMgr::ImportFile(char* path) {                        \
+    return Import(configuration_, engine_, kRecordKindOf<Record>, path); \
+  }                                                                      \
+  int CAssemblyFileMgr::GetCount() { return Count<Record>(engine_); }    \
+  Record* CAssemblyFileMgr::GetAtRank(int rank) { return AtRank<Record>(engine_, rank); }
 
-bool CAssemblyFileMgr::ImportToolsAssemblyFile(char* path) {
-  return Import(configuration_, engine_, RecordKind::Tools, path);
-}
+QV_READ_KIND(PartInformation, ImportAssemblyFile, GetPartsCount, GetPartInfoAtRank)
+QV_READ_KIND(ToolInformation, ImportToolsAssemblyFile, GetToolsCount, GetToolInfoAtRank)
+QV_READ_KIND(MaterialInfomation, ImportMatsAssemblyFile, GetMatsCount, GetMatInfoAtRank)
+QV_READ_KIND(ShtInfo, ImportShtInfoAssemblyFile, GetShtCount, GetShtInfoAtRank)
+QV_READ_KIND(PrtInfo, ImportPrtInfoAssemblyFile, GetPrtCountInMenu, GetPrtInfoInMenuAtRank)
+QV_READ_KIND(MatAmncITInfo, ImportMatAmncITAssemblyFile, GetMatAmncITCount, GetMatAmncITInfoAtRank)
+QV_READ_KIND(MatLibraryInfo, ImportMatLibraryAssemblyFile, GetMatLibraryInfoCount, GetMatLibraryInfoAtRank)
 
-bool CAssemblyFileMgr::ImportMatsAssemblyFile(char* path) {
-  return Import(configuration_, engine_, RecordKind::Materials, path);
-}
+// A kind that is written: its class, and what attaches and exports its records.
+#define QV_WRITTEN_KIND(Record, Add, ExportFile)                                       \
+  void CAssemblyFileMgr::Add(Record* record) { Attach(state_->Of<Record>(), record); } \
+  bool CAssemblyFileMgr::ExportFile(char* path) {                                      \
+    return Export<Record>(configuration_, engine_, path, state_->Of<Record>());        \
+  }
 
-bool CAssemblyFileMgr::ImportShtInfoAssemblyFile(char* path) {
-  return Import(configuration_, engine_, RecordKind::Sheets, path);
-}
-
-bool CAssemblyFileMgr::ImportPrtInfoAssemblyFile(char* path) {
-  return Import(configuration_, engine_, RecordKind::PartPrograms, path);
-}
-
-bool CAssemblyFileMgr::ImportMatAmncITAssemblyFile(char* path) {
-  return Import(configuration_, engine_, RecordKind::MaterialInventory, path);
-}
-
-bool CAssemblyFileMgr::ImportMatLibraryAssemblyFile(char* path) {
-  return Import(configuration_, engine_, RecordKind::MaterialLibrary, path);
-}
-
-bool CAssemblyFileMgr::ExportAssemblyFile(char* path) {
-  return Export<PartInformation>(configuration_, engine_, path, state_->Of<PartInformation>());
-}
-
-bool CAssemblyFileMgr::ExportToolsInfoAssemblyFile(char* path) {
-  return Export<ToolInformation>(configuration_, engine_, path, state_->Of<ToolInformation>());
-}
-
-bool CAssemblyFileMgr::ExportMatsInfoAssemblyFile(char* path) {
-  return Export<MaterialInfomation>(configuration_, engine_, path, state_->Of<MaterialInfomation>());
-}
-
-bool CAssemblyFileMgr::ExportShtInfoAssemblyFile(char* path) {
-  return Export<ShtInfo>(configuration_, engine_, path, state_->Of<ShtInfo>());
-}
-
-bool CAssemblyFileMgr::ExportPrtInfoAssemblyFile(char* path) {
-  return Export<PrtInfo>(configuration_, engine_, path, state_->Of<PrtInfo>());
-}
-
-bool CAssemblyFileMgr::ExportJobProgressAssemblyFile(char* path) {
-  return Export<JobProgressInfo>(configuration_, engine_, path, state_->Of<JobProgressInfo>());
-}
-
-int CAssemblyFileMgr::GetPartsCount() { return Count<PartInformation>(engine_); }
-PartInformation* CAssemblyFileMgr::GetPartInfoAtRank(int rank) {
-  return AtRank<PartInformation>(engine_, rank);
-}
-
-int CAssemblyFileMgr::GetToolsCount() { return Count<ToolInformation>(engine_); }
-ToolInformation* CAssemblyFileMgr::GetToolInfoAtRank(int rank) {
-  return AtRank<ToolInformation>(engine_, rank);
-}
-
-int CAssemblyFileMgr::GetMatsCount() { return Count<MaterialInfomation>(engine_); }
-MaterialInfomation* CAssemblyFileMgr::GetMatInfoAtRank(int rank) {
-  return AtRank<MaterialInfomation>(engine_, rank);
-}
-
-int CAssemblyFileMgr::GetShtCount() { return Count<ShtInfo>(engine_); }
-ShtInfo* CAssemblyFileMgr::GetShtInfoAtRank(int rank) { return AtRank<ShtInfo>(engine_, rank); }
-
-int CAssemblyFileMgr::GetPrtCountInMenu() { return Count<PrtInfo>(engine_); }
-PrtInfo* CAssemblyFileMgr::GetPrtInfoInMenuAtRank(int rank) { return AtRank<PrtInfo>(engine_, rank); }
-
-int CAssemblyFileMgr::GetMatAmncITCount() { return Count<MatAmncITInfo>(engine_); }
-MatAmncITInfo* CAssemblyFileMgr::GetMatAmncITInfoAtRank(int rank) {
-  return AtRank<MatAmncITInfo>(engine_, rank);
-}
-
-int CAssemblyFileMgr::GetMatLibraryInfoCount() { return Count<MatLibraryInfo>(engine_); }
-MatLibraryInfo* CAssemblyFileMgr::GetMatLibraryInfoAtRank(int rank) {
-  return AtRank<MatLibraryInfo>(engine_, rank);
-}
+QV_WRITTEN_KIND(PartInformation, AddAndAttachPart, ExportAssemblyFile)
+QV_WRITTEN_KIND(ToolInformation, AddAndAttachTool, ExportToolsInfoAssemblyFile)
+QV_WRITTEN_KIND(MaterialInfomation, AddAndAttachMat, ExportMatsInfoAssemblyFile)
+QV_WRITTEN_KIND(ShtInfo, AddAndAttachShtInfo, ExportShtInfoAssemblyFile)
+QV_WRITTEN_KIND(PrtInfo, AddAndAttachPrtInfo, ExportPrtInfoAssemblyFile)
+QV_WRITTEN_KIND(JobProgressInfo, AddAndAttachJobProgress, ExportJobProgressAssemblyFile)
 
 void CAssemblyFileMgr::ClearParts() { ClearRecords<PartInformation>(engine_); }
 void CAssemblyFileMgr::ClearTools() { ClearRecords<ToolInformation>(engine_); }
@@ -287,21 +234,6 @@ void CAssemblyFileMgr::GetHeaderAtRank(int rank, char* header) {
 
 void CAssemblyFileMgr::GetPartHeaders(std::vector<std::string>& headers) {
   headers = engine_ == nullptr ? std::vector<std::string>() : engine_->HeaderFields.All();
-}
-
-void CAssemblyFileMgr::AddAndAttachPart(PartInformation* part) {
-  Attach(state_->Of<PartInformation>(), part);
-}
-void CAssemblyFileMgr::AddAndAttachTool(ToolInformation* tool) {
-  Attach(state_->Of<ToolInformation>(), tool);
-}
-void CAssemblyFileMgr::AddAndAttachMat(MaterialInfomation* material) {
-  Attach(state_->Of<MaterialInfomation>(), material);
-}
-void CAssemblyFileMgr::AddAndAttachShtInfo(ShtInfo* sheet) { Attach(state_->Of<ShtInfo>(), sheet); }
-void CAssemblyFileMgr::AddAndAttachPrtInfo(PrtInfo* program) { Attach(state_->Of<PrtInfo>(), program); }
-void CAssemblyFileMgr::AddAndAttachJobProgress(JobProgressInfo* progress) {
-  Attach(state_->Of<JobProgressInfo>(), progress);
 }
 
 bool CAssemblyFileMgr::OpenAssemblyFile() { return true; }
