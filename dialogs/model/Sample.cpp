@@ -84,15 +84,6 @@ const RecordType& TypeOf(const std::vector<FormatColumn>& columns, bool isWorkbo
 
 RecordKind KindOf(const RecordType& type) { return static_cast<RecordKind>(&type - RecordTypes().data()); }
 
-bool IsUtf8(std::string_view bytes) {
-  while (!bytes.empty()) {
-    const Utf8Character next = DecodeUtf8(bytes);
-    if (next.code == kIllFormed) return false;
-    bytes.remove_prefix(next.length);
-  }
-  return true;
-}
-
 /// Whether the bytes are in another code page than the system's, which does not have all of them, makes
 /// control characters of some, or are UTF-8 in a system of another.
 bool IsForeign(std::string_view bytes) {
@@ -103,7 +94,7 @@ bool IsForeign(std::string_view bytes) {
     if (next.code == 0xFFFD || (next.code >= 0x80 && next.code < 0xA0)) return true;
     rest.remove_prefix(next.length);
   }
-  return text != bytes && IsUtf8(bytes);
+  return text != bytes && DecodeStrictly(bytes, "utf-8").whole;
 }
 
 /// Whether the cells with text after their number would all be numbers with a decimal comma.

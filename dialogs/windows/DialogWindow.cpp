@@ -200,6 +200,13 @@ int DialogWindow::HeightOf(int control, int width) const {
   return ControlFont(Control(control)).HeightOf(TextOf(control), width);
 }
 
+int DialogWindow::WidthOf(HWND control, const std::vector<std::string>& texts) {
+  const ControlFont font(control);
+  int width = 0;
+  for (const std::string& text : texts) width = std::max(width, font.WidthOf(Widen(text)));
+  return width;
+}
+
 std::wstring DialogWindow::TextOf(int control) const {
   const HWND window = Control(control);
   std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
@@ -209,17 +216,13 @@ std::wstring DialogWindow::TextOf(int control) const {
 
 void DialogWindow::FillList(int list, const std::vector<std::string>& texts) const {
   const HWND box = Control(list);
-  const ControlFont font(box);
-  int width = 0;
   SendMessageW(box, WM_SETREDRAW, FALSE, 0);
-  SendMessageW(box, LB_SETITEMHEIGHT, 0, font.Height());  // an owner-drawn list does not ask the font
+  SendMessageW(box, LB_SETITEMHEIGHT, 0,
+               ControlFont(box).Height());  // an owner-drawn list does not ask the font
   SendMessageW(box, LB_RESETCONTENT, 0, 0);
-  for (const std::string& text : texts) {
-    const std::wstring wide = Widen(text);
-    width = std::max(width, font.WidthOf(wide));
-    SendMessageW(box, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wide.c_str()));
-  }
-  SendMessageW(box, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(width + 4), 0);
+  for (const std::string& text : texts)
+    SendMessageW(box, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Widen(text).c_str()));
+  SendMessageW(box, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(WidthOf(box, texts) + 4), 0);
   SendMessageW(box, WM_SETREDRAW, TRUE, 0);
   InvalidateRect(box, nullptr, TRUE);
 }

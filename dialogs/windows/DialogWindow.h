@@ -67,6 +67,8 @@ class DialogWindow {
 
   /// How high a control must be that shows its text in lines of this width.
   int HeightOf(int control, int width) const;
+  /// The width of the widest of the texts in the control's font.
+  static int WidthOf(HWND control, const std::vector<std::string>& texts);
   std::wstring TextOf(int control) const;
   void FillList(int list, const std::vector<std::string>& texts) const;
   qv::Selection SelectionOf(int list) const;

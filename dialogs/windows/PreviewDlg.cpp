@@ -25,8 +25,10 @@ bool PreviewDlg::TakeMessage(MSG& message) {
 }
 
 void PreviewDlg::Opened() {
+  // Not every system mirrors back what is drawn into a buffer of a mirrored window.
+  const bool isMirrored = (GetWindowLongPtrW(Window(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
   SendMessageW(List(), LVM_SETEXTENDEDLISTVIEWSTYLE, 0,
-               LVS_EX_GRIDLINES | LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
+               LVS_EX_GRIDLINES | LVS_EX_FULLROWSELECT | (isMirrored ? 0 : LVS_EX_DOUBLEBUFFER));
   bold_ = FontLike(List(), [](LOGFONTW& font) { font.lfWeight = FW_BOLD; });
   struck_ = FontLike(List(), [](LOGFONTW& font) { font.lfStrikeOut = TRUE; });
   listTip_ = AddToolTip(List(), L"");
@@ -105,8 +107,10 @@ LRESULT PreviewDlg::DrawHead(NMCUSTOMDRAW& drawn) const {
 void PreviewDlg::Show(const qv::Preview& preview) {
   preview_ = preview;
   tipPlace_.reset();
+  SendMessageW(List(), WM_SETREDRAW, FALSE, 0);
   ShowColumns();
   SendMessageW(List(), LVM_SETITEMCOUNT, preview_.rows.size(), 0);
+  SendMessageW(List(), WM_SETREDRAW, TRUE, 0);
   InvalidateRect(List(), nullptr, TRUE);
   SetDlgItemTextW(Window(), IDC_SUGGESTION, qv::Widen(preview_.suggestion).c_str());
   ShowWindow(Control(IDC_APPLY), preview_.canApply ? SW_SHOW : SW_HIDE);
@@ -127,7 +131,7 @@ void PreviewDlg::ShowColumns() {
     std::wstring head = qv::Widen(preview_.HeadAt(column));
     LVCOLUMNW shown{};
     shown.mask = LVCF_TEXT | LVCF_WIDTH;
-    shown.cx = WidthOf(column);
+    shown.cx = WidthInList(column);
     shown.pszText = head.data();
     SendMessageW(List(), column < before ? LVM_SETCOLUMNW : LVM_INSERTCOLUMNW, column,
                  reinterpret_cast<LPARAM>(&shown));
@@ -135,15 +139,10 @@ void PreviewDlg::ShowColumns() {
 }
 
 // As wide as its texts, but no wider than a line of them.
-int PreviewDlg::WidthOf(std::size_t column) const {
-  const auto measure = [this](const std::wstring& text) {
-    return static_cast<int>(
-        SendMessageW(List(), LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str())));
-  };
-  int width = measure(qv::Widen(preview_.HeadAt(column)));
-  for (std::size_t row = 0; row < preview_.rows.size(); ++row)
-    width = std::max(width, measure(qv::Widen(preview_.TextAt(row, column))));
-  return std::min(width, measure(std::wstring(30, L'm'))) + measure(L"mmm");
+int PreviewDlg::WidthInList(std::size_t column) const {
+  std::vector<std::string> texts = {preview_.HeadAt(column)};
+  for (std::size_t row = 0; row < preview_.rows.size(); ++row) texts.push_back(preview_.TextAt(row, column));
+  return std::min(WidthOf(List(), texts), WidthOf(List(), {std::string(30, 'm')})) + WidthOf(List(), {"mmm"});
 }
 
 void PreviewDlg::ShowTipAt(HWND window, POINT point) {
@@ -183,7 +182,8 @@ void PreviewDlg::Arrange() const {
     bottom -= height + gap;
     MoveWindow(Control(control), gap, bottom, controlWidth, height, TRUE);
   };
-  putAbove(IDC_SUGGESTION, besideApply, std::max(twoLines, HeightOf(IDC_SUGGESTION, besideApply)));
+  putAbove(IDC_SUGGESTION, besideApply,
+           preview_.suggestion.empty() ? 0 : std::max(twoLines, HeightOf(IDC_SUGGESTION, besideApply)));
   MoveWindow(Control(IDC_APPLY), inside.right - gap - applyWidth, bottom, applyWidth,
              apply.bottom - apply.top, TRUE);
   // However much is remarked on a row, half of the window is left for the rows.

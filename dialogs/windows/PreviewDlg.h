@@ -37,7 +37,7 @@ class PreviewDlg final : public qv::DialogWindow {
   static LRESULT CALLBACK ListProcedure(HWND list, UINT message, WPARAM wide, LPARAM value);
   void FillIn(LVITEMW& item) const;
   void ShowColumns();
-  int WidthOf(std::size_t column) const;
+  int WidthInList(std::size_t column) const;
   void ShowTipAt(HWND window, POINT point);
   HWND List() const { return Control(IDC_PREVIEW); }
   HWND Heads() const;

@@ -223,14 +223,15 @@ class DialogCaseTest : public testing::TestWithParam<TestCase> {
   }
 
   static void ExpectHeaderWindowBeside(DialogDriver& dialog) {
-    const Frame main = dialog.DialogFrame(), header = dialog.HeaderWindowFrame();
+    const Frame main = dialog.FrameOf(ControlWindow::Option), header = dialog.FrameOf(ControlWindow::Headers);
     EXPECT_EQ(header.left, main.right);
     EXPECT_EQ(header.bottom, main.bottom);
     EXPECT_TRUE(header.right > header.left && header.bottom > header.top);
   }
 
   static void ExpectPreviewBeside(DialogDriver& dialog) {
-    const Frame main = dialog.DialogFrame(), preview = dialog.PreviewFrame();
+    const Frame main = dialog.FrameOf(ControlWindow::Option),
+                preview = dialog.FrameOf(ControlWindow::Preview);
     EXPECT_TRUE(preview.left >= main.right || preview.top >= main.bottom);
   }
 

@@ -131,9 +131,7 @@ class DialogDriver {
   /// What is said of a cell under the mouse; empty for nothing.
   virtual std::string PreviewTip(int row, int column) = 0;
 
-  virtual Frame DialogFrame() = 0;
-  virtual Frame HeaderWindowFrame() = 0;
-  virtual Frame PreviewFrame() = 0;
+  virtual Frame FrameOf(ControlWindow window) = 0;
   virtual bool IsOpen() = 0;
 };
 

@@ -164,9 +164,7 @@ class PlainDriver final : public DialogDriver, public qv::FormatOptionView {
     const auto place = static_cast<std::size_t>(column);
     return row < 0 ? preview_.HeadRemarkAt(place) : preview_.RemarkAt(static_cast<std::size_t>(row), place);
   }
-  Frame DialogFrame() override { return {}; }
-  Frame HeaderWindowFrame() override { return {}; }
-  Frame PreviewFrame() override { return {}; }
+  Frame FrameOf(ControlWindow) override { return {}; }
   bool IsOpen() override { return isOpen_; }
 
  private:

@@ -73,10 +73,10 @@ TEST_F(GtkDialogTest, LargeTextsFitTheScreenInEitherDirection) {
       g_object_set(gtk_settings_get_default(), "gtk-xft-dpi", 96 * percent / 100 * PANGO_SCALE, nullptr);
       Run([=](DialogDriver& dialog) {
         OpenAll(dialog);
-        const Frame frame = dialog.DialogFrame();
+        const Frame frame = dialog.FrameOf(ControlWindow::Option);
         EXPECT_LE(frame.Height(), 1024);
         EXPECT_LE(frame.Width(), 1280);
-        EXPECT_EQ(dialog.HeaderWindowFrame().left, frame.right);
+        EXPECT_EQ(dialog.FrameOf(ControlWindow::Headers).left, frame.right);
         OnWindowThread([] {
           for (const char* const title : kWindowTitles)
             ForAll(GTK_WIDGET(FindWindow(title)), [](GtkWidget* widget) {

@@ -61,7 +61,7 @@ std::string KeySymbol(std::string key) {
   return key;
 }
 
-Frame FrameOf(GtkWindow* window) {
+Frame FrameOfWindow(GtkWindow* window) {
   int width = 0, height = 0;
   gtk_window_get_size(window, &width, &height);
   GdkWindow* const realized = gtk_widget_get_window(GTK_WIDGET(window));
@@ -131,6 +131,16 @@ GtkWidget* FindDeleteEntry() {
   return found;
 }
 
+/// A place in a cell of a list, on the screen: so far to the right, so many halves of its height down.
+std::pair<int, int> CellPoint(GtkTreeView* list, int row, int column, int right, double halves) {
+  GdkRectangle cell{};
+  gtk_tree_view_get_background_area(list, RowPath(static_cast<std::size_t>(row)),
+                                    gtk_tree_view_get_column(list, column), &cell);
+  int left = 0, top = 0;
+  gtk_tree_view_convert_bin_window_to_widget_coords(list, cell.x, cell.y, &left, &top);
+  return ScreenPoint(GTK_WIDGET(list), left + right, top + static_cast<int>(cell.height * halves / 2));
+}
+
 class GtkDriver final : public DialogDriver {
  public:
   void Click(Control control) override {
@@ -173,14 +183,7 @@ class GtkDriver final : public DialogDriver {
     const RowPath path(static_cast<std::size_t>(index));
     OnWindowThread([&] { gtk_tree_view_scroll_to_cell(ListOf(list), path, nullptr, FALSE, 0, 0); });
     Settle();
-    const auto [x, y] = OnWindowThread([&] {
-      GtkTreeView* const view = ListOf(list);
-      GdkRectangle row{};
-      gtk_tree_view_get_cell_area(view, path, gtk_tree_view_get_column(view, 0), &row);
-      int left = 0, top = 0;
-      gtk_tree_view_convert_bin_window_to_widget_coords(view, row.x, row.y, &left, &top);
-      return ScreenPoint(GTK_WIDGET(view), left + 20, top + row.height / 2);
-    });
+    const auto [x, y] = OnWindowThread([&] { return CellPoint(ListOf(list), index, 0, 20, 1); });
     ClickAt(x, y, 1, 2);
   }
 
@@ -189,14 +192,9 @@ class GtkDriver final : public DialogDriver {
     const auto point = [](Control list, int row) {
       return OnWindowThread([=] {
         GtkTreeView* const view = ListOf(list);
-        GdkRectangle cell{};
         const int rows = gtk_tree_model_iter_n_children(gtk_tree_view_get_model(view), nullptr);
         if (rows == 0) return ScreenPoint(GTK_WIDGET(view), 30, 10);
-        gtk_tree_view_get_background_area(view, RowPath(static_cast<std::size_t>(row < 0 ? rows - 1 : row)),
-                                          gtk_tree_view_get_column(view, 0), &cell);
-        int left = 0, top = 0;
-        gtk_tree_view_convert_bin_window_to_widget_coords(view, cell.x, cell.y, &left, &top);
-        return ScreenPoint(GTK_WIDGET(view), left + 30, top + (row < 0 ? cell.height * 2 : cell.height / 5));
+        return row < 0 ? CellPoint(view, rows - 1, 0, 30, 4) : CellPoint(view, row, 0, 30, 0.4);
       });
     };
     const auto [x, y] = point(from, static_cast<int>(entries.front()));
@@ -371,11 +369,7 @@ class GtkDriver final : public DialogDriver {
       GtkTreeView* const list = ListOf(Control::Preview);
       GtkTreeViewColumn* const at = gtk_tree_view_get_column(list, column);
       if (row < 0) return ScreenPoint(gtk_tree_view_column_get_button(at), 10, 10);
-      GdkRectangle cell{};
-      gtk_tree_view_get_cell_area(list, RowPath(static_cast<std::size_t>(row)), at, &cell);
-      int left = 0, top = 0;
-      gtk_tree_view_convert_bin_window_to_widget_coords(list, cell.x, cell.y, &left, &top);
-      return ScreenPoint(GTK_WIDGET(list), left + cell.width / 2, top + cell.height / 2);
+      return CellPoint(list, row, column, gtk_tree_view_column_get_width(at) / 2, 1);
     });
     // A tool tip comes when the mouse has come to rest.
     Xdotool("mousemove 1 1");
@@ -387,14 +381,8 @@ class GtkDriver final : public DialogDriver {
     return tip;
   }
 
-  Frame DialogFrame() override {
-    return OnWindowThread([] { return FrameOf(FindWindow("Option")); });
-  }
-  Frame PreviewFrame() override {
-    return OnWindowThread([] { return FrameOf(FindWindow("Preview")); });
-  }
-  Frame HeaderWindowFrame() override {
-    return OnWindowThread([] { return FrameOf(FindWindow("User Header Items")); });
+  Frame FrameOf(ControlWindow window) override {
+    return OnWindowThread([window] { return FrameOfWindow(FindWindow(TitleOf(window))); });
   }
   bool IsOpen() override {
     return OnWindowThread([] { return IsWindowVisible("Option"); });

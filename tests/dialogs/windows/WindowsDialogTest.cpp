@@ -135,7 +135,7 @@ TEST_F(WindowsDialogTest, RunsFromRightToLeftInSuchAProcess) {
     dialog.Click(Control::ShowHeader);
     dialog.Click(Control::ShowPreview);
     EXPECT_GT(FrameOf(WindowOf(Control::PlanItems)).left, FrameOf(WindowOf(Control::Sequence)).left);
-    EXPECT_EQ(dialog.HeaderWindowFrame().left, dialog.DialogFrame().right);
+    EXPECT_EQ(dialog.FrameOf(ControlWindow::Headers).left, dialog.FrameOf(ControlWindow::Option).right);
     EXPECT_EQ(dialog.Drag(Control::Sequence, {1, 2}, Control::Sequence, 0), 0);
     EXPECT_EQ(dialog.Items(Control::Sequence).front(), "Customer");
   });

@@ -288,11 +288,13 @@ class WindowsDriver final : public DialogDriver {
     };
     const LPARAM start = point(from, static_cast<int>(entries.front())), end = point(to, place);
     PostMessageW(list, WM_LBUTTONDOWN, MK_LBUTTON, start);
-    for (int move = 0; move < 2; ++move) {
+    // A drawing that was still to come hides the mark until the mouse moves again.
+    int marked = -1;
+    for (int move = 0; move < 5 && marked < 0; ++move) {
       PostMessageW(list, WM_MOUSEMOVE, MK_LBUTTON, end);
       MessageQueue::Drain();
+      marked = MarkedEntry(to);
     }
-    const int marked = MarkedEntry(to);
     PostMessageW(list, WM_LBUTTONUP, 0, end);
     MessageQueue::Drain();
     return marked;
@@ -421,9 +423,9 @@ class WindowsDriver final : public DialogDriver {
     return TipOf(window);
   }
 
-  Frame DialogFrame() override { return FrameOf(OptionWindow()); }
-  Frame PreviewFrame() override { return FrameOf(PreviewWindow()); }
-  Frame HeaderWindowFrame() override { return FrameOf(HeaderWindow()); }
+  Frame FrameOf(ControlWindow window) override {
+    return ::FrameOf(FindDialogWindow(WideOf(TitleOf(window))));
+  }
   bool IsOpen() override { return OptionWindow() != nullptr; }
 
  private:
