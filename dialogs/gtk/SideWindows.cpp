@@ -32,6 +32,8 @@ GtkWidget* NewSentence(const char* name) {
   gtk_widget_set_name(label, name);
   gtk_label_set_xalign(GTK_LABEL(label), 0);
   gtk_label_set_line_wrap(GTK_LABEL(label), TRUE);
+  // A window is as high as its texts would be in the narrowest lines that they may have.
+  gtk_label_set_width_chars(GTK_LABEL(label), 50);
   return label;
 }
 

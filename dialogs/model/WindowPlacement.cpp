@@ -33,7 +33,7 @@ Placement PlacePreview(WindowFrame dialog, const WindowFrame& window, const Wind
     const int right = std::min(left + window.Width(), screen.right);
     return {dialog, {left, dialog.bottom, right, dialog.bottom + std::min(window.Height(), roomBelow)}};
   }
-  MakeRoom(dialog, std::max(least, headers ? headers->Width() : 0), screen);
+  MakeRoom(dialog, std::max(2 * least, headers ? headers->Width() : 0), screen);
   const int width = std::clamp(screen.right - dialog.right, least, window.Width());
   const int left = std::min(dialog.right, screen.right - width);
   // Above the header window where enough is left of the screen there.

@@ -9,6 +9,8 @@ namespace {
 
 class GtkDialogTest : public DrawnDialogTest {
  protected:
+  // With a long sentence below the preview.
+  GtkDialogTest() { folder_.Write("jobs.txt", "Name;Qty;Dicke\nA\xFC;1;1\nB;2;2\nC;3;3\n"); }
   ~GtkDialogTest() override {
     gtk_widget_set_default_direction(GTK_TEXT_DIR_LTR);
     g_object_set(gtk_settings_get_default(), "gtk-xft-dpi", 96 * PANGO_SCALE, nullptr);
@@ -73,7 +75,10 @@ TEST_F(GtkDialogTest, LargeTextsFitTheScreenInEitherDirection) {
       g_object_set(gtk_settings_get_default(), "gtk-xft-dpi", 96 * percent / 100 * PANGO_SCALE, nullptr);
       Run([=](DialogDriver& dialog) {
         OpenAll(dialog);
-        const Frame frame = dialog.FrameOf(ControlWindow::Option);
+        const Frame frame = dialog.FrameOf(ControlWindow::Option),
+                    preview = dialog.FrameOf(ControlWindow::Preview);
+        EXPECT_LE(preview.bottom, 1080);
+        EXPECT_LE(preview.right, 1280);
         EXPECT_LE(frame.Height(), 1024);
         EXPECT_LE(frame.Width(), 1280);
         EXPECT_EQ(dialog.FrameOf(ControlWindow::Headers).left, frame.right);
