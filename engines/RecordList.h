@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <memory>
 #include <new>
-#include <ranges>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -48,10 +47,6 @@ class RecordList {
   std::size_t Size() const { return built_ + staged_.size(); }
   Record* operator[](std::size_t index) const {
     return index < built_ ? Built(index) : static_cast<Record*>(staged_[index - built_]->Pointer());
-  }
-  auto All() const {
-    return std::views::iota(std::size_t{0}, Size()) |
-           std::views::transform([this](std::size_t index) { return (*this)[index]; });
   }
   void Clear() {
     DropBegun();

@@ -36,7 +36,8 @@ class SheetWriter {
   template <class Records>
   void Expect(std::int32_t startLine, const Records& records) const {
     std::int64_t rows = 0;
-    for (const Record* record : records.All()) rows += static_cast<std::int64_t>(CountRows(*record));
+    for (std::size_t index = 0; index < records.Size(); ++index)
+      rows += static_cast<std::int64_t>(CountRows(*records[index]));
     const auto columns = static_cast<std::int64_t>(cells_.size());
     Check(std::max(startLine, 0) + rows, kMaxRows, " rows");
     Check(columns, kMaxColumns, " columns");

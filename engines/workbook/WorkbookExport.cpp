@@ -101,7 +101,7 @@ class WorkbookTarget final : public RecordTarget {
     writer.FormatColumns();
     WriteFormatName(sheet);
     writer.WriteHeader(engine_.StartLine);
-    for (const Record* record : records_.All()) writer.Write(*record);
+    for (std::size_t index = 0; index < records_.Size(); ++index) writer.Write(*records_[index]);
     refused_ += writer.Finish();
   }
 
