@@ -29,8 +29,9 @@ Texts RowOf(const Record& record, const Texts& keywords) {
 template <class Record>
 std::vector<Texts> RowsOf(const CAssemblyFile& engine, const Texts& keywords) {
   std::vector<Texts> rows;
-  for (const Record* record : engine.StagedRecords.Of<Record>().All())
-    rows.push_back(RowOf(*record, keywords));
+  const RecordList<Record>& records = engine.StagedRecords.Of<Record>();
+  for (std::size_t index = 0; index < records.Size(); ++index)
+    rows.push_back(RowOf(*records[index], keywords));
   return rows;
 }
 
