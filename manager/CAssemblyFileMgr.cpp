@@ -190,6 +190,8 @@ void CAssemblyFileMgr::SetDecimalComma(bool whenRead, bool whenWritten) {
   configuration_->WritesDecimalComma = whenWritten;
 }
 
+// NOLINTBEGIN(bugprone-macro-parentheses): types as arguments take none.
+
 // A kind that is read: its class, and what imports, counts and hands out its records.
 #define QV_READ_KIND(Record, ImportFile, GetCount, GetAtRank)            \
   bool CAssemblyFileMgr::ImportFile(char* path) {                        \
@@ -212,6 +214,8 @@ QV_READ_KIND(MatLibraryInfo, ImportMatLibraryAssemblyFile, GetMatLibraryInfoCoun
   bool CAssemblyFileMgr::ExportFile(char* path) {                                      \
     return Export<Record>(configuration_, engine_, path, state_->Of<Record>());        \
   }
+
+// NOLINTEND(bugprone-macro-parentheses)
 
 QV_WRITTEN_KIND(PartInformation, AddAndAttachPart, ExportAssemblyFile)
 QV_WRITTEN_KIND(ToolInformation, AddAndAttachTool, ExportToolsInfoAssemblyFile)

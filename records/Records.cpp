@@ -14,6 +14,8 @@ void FreeRecord(void* record) noexcept { ::operator delete(record); }
 
 }  // namespace qv
 
+// NOLINTBEGIN(bugprone-macro-parentheses): types as arguments take none.
+
 // What each record class has out of line.
 #define QV_LIFE(Class)                                   \
   Class::Class() = default;                              \
@@ -33,6 +35,8 @@ void FreeRecord(void* record) noexcept { ::operator delete(record); }
 #define QV_STRING(Class, Taken, Stem)            \
   CString Class::Get##Stem() { return Stem##_; } \
   void Class::Set##Stem(Taken text) { (Stem##_) = std::forward<Taken>(text); }
+
+// NOLINTEND(bugprone-macro-parentheses)
 
 // QV_EACH(Bodies, Class, Type, Stem...) is Bodies(Class, Type, Stem) for each of the stems. Every scan of the
 // preprocessor takes one of them off the list.

@@ -486,7 +486,8 @@ void OptionWindow::Enable(const OptionEnabling& enabling) {
 }
 
 SideWindow& OptionWindow::Beside(DialogPart part) {
-  return part == DialogPart::Headers ? static_cast<SideWindow&>(headers_) : preview_;
+  if (part == DialogPart::Headers) return headers_;
+  return preview_;
 }
 
 void OptionWindow::ShowWindow(DialogPart part, bool isShown) {
